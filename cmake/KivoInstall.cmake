@@ -1,0 +1,58 @@
+# What `cmake --install` puts where: the two libraries, the public headers, the CMake package and the pkg-config file.
+# Everything is found relative to where it lies, so an installed tree can be moved.
+
+include(CMakePackageConfigHelpers)
+
+set(packageDirectory "${CMAKE_INSTALL_LIBDIR}/cmake/kivo-configuration")
+set(pkgConfigDirectory "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+
+# The two libraries lie side by side; $ORIGIN lets the one find the other wherever that is.
+set_target_properties(kivo-configuration PROPERTIES INSTALL_RPATH "$ORIGIN")
+set_target_properties(kivo-kernel PROPERTIES EXPORT_NAME kernel)
+
+install(TARGETS kivo-configuration kivo-kernel
+    EXPORT kivo-configuration
+    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
+    INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/"
+    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}"
+    FILES_MATCHING PATTERN "*.h")
+
+install(EXPORT kivo-configuration
+    NAMESPACE kivo::
+    FILE kivo-configurationTargets.cmake
+    DESTINATION "${packageDirectory}")
+configure_package_config_file(
+    "${CMAKE_CURRENT_LIST_DIR}/kivo-configurationConfig.cmake.in"
+    "${PROJECT_BINARY_DIR}/kivo-configurationConfig.cmake"
+    INSTALL_DESTINATION "${packageDirectory}"
+    NO_SET_AND_CHECK_MACRO)
+# While the major version is 0, a new minor version may break callers.
+write_basic_package_version_file(
+    "${PROJECT_BINARY_DIR}/kivo-configurationConfigVersion.cmake"
+    COMPATIBILITY SameMinorVersion)
+install(FILES
+    "${PROJECT_BINARY_DIR}/kivo-configurationConfig.cmake"
+    "${PROJECT_BINARY_DIR}/kivo-configurationConfigVersion.cmake"
+    DESTINATION "${packageDirectory}")
+
+cmake_path(SET pkgConfigPrefix NORMALIZE "${CMAKE_INSTALL_PREFIX}")
+cmake_path(ABSOLUTE_PATH pkgConfigDirectory BASE_DIRECTORY "${pkgConfigPrefix}" OUTPUT_VARIABLE pkgConfigPath)
+cmake_path(RELATIVE_PATH pkgConfigPrefix BASE_DIRECTORY "${pkgConfigPath}" OUTPUT_VARIABLE KIVO_PKGCONFIG_TO_PREFIX)
+cmake_path(RELATIVE_PATH CMAKE_INSTALL_FULL_LIBDIR BASE_DIRECTORY "${pkgConfigPrefix}"
+    OUTPUT_VARIABLE KIVO_PREFIX_TO_LIB)
+cmake_path(RELATIVE_PATH CMAKE_INSTALL_FULL_INCLUDEDIR BASE_DIRECTORY "${pkgConfigPrefix}"
+    OUTPUT_VARIABLE KIVO_PREFIX_TO_INCLUDE)
+configure_file("${CMAKE_CURRENT_LIST_DIR}/kivo-configuration.pc.in" "${PROJECT_BINARY_DIR}/kivo-configuration.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/kivo-configuration.pc" DESTINATION "${pkgConfigDirectory}")
+
+# The minimal main registry file, where the kernel library looks for it by default. Relative to the prefix where it lies
+# below it, so that `cmake --install --prefix` moves it too; for the prefix /usr it is /etc.
+set(registryDirectory "${CMAKE_INSTALL_FULL_SYSCONFDIR}/kivo")
+cmake_path(IS_PREFIX CMAKE_INSTALL_PREFIX "${registryDirectory}" NORMALIZE registryIsBelowPrefix)
+if(registryIsBelowPrefix)
+    cmake_path(RELATIVE_PATH registryDirectory BASE_DIRECTORY "${CMAKE_INSTALL_PREFIX}")
+endif()
+if(EXISTS "${PROJECT_SOURCE_DIR}/etc/kivobase.crg")
+    install(FILES "${PROJECT_SOURCE_DIR}/etc/kivobase.crg" DESTINATION "${registryDirectory}")
+endif()
