@@ -1,0 +1,34 @@
+#pragma once
+
+#include "kernel/kvException.h"
+
+/// The kernel's state for a piece of work. Every thread has one session, and every session at most one current context.
+class KIVO_KERNEL_API kvContext {
+public:
+    /// The two numbers are the kernel's business and are only kept. The new context does not become the current one.
+    kvContext(unsigned int first, unsigned int second);
+
+    /// The context must not be current any more.
+    ~kvContext();
+
+    kvContext(kvContext const&) = delete;
+    kvContext& operator=(kvContext const&) = delete;
+
+    unsigned int getFirstNumber() const;
+    unsigned int getSecondNumber() const;
+
+    /// The current context of a session, not owned by the caller; null when it has none. A null session is the calling
+    /// thread's.
+    static kvContext* current(kvSession* session);
+
+    /// Makes `context` the current one of the calling thread's session, which does not own it; null leaves it without
+    /// one.
+    static void setCurrentShared(kvContext* context);
+
+private:
+    unsigned int mFirstNumber;
+    unsigned int mSecondNumber;
+};
+
+/// The calling thread's session, never null. It lives as long as its thread, and only that thread may use it.
+KIVO_KERNEL_API kvSession* kvSessionCurrentGetFunction();
