@@ -1,0 +1,35 @@
+#pragma once
+
+#include <configuration/Export.h>
+#include <kernel/kvException.h>
+
+#include <memory>
+
+namespace kivo::configuration {
+
+/// A single fault in the schema or in a lookup: an id that is taken, a validator or value group that does not exist.
+///
+/// Owns its text: a copy is independent of its source.
+class KIVO_CONFIGURATION_API ConfigurationException : public kvException {
+public:
+    /// Formats the message as by printf, cut silently at 4,095 characters.
+    /// @param format never text that came from a user; null leaves the exception without a message
+    explicit ConfigurationException(char const* format, ...) KIVO_CONFIGURATION_PRINTF(2, 3);
+    /// An independent copy of the message.
+    ConfigurationException(ConfigurationException const& other);
+    /// An independent copy of the message.
+    ConfigurationException& operator=(ConfigurationException const& other);
+    ~ConfigurationException() override;
+
+    /// The message; it lives as long as this object. Null only when the format was null.
+    char const* what() const noexcept override;
+
+protected:
+    /// Replaces the message by a copy of a finished text of any length.
+    void setMessage(char const* message);
+
+private:
+    std::unique_ptr<char[]> mMessage;
+};
+
+} // namespace kivo::configuration

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <configuration/ConfigurationException.h>
+#include <configuration/Export.h>
+#include <configuration/ParameterErrors.h>
+
+namespace kivo::configuration {
+
+/// The faults of one phase over user input, thrown together.
+class KIVO_CONFIGURATION_API ConfigurationParameterException : public ConfigurationException {
+public:
+    /// Keeps an independent copy of the list.
+    /// @param errors the faults
+    /// @param format printf-style text of the message, which then does not name the single faults (cut at 4,095
+    ///        characters); null: the message is composeMessage(errors), of any length
+    ConfigurationParameterException(ParameterErrors const& errors, char const* format, ...)
+        KIVO_CONFIGURATION_PRINTF(3, 4);
+    /// An independent copy of message and list.
+    ConfigurationParameterException(ConfigurationParameterException const& other);
+    /// An independent copy of message and list.
+    ConfigurationParameterException& operator=(ConfigurationParameterException const& other);
+    ~ConfigurationParameterException() override;
+
+    /// The single faults; the list lives as long as this exception.
+    ParameterErrors const& getErrors() const noexcept;
+
+private:
+    ParameterErrors mErrors;
+};
+
+} // namespace kivo::configuration

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <configuration/Export.h>
+
+#include <exception>
+
+namespace kivo {
+
+/// Thrown by a public operation whose precondition does not hold: a null pointer, an empty name, an index out of range.
+/// The operation has changed nothing. The text is "Contract violation: " and the failed condition in double quotes,
+/// spelled as in the operation's documentation.
+class KIVO_CONFIGURATION_API ContractViolationException : public std::exception {
+public:
+    /// @param staticText text that lives as long as the process; it is neither copied nor freed
+    explicit ContractViolationException(char const* staticText) noexcept;
+    ContractViolationException(ContractViolationException const& other) noexcept = default;
+    ContractViolationException& operator=(ContractViolationException const& other) noexcept = default;
+    ~ContractViolationException() override;
+
+    /// The text given at construction.
+    char const* what() const noexcept override;
+
+private:
+    char const* mMessage;
+};
+
+} // namespace kivo

@@ -1,0 +1,16 @@
+#pragma once
+
+/// @file
+/// The bits of the `flags` argument that retrieval passes from the Manager down to the value providers.
+
+namespace kivo::configuration {
+
+/// Flags on the command line may be abbreviated to any unambiguous beginning of a visible parameter's name.
+/// Off by default: a flag must then spell the parameter's id. Only the command-line provider looks at this bit.
+inline constexpr int RESOLVE_FLAG_NAMES = 1;
+
+/// Parameters that the specification does not know, and command-line arguments that are not flags, are errors.
+/// Off by default: both are ignored.
+inline constexpr int STRICT_RECOGNITION = 2;
+
+} // namespace kivo::configuration

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <configuration/Export.h>
+
+#include <memory>
+#include <string>
+
+namespace kivo::configuration {
+
+/// The faults found in user input during one phase, in the order in which they were found.
+///
+/// A phase collects its messages here while it goes on, and ends with throwIfErrors(), so that a user sees all of its
+/// faults at once. Equal messages stay in the list. Not synchronized: a list belongs to the thread that fills it.
+class KIVO_CONFIGURATION_API ParameterErrors {
+public:
+    /// An empty list.
+    ParameterErrors();
+    /// A deep copy: the two lists share nothing.
+    ParameterErrors(ParameterErrors const& other);
+    /// Replaces the messages by copies of the other list's; assigning a list to itself changes nothing.
+    ParameterErrors& operator=(ParameterErrors const& other);
+    ~ParameterErrors();
+
+    /// Appends one message, formatted as by printf. A message longer than 4,095 characters is cut there, silently.
+    /// @param format never text that came from a user: pass that as an argument of "%s"
+    /// @throws kivo::ContractViolationException "format != 0 && strlen(format) > 0"; the list is unchanged
+    void addError(char const* format, ...) KIVO_CONFIGURATION_PRINTF(2, 3);
+
+    /// The number of messages.
+    unsigned long getNumberOfErrors() const;
+
+    /// The message at a position, counted from 0. The text lives until the list is next changed or destroyed.
+    /// @throws kivo::ContractViolationException "index < getNumberOfErrors()"
+    char const* getError(unsigned long index) const;
+
+    /// Ends a phase: does nothing when the list is empty.
+    /// @throws ConfigurationParameterException with all messages, one a line, when there is at least one
+    void throwIfErrors() const;
+
+    /// Removes all messages.
+    void clear();
+
+private:
+    class KIVO_CONFIGURATION_LOCAL Impl;
+    std::unique_ptr<Impl> mImpl;
+};
+
+/// All messages of a list, joined by line breaks, without one at the end and without any limit of length;
+/// "No errors were detected" for an empty list.
+KIVO_CONFIGURATION_API std::string composeMessage(ParameterErrors const& errors);
+
+} // namespace kivo::configuration

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <configuration/Export.h>
+
+#include <memory>
+
+namespace kivo::configuration {
+
+class ParameterVisitor;
+
+/// What a Parameter and a ParameterGroup have in common: id, name, description, and how often it may occur.
+///
+/// Ids and names are different keys. The id registers the item and binds given values to it; the name is what usage and
+/// help texts show, what abbreviated flags are compared with, and what the validation of merged values looks up. A tool
+/// that has no reason to do otherwise gives both the same text.
+///
+/// Not synchronized: items are built and changed on one thread and may then be read by any number of threads.
+class KIVO_CONFIGURATION_API ParameterItem {
+public:
+    /// The kind of an item; the numbers appear in the manager's message for a lookup of the wrong kind.
+    enum ItemType {
+        PARAMETER = 0,      ///< a Parameter
+        PARAMETER_GROUP = 1 ///< a ParameterGroup
+    };
+
+    virtual ~ParameterItem();
+
+    /// Which of the two kinds this is.
+    virtual ItemType getItemType() const = 0;
+    /// Whether a user may leave the item out.
+    virtual bool isOptional() const;
+    /// Whether the item may occur any number of times: a parameter with several values, a container that repeats.
+    virtual bool isUnbounded() const;
+    /// The key of the item, compared ignoring letter case. Lives as long as the item.
+    virtual char const* getId() const;
+    /// The name shown to users. Lives as long as the item.
+    virtual char const* getName() const;
+    /// The help text. Lives until setDescription() or the item's end.
+    virtual char const* getDescription() const;
+    /// Replaces the help text by a copy of the given one.
+    /// @throws kivo::ContractViolationException "description && strlen(description) > 0"
+    virtual void setDescription(char const* description);
+    /// Lets a visitor see this item; see ParameterVisitor for the protocol.
+    virtual bool accept(ParameterVisitor& visitor) const = 0;
+    /// Whether this item refines another one that is registered under the same id.
+    virtual bool isSpecialized() const;
+
+    ParameterItem(ParameterItem const&) = delete;
+    ParameterItem& operator=(ParameterItem const&) = delete;
+
+protected:
+    /// Copies the texts.
+    /// @throws kivo::ContractViolationException "id && strlen(id) > 0", "name && strlen(name) > 0",
+    ///         "description && strlen(description) > 0", checked in this order
+    ParameterItem(char const* id, char const* name, char const* description, bool optional, bool unbounded);
+
+    class KIVO_CONFIGURATION_LOCAL Impl;
+    /// As above, with the state of the whole item, of which the derived class keeps its own part.
+    KIVO_CONFIGURATION_LOCAL ParameterItem(std::unique_ptr<Impl> impl, char const* id, char const* name,
+                                           char const* description, bool optional, bool unbounded);
+    /// The state given at construction.
+    KIVO_CONFIGURATION_LOCAL Impl* getImpl() const noexcept;
+
+private:
+    std::unique_ptr<Impl> mImpl;
+};
+
+} // namespace kivo::configuration

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <configuration/Export.h>
+#include <configuration/Parameter.h>
+#include <configuration/ParameterValueItem.h>
+
+#include <memory>
+
+namespace kivo::configuration {
+
+/// The texts given for one parameter, in order.
+///
+/// An entry may be absent: the parameter was named without a text (a flag without an argument). What an absent entry
+/// reads as depends on the bound parameter: "1" for an optional boolean; the default's first text for another optional
+/// parameter that has one; nothing for a mandatory parameter or an unbound value.
+///
+/// The typed readers convert without checking: faulty texts are found by validation, and read here as leniently as by
+/// the C library, in the C locale. A finished value may be read by any number of threads, absent flags included.
+class KIVO_CONFIGURATION_API ParameterValue : public ParameterValueItem {
+public:
+    /// An unbound value with one entry.
+    /// @param id    the id, copied; null counts as empty
+    /// @param value the text, copied; null makes the entry absent
+    ParameterValue(char const* id, char const* value);
+    /// A bound value with one entry.
+    /// @throws kivo::ContractViolationException "mParameterItem != 0"
+    ParameterValue(Parameter const* parameter, char const* value);
+    /// Copies entries, binding, default mark, and the fields of the node.
+    ParameterValue(ParameterValue const& other);
+    /// As the copy constructor, whatever the method.
+    ParameterValue(ParameterValue const& other, CopyMethod method);
+    /// Replaces all by copies of the other's.
+    ParameterValue& operator=(ParameterValue const& other);
+    ~ParameterValue() override;
+
+    char const* getParameterItemId() const override;
+    /// PARAMETER_VALUE.
+    ItemType getItemType() const override;
+    /// Returns what the visitor's visitParameterValue() returns for this value.
+    bool accept(ParameterValueVisitor& visitor) override;
+    ParameterValue* clone(CopyMethod method) const override;
+
+protected:
+    /// Binds the value to a parameter.
+    /// @throws kivo::ContractViolationException "parameterItem != 0"
+    /// @throws ConfigurationException "\"<name>\" must be a parameter"
+    void assignParameterItem(ParameterItem const* parameterItem) override;
+
+public:
+    /// The text of an entry, or null when it has none.
+    /// @param index         position, counted from 0
+    /// @param ignoreDefault true: an absent entry does not read as the parameter's default
+    /// @return a text that lives until the entry or the parameter changes
+    /// @throws kivo::ContractViolationException "index < mValues.size()", as all readers of an entry
+    virtual char const* getValue(unsigned long index, bool ignoreDefault) const;
+    /// False for "false" in any letter case and for a number that is 0 as a 32-bit int; false without a text; else true.
+    /// An enumeration's label reads as whether its number is not 0.
+    /// @throws ConfigurationException "symbol \"<text>\" was not found" for an enumeration, as the next three
+    virtual bool getBooleanValue(unsigned long index) const;
+    /// The leading decimal digits as a number, 0 without any; an enumeration's label reads as its number.
+    virtual int getIntValue(unsigned long index) const;
+    /// As getIntValue(), taken as unsigned: texts up to 4294967295 read as they stand.
+    virtual unsigned int getUIntValue(unsigned long index) const;
+    /// The leading floating-point number, 0.0 without any; an enumeration's label reads as its number.
+    virtual double getDoubleValue(unsigned long index) const;
+
+    /// The number of entries, absent ones included.
+    unsigned long getNumberOfValues() const;
+    /// The parameter that the value is bound to, or null.
+    Parameter const* getParameter() const;
+    /// The type of the bound parameter.
+    /// @throws kivo::ContractViolationException "mParameter != 0"
+    Parameter::ValueType getValueType() const;
+    /// Whether the text is the parameter's default rather than a given one.
+    bool isUsingDefaultValue() const;
+    /// Sets or clears the mark that isUsingDefaultValue() reads.
+    void setIsUsingDefaultValue(bool usingDefaultValue);
+    /// Appends an entry. @param value the text, copied; null makes the entry absent
+    void addValue(char const* value);
+    /// Replaces an entry. @param value the text, copied; null makes the entry absent
+    /// @throws kivo::ContractViolationException "index < mValues.size()"
+    void setValue(unsigned long index, char const* value);
+
+protected:
+    class KIVO_CONFIGURATION_LOCAL Impl;
+    /// As the first constructor, with the state of the whole value, of which the derived class keeps its own part.
+    KIVO_CONFIGURATION_LOCAL ParameterValue(std::unique_ptr<Impl> impl, char const* id);
+    /// As the copy constructor, likewise.
+    KIVO_CONFIGURATION_LOCAL ParameterValue(std::unique_ptr<Impl> impl, ParameterValue const& other);
+
+private:
+    Impl* mImpl; // the state that the base owns
+};
+
+} // namespace kivo::configuration

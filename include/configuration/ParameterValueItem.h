@@ -1,0 +1,106 @@
+#pragma once
+
+#include <configuration/Export.h>
+
+#include <memory>
+
+namespace kivo::configuration {
+
+class ParameterItem;
+class ParameterValueGroup;
+class ParameterValueVisitor;
+class ParameterVisitor;
+
+/// A node of a value tree: a ParameterValue or a ParameterValueGroup.
+///
+/// An item starts as an id that somebody wrote (a flag, an element name) and is later bound to the schema item that the
+/// id names. The schema item is not owned and must outlive the tree. Not synchronized: one thread builds and changes a
+/// tree; a finished one may be read by any number of threads.
+class KIVO_CONFIGURATION_API ParameterValueItem {
+public:
+    /// The kind of a node.
+    enum ItemType {
+        PARAMETER_VALUE = 0,      ///< a ParameterValue
+        PARAMETER_VALUE_GROUP = 1 ///< a ParameterValueGroup
+    };
+    /// Whether the node is bound to its schema item.
+    enum ItemState {
+        NOT_ASSIGNED = 0, ///< known by its id only
+        ASSIGNED = 1      ///< bound
+    };
+    /// What a copy of a group holds; a value is copied whole either way.
+    enum CopyMethod {
+        DEEP_COPY = 0,   ///< copies of all items, recursively
+        SHALLOW_COPY = 1 ///< no items
+    };
+
+    virtual ~ParameterValueItem();
+
+    /// The id of the bound schema item; when unbound the stored id, or null if that is empty. Lives until the node is
+    /// bound, renamed or destroyed.
+    virtual char const* getParameterItemId() const;
+    /// Which of the two kinds this is.
+    virtual ItemType getItemType() const = 0;
+    /// Lets a visitor see this node; see ParameterValueVisitor for the protocol.
+    virtual bool accept(ParameterValueVisitor& visitor) = 0;
+    /// A new node for the caller to own, or to hand to ParameterValueGroup::addItem(). Until then its parent is that of
+    /// this node.
+    virtual ParameterValueItem* clone(CopyMethod method) const = 0;
+
+    /// Whether the node was bound, by matching or by its constructor.
+    ItemState getItemState() const;
+    /// The schema item that the node is bound to, or null. Owned by the Manager.
+    ParameterItem const* getParameterItem() const;
+    /// The group that holds the node, or null.
+    ParameterValueGroup* getParentGroup() const;
+
+protected:
+    /// An unbound node. @param id the id, copied; null counts as empty
+    explicit ParameterValueItem(char const* id);
+    /// A bound node that takes its id from the schema item.
+    /// @throws kivo::ContractViolationException "mParameterItem != 0"
+    explicit ParameterValueItem(ParameterItem const* item);
+    /// Copies id, state, binding and parent.
+    ParameterValueItem(ParameterValueItem const& other);
+    /// As the copy constructor.
+    ParameterValueItem(ParameterValueItem const& other, CopyMethod method);
+
+    class KIVO_CONFIGURATION_LOCAL Impl;
+    /// As the first constructor, with the state of the whole node, of which the derived class keeps its own part.
+    KIVO_CONFIGURATION_LOCAL ParameterValueItem(std::unique_ptr<Impl> impl, char const* id);
+    /// As the second constructor, likewise.
+    KIVO_CONFIGURATION_LOCAL ParameterValueItem(std::unique_ptr<Impl> impl, ParameterItem const* item);
+    /// As the copy constructor, likewise.
+    KIVO_CONFIGURATION_LOCAL ParameterValueItem(std::unique_ptr<Impl> impl, ParameterValueItem const& other);
+    /// The state given at construction.
+    KIVO_CONFIGURATION_LOCAL Impl* getImpl() const noexcept;
+
+    /// Copies id, state, binding and parent.
+    ParameterValueItem& operator=(ParameterValueItem const& other);
+
+    /// Binds the node; the stored id is left as it was. Reached through the helpers of the visitors.
+    /// @throws kivo::ContractViolationException "parameterItem != 0"
+    virtual void assignParameterItem(ParameterItem const* parameterItem);
+    /// Replaces the stored id.
+    /// @throws kivo::ContractViolationException "parameterItemId != 0 && *parameterItemId != '\0'"
+    void setParameterItemId(char const* parameterItemId);
+    /// Sets the state alone.
+    void setItemState(ItemState state);
+    /// Sets the parent alone.
+    /// @throws kivo::ContractViolationException "parentGroup != 0"
+    void setParentGroup(ParameterValueGroup* parentGroup);
+
+private:
+    friend class ParameterValueGroup;
+    friend class ParameterValueVisitor;
+    friend class ParameterVisitor;
+
+    /// A group took the item into its list of children, or (null) let it go.
+    KIVO_CONFIGURATION_LOCAL void setHolder(ParameterValueGroup* group);
+    /// Tells the group that holds the item that it may now be found by another id.
+    KIVO_CONFIGURATION_LOCAL void idChanged();
+
+    std::unique_ptr<Impl> mImpl;
+};
+
+} // namespace kivo::configuration

@@ -1,0 +1,89 @@
+#include "kernel/kvProcessInit.h"
+
+#include "manager/FileSystemVisitor.h"
+
+#include "kernel/kvFiles.h"
+#include "schema/ContractChecks.h"
+
+#include <memory>
+#include <set>
+#include <string_view>
+#include <utility>
+
+#include <sys/stat.h>
+
+namespace kivo::configuration {
+
+namespace {
+
+// Always the slash, whatever the kernel's own separator is.
+constexpr char DIRECTORY_SEPARATOR = '/';
+constexpr char const* CURRENT_DIR = "/.";
+constexpr char const* PARENT_DIR = "/..";
+
+struct CloseListing {
+    void operator()(kvDirListing* listing) const { listing->close(); }
+};
+
+} // namespace
+
+/// Knows directories by what they are, not by the paths that lead to them.
+class FileSystemVisitor::EnteredDirectories {
+public:
+    /// @return whether a directory is entered for the first time; one that cannot be told is not entered
+    bool enter(std::string const& path) {
+        struct stat status {};
+        return ::stat(path.c_str(), &status) == 0 && mEntered.emplace(status.st_dev, status.st_ino).second;
+    }
+
+private:
+    std::set<std::pair<dev_t, ino_t>> mEntered;
+};
+
+bool FileSystemVisitor::visitDirectory(char const*) { return true; }
+
+bool FileSystemVisitor::visitFile(char const*) { return true; }
+
+bool FileSystemVisitor::scan(char const* directory, bool recursive) {
+    KIVO_REQUIRE(directory != 0 && *directory != 0);
+    EnteredDirectories entered;
+    return scanInto(entered, directory, recursive);
+}
+
+bool FileSystemVisitor::scanInto(EnteredDirectories& entered, std::string const& directory, bool recursive) {
+    if (!entered.enter(directory)) {
+        return true;
+    }
+    std::unique_ptr<kvDirListing, CloseListing> const listing(kvLocalOpenDir(directory.c_str()));
+    if (!listing) {
+        return true;
+    }
+    auto prefix = directory;
+    if (!prefix.ends_with(DIRECTORY_SEPARATOR)) {
+        prefix += DIRECTORY_SEPARATOR;
+    }
+    while (char const* name = listing->next()) {
+        if (!scanEntry(entered, prefix + name, recursive)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool FileSystemVisitor::scanEntry(EnteredDirectories& entered, std::string const& path, bool recursive) {
+    if ((kvLocalExists(path.c_str()) & KV_FILE_DIRECTORY) == 0) {
+        return visitFile(path.c_str());
+    }
+    if (!recursive || endsWith(path.c_str(), CURRENT_DIR) || endsWith(path.c_str(), PARENT_DIR)) {
+        return true;
+    }
+    return visitDirectory(path.c_str()) && scanInto(entered, path, true);
+}
+
+bool FileSystemVisitor::endsWith(char const* s, char const* suffix) {
+    KIVO_REQUIRE(s != 0);
+    KIVO_REQUIRE(suffix != 0);
+    return std::string_view(s).ends_with(suffix);
+}
+
+} // namespace kivo::configuration

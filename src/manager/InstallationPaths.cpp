@@ -1,0 +1,26 @@
+#include "kernel/kvProcessInit.h"
+
+#include "manager/InstallationPaths.h"
+
+#include "kernel/kvDirectories.h"
+
+namespace kivo::configuration {
+
+char directorySeparator() {
+    static char const separator = kvGetDirSeparatorChar(nullptr);
+    return separator;
+}
+
+std::string installationDirectory(DirectoryService service) {
+    char buffer[1024] = "";
+    if (!service(buffer, sizeof(buffer))) {
+        return {};
+    }
+    std::string directory = buffer;
+    if (!directory.empty() && directory.back() != directorySeparator()) {
+        directory += directorySeparator();
+    }
+    return directory;
+}
+
+} // namespace kivo::configuration

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+namespace kivo::configuration {
+
+/// One of the kernel's directory services, such as kvGetEtcDir.
+using DirectoryService = bool (*)(char* buffer, unsigned int size);
+
+/// The character between the parts of a path.
+char directorySeparator();
+
+/// A directory of the installation with a separator at its end, or an empty text when there is none.
+std::string installationDirectory(DirectoryService service);
+
+} // namespace kivo::configuration

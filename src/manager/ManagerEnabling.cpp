@@ -1,0 +1,145 @@
+#include "kernel/kvProcessInit.h"
+
+#include <configuration/CommandLineValueProvider.h>
+#include <configuration/ConfigurationException.h>
+#include <configuration/XmlFileValueProvider.h>
+
+#include "kernel/kvDirectories.h"
+#include "kernel/kvFiles.h"
+#include "kernel/kvKivo.h"
+#include "manager/ContextMgr.h"
+#include "manager/InstallationPaths.h"
+#include "manager/ManagerImpl.h"
+#include "manager/VectorWrapper.h"
+#include "registry/XercesLibraryInit.h"
+
+#include <optional>
+
+namespace kivo::configuration {
+
+namespace {
+
+constexpr char const* LOG_CATEGORY = "Configuration";
+constexpr char const* LOAD_CONFIGURATION_FLAG = "-loadConfiguration";
+constexpr char const* MACHINE_CONFIGURATION_FILE_NAME = "machine.config";
+
+bool beginsWithDash(std::string const& argument) { return argument.starts_with('-'); }
+
+void logEnabling(bool allowMachineConfig, std::string const& applicationConfigFile,
+                 std::vector<std::string> const& arguments) {
+    std::string text = "enableConfiguration:\n [allow machine config = ";
+    text.append(allowMachineConfig ? "true" : "false").append("]\n [application config file = \"");
+    text.append(applicationConfigFile).append("\"]\n [command line = ");
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        text.append(i > 0 ? ", \"" : "\"").append(arguments[i]).append("\"");
+    }
+    kvKivo::addToMainLog(LOG_CATEGORY, text.append("]").c_str());
+}
+
+void logLoading(char const* outcome, std::string const& path) {
+    std::string text = "loadConfigurationFile: [";
+    text.append(outcome).append("]\n [file = \"").append(path).append("\"]");
+    kvKivo::addToMainLog(LOG_CATEGORY, text.c_str());
+}
+
+/// A tool's arguments, taken apart.
+struct CommandLine {
+    std::vector<std::string> kept;      // what the command-line provider gets, the program's name first
+    std::vector<std::string> fileNames; // what follows "-loadConfiguration"
+    bool isFileNameMissing = false;     // a "-loadConfiguration" behind these has no value
+};
+
+CommandLine splitCommandLine(std::vector<std::string> const& arguments) {
+    CommandLine commandLine;
+    commandLine.kept.push_back(arguments[0]);
+    for (std::size_t i = 1; i < arguments.size(); ++i) {
+        auto const& argument = arguments[i];
+        bool const hasValue =
+            beginsWithDash(argument) && i + 1 < arguments.size() && !beginsWithDash(arguments[i + 1]);
+        auto const* value = hasValue ? &arguments[++i] : nullptr;
+        if (!equalIgnoringCase(argument, LOAD_CONFIGURATION_FLAG)) {
+            commandLine.kept.push_back(argument);
+            if (value) {
+                commandLine.kept.push_back(*value);
+            }
+        } else if (value && !value->empty()) {
+            commandLine.fileNames.push_back(*value);
+        } else {
+            commandLine.isFileNameMissing = true;
+            break;
+        }
+    }
+    return commandLine;
+}
+
+} // namespace
+
+void Manager::Impl::enableConfiguration(bool allowMachineConfig, char const* applicationConfigFile, unsigned int argc,
+                                        char const* const* argv) {
+    auto const arguments = VectorWrapper::toVector(argv ? argc : 0, argv);
+    std::string const applicationFile = applicationConfigFile ? applicationConfigFile : "";
+    logEnabling(allowMachineConfig, applicationFile, arguments);
+
+    ContextMgr const context;
+    mProviders.clear();
+    auto const commandLine = arguments.empty() ? CommandLine{} : splitCommandLine(arguments);
+    auto const machineFile = installationDirectory(kvGetConfigDir) + MACHINE_CONFIGURATION_FILE_NAME;
+    bool const readsMachineFile = allowMachineConfig && kvLocalExists(machineFile.c_str()) != KV_FILE_MISSING;
+
+    // Opening the XML library takes longer than all the rest: once for all files, not at all without one.
+    std::optional<XercesLibraryInit> xml;
+    if (!commandLine.fileNames.empty() || !applicationFile.empty() || readsMachineFile) {
+        xml.emplace();
+    }
+    for (auto const& fileName : commandLine.fileNames) {
+        loadAndLogConfigurationFile(fileName, false);
+    }
+    if (commandLine.isFileNameMissing) {
+        throw ConfigurationException("Missing value for the -loadConfiguration parameter");
+    }
+    if (!arguments.empty()) {
+        auto provider = std::make_unique<CommandLineValueProvider>(mNextProviderPriority++);
+        auto& registered = *provider;
+        registerProvider(std::move(provider));
+        VectorWrapper const kept(commandLine.kept);
+        registered.enableProvider(kept.size(), kept, 0);
+    }
+    if (!applicationFile.empty()) {
+        loadAndLogConfigurationFile(applicationFile, false);
+    }
+    if (allowMachineConfig) {
+        loadAndLogConfigurationFile(machineFile, true);
+    }
+}
+
+bool Manager::Impl::loadConfigurationFile(std::string const& path, bool allowMissing) {
+    auto resolved = path;
+    if (kvLocalExists(resolved.c_str()) == KV_FILE_MISSING && path.find(directorySeparator()) == std::string::npos) {
+        resolved = installationDirectory(kvGetConfigDir) + path;
+    }
+    if (kvLocalExists(resolved.c_str()) == KV_FILE_MISSING) {
+        if (allowMissing) {
+            return false;
+        }
+        throw ConfigurationException("File \"%s\" was not found", resolved.c_str());
+    }
+    auto provider = std::make_unique<XmlFileValueProvider>(mNextProviderPriority++);
+    auto& registered = *provider;
+    registerProvider(std::move(provider));
+    registered.enableProvider(resolved.c_str(), 0);
+    return true;
+}
+
+void Manager::Impl::loadAndLogConfigurationFile(std::string const& path, bool allowMissing) {
+    ContextMgr const context;
+    try {
+        if (loadConfigurationFile(path, allowMissing)) {
+            logLoading("succeeded", path);
+        }
+    } catch (std::exception const&) {
+        logLoading("failed", path);
+        throw;
+    }
+}
+
+} // namespace kivo::configuration

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <configuration/Manager.h>
+#include <configuration/ParameterEnumDefinition.h>
+#include <configuration/ParameterItem.h>
+#include <configuration/ParameterValidator.h>
+#include <configuration/ParameterValueGroup.h>
+#include <configuration/Specification.h>
+#include <configuration/ValueGroup.h>
+#include <configuration/ValueProvider.h>
+
+#include "manager/KeyedRegistry.h"
+#include "manager/ValidatorExtensionPoint.h"
+#include "schema/NameComparison.h"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace kivo::configuration {
+
+/// The state of the manager. Its operations are spread over files by job: configuration_Manager.cpp keeps the registries,
+/// ManagerRetrieval.cpp collects values, ManagerEnabling.cpp sets providers up, ManagerStartUp.cpp loads what an
+/// installation offers, ManagerTexts.cpp composes texts.
+class Manager::Impl {
+public:
+    Impl();
+    ~Impl();
+
+    // configuration_Manager.cpp
+    void registerProvider(std::unique_ptr<ValueProvider> provider);
+    void clearCaches();
+
+    // ManagerRetrieval.cpp
+    Specification* findSpecification(char const* name) const;
+    void getValues(Specification const* specification, ParameterValueGroup& result, int flags) const;
+    void validateValues(Specification const* specification, ParameterValueGroup& values, int flags) const;
+    ParameterValueGroup* getSpecificationContainer(char const* name, bool required, int flags);
+    ValueGroup getValueGroup(char const* name, bool required, int flags);
+    void setApplicationValues(ParameterValueGroup const& values, int flags);
+    /// The first provider of a name, letter case ignored, or null.
+    ValueProvider* findProvider(char const* name) const;
+
+    // ManagerEnabling.cpp
+    void enableConfiguration(bool allowMachineConfig, char const* applicationConfigFile, unsigned int argc,
+                             char const* const* argv);
+    bool loadConfigurationFile(std::string const& path, bool allowMissing);
+    void loadAndLogConfigurationFile(std::string const& path, bool allowMissing);
+
+    // ManagerStartUp.cpp
+    void loadDefaultConfigurationRegistry();
+    void registerDefaultValidators();
+
+    /// Sorted by priority; those of equal priority in the order of registration.
+    std::vector<std::unique_ptr<ValueProvider>> mProviders;
+    /// What the next provider gets that enableConfiguration() or loadConfigurationFile() makes.
+    int mNextProviderPriority = 1;
+    KeyedRegistry<Specification> mSpecifications{"specification"};
+    KeyedRegistry<ParameterEnumDefinition> mEnumDefinitions{"enumeration"};
+    KeyedRegistry<ParameterItem> mParameterItems{"item"};
+    KeyedRegistry<ParameterValidator> mValidators{"validator"};
+    std::vector<std::unique_ptr<ParameterItem, Destroyer>> mSpecializations;
+    /// Checked and completed values by specification.
+    std::map<std::string, std::unique_ptr<ParameterValueGroup>, CaseInsensitiveLess> mValueGroupCache;
+    ValidatorExtensionPoint mValidatorExtensionPoint;
+    std::string mUsageMessage;
+    std::string mHelpMessage;
+};
+
+} // namespace kivo::configuration

@@ -1,0 +1,128 @@
+#include "kernel/kvProcessInit.h"
+
+#include <configuration/ApplicationValuesProvider.h>
+#include <configuration/ConfigurationException.h>
+#include <configuration/Flags.h>
+#include <configuration/ParameterErrors.h>
+#include <configuration/ParameterGroup.h>
+
+#include "manager/ManagerImpl.h"
+#include "providers/HelpRequest.h"
+#include "schema/ContractChecks.h"
+#include "visitors/ConstraintSplitterVisitor.h"
+#include "visitors/FirstPhaseValidationVisitor.h"
+#include "visitors/ParameterMatchingVisitor.h"
+#include "visitors/ParameterValueAggregationVisitor.h"
+#include "visitors/ParameterValueGroupDefaultProviderVisitor.h"
+#include "visitors/ParameterValueGroupValidationVisitor.h"
+#include "visitors/RunPhase.h"
+
+namespace kivo::configuration {
+
+namespace {
+
+/// Checks merged values, fills in defaults, and copies the whole into the result with constraint groups dissolved.
+void completeValues(Specification const* specification, ParameterValueGroup& values, ParameterValueGroup& result) {
+    ParameterErrors errors;
+    runPhase(values, errors, ParameterValueGroupValidationVisitor(specification, errors));
+    runPhase(values, errors, ParameterValueGroupDefaultProviderVisitor(specification, errors));
+    runPhase(values, errors, ParameterValueAggregationVisitor(specification, result, errors, true));
+}
+
+/// What a tool gets whose user asked for help: the collected values as they are.
+void addHelpRequest(Specification const& specification, ParameterValueGroup const& collected,
+                    ParameterValueGroup& result) {
+    auto group = std::make_unique<ParameterValueGroup>(specification.getParameterGroup());
+    for (unsigned long i = 0; i < collected.getNumberOfItems(); ++i) {
+        group->addItem(collected.getItem(i)->clone(ParameterValueItem::DEEP_COPY));
+    }
+    result.addItem(group.release());
+}
+
+} // namespace
+
+Specification* Manager::Impl::findSpecification(char const* name) const {
+    auto* specification = mSpecifications.find(name);
+    if (!specification) {
+        throw ConfigurationException("Specification \"%s\" was not found", name);
+    }
+    return specification;
+}
+
+void Manager::Impl::getValues(Specification const* specification, ParameterValueGroup& result, int flags) const {
+    KIVO_REQUIRE(specification != 0);
+    ParameterValueGroup collected(nullptr);
+    for (auto const& provider : mProviders) {
+        if (provider->getEnabled() && !provider->getValues(specification, collected, flags)) {
+            break;
+        }
+    }
+    if (isFlagSet(collected, HELP)) {
+        addHelpRequest(*specification, collected, result);
+    } else {
+        completeValues(specification, collected, result);
+    }
+}
+
+void Manager::Impl::validateValues(Specification const* specification, ParameterValueGroup& values, int flags) const {
+    KIVO_REQUIRE(specification != 0);
+    ParameterErrors errors;
+    runPhase(values, errors, ParameterMatchingVisitor(*specification, errors, (flags & STRICT_RECOGNITION) != 0));
+    if (isFlagSet(values, HELP)) {
+        return;
+    }
+    runPhase(values, errors, ConstraintSplitterVisitor(errors));
+    runPhase(values, errors, FirstPhaseValidationVisitor(errors));
+    ParameterValueGroup validated(nullptr);
+    completeValues(specification, values, validated);
+    values = validated;
+}
+
+ParameterValueGroup* Manager::Impl::getSpecificationContainer(char const* name, bool required, int flags) {
+    auto const* specification = findSpecification(name);
+    if (auto const cached = mValueGroupCache.find(std::string_view(name)); cached != mValueGroupCache.end()) {
+        return cached->second.get();
+    }
+    auto collected = std::make_unique<ParameterValueGroup>(nullptr);
+    getValues(specification, *collected, flags);
+    if (collected->getNumberOfItems() == 0) {
+        if (required) {
+            throw ConfigurationException("The \"%s\" group was not found", name);
+        }
+        return nullptr;
+    }
+    return mValueGroupCache.emplace(name, std::move(collected)).first->second.get();
+}
+
+ValueGroup Manager::Impl::getValueGroup(char const* name, bool required, int flags) {
+    auto const* container = getSpecificationContainer(name, required, flags);
+    auto const* item = container ? container->getItem(name) : nullptr;
+    if (!item || item->getItemType() != ParameterValueItem::PARAMETER_VALUE_GROUP) {
+        return ValueGroup(nullptr);
+    }
+    return ValueGroup(static_cast<ParameterValueGroup const*>(item));
+}
+
+ValueProvider* Manager::Impl::findProvider(char const* name) const {
+    for (auto const& provider : mProviders) {
+        if (equalIgnoringCase(provider->getName(), name)) {
+            return provider.get();
+        }
+    }
+    return nullptr;
+}
+
+void Manager::Impl::setApplicationValues(ParameterValueGroup const& values, int flags) {
+    auto* provider = findProvider(APPLICATION_PROVIDER_NAME);
+    if (provider) {
+        provider->reset();
+    } else {
+        auto added = std::make_unique<ApplicationValuesProvider>(0);
+        provider = added.get();
+        registerProvider(std::move(added));
+    }
+    provider->enableProvider(values, flags);
+    mValueGroupCache.clear();
+}
+
+} // namespace kivo::configuration

@@ -1,0 +1,69 @@
+#include "kernel/kvProcessInit.h"
+
+#include <configuration/Manager.h>
+
+#include "manager/ManagerImpl.h"
+
+#include <cstdlib>
+#include <memory>
+#include <mutex>
+
+#include <pthread.h>
+
+namespace kivo::configuration {
+
+std::atomic<Manager*> Manager::smInstance{nullptr};
+
+namespace {
+
+/// The library's only lock. It must outlive the manager: it is made before shutdown() is registered with atexit, and so
+/// destroyed after shutdown() has run.
+class SingletonMutex {
+public:
+    SingletonMutex() { pthread_mutex_init(&mMutex, nullptr); }
+    ~SingletonMutex() { pthread_mutex_destroy(&mMutex); }
+    SingletonMutex(SingletonMutex const&) = delete;
+    SingletonMutex& operator=(SingletonMutex const&) = delete;
+
+    void lock() { pthread_mutex_lock(&mMutex); }
+    void unlock() { pthread_mutex_unlock(&mMutex); }
+
+private:
+    pthread_mutex_t mMutex;
+};
+
+SingletonMutex& managerSingletonMutex() {
+    static SingletonMutex mutex;
+    return mutex;
+}
+
+/// Makes the lock when the library is loaded, whether a manager is asked for or not.
+[[maybe_unused]] SingletonMutex& madeAtLoadTime = managerSingletonMutex();
+
+} // namespace
+
+Manager* Manager::getInstance() {
+    if (auto* instance = smInstance.load(std::memory_order_acquire)) {
+        return instance;
+    }
+    std::scoped_lock const lock(managerSingletonMutex());
+    if (auto* instance = smInstance.load(std::memory_order_acquire)) {
+        return instance;
+    }
+    auto* instance = std::make_unique<Manager>().release();
+    // Before anything is loaded: what loads asks for the instance on this thread, and must not come to the lock again.
+    smInstance.store(instance, std::memory_order_release);
+    instance->mImpl->registerDefaultValidators();
+    instance->mImpl->loadDefaultConfigurationRegistry();
+    std::atexit(&Manager::shutdown);
+    return instance;
+}
+
+void Manager::shutdown() {
+    std::scoped_lock const lock(managerSingletonMutex());
+    // Reset last: what the manager destroys may ask for the instance, and must not come to the lock again.
+    std::unique_ptr<Manager>(smInstance.load(std::memory_order_acquire)).reset();
+    smInstance.store(nullptr, std::memory_order_release);
+}
+
+} // namespace kivo::configuration

@@ -1,0 +1,11 @@
+#include "kernel/kvProcessInit.h"
+
+#include <configuration/ConfigurationManagerBase.h>
+
+namespace kivo::configuration {
+
+ConfigurationManagerBase::ConfigurationManagerBase() = default;
+
+ConfigurationManagerBase::~ConfigurationManagerBase() = default;
+
+} // namespace kivo::configuration

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <configuration/ParameterValueVisitor.h>
+
+#include <vector>
+
+namespace kivo::configuration {
+
+class ParameterGroup;
+
+/// Gives every value whose id is the beginning of exactly one parameter's name that parameter's id. A value that names no
+/// parameter keeps its id. Changes ids, never the structure.
+class NameFixer final : public ParameterValueVisitor {
+public:
+    /// @param rootGroup the schema group of the group that the walk begins at
+    explicit NameFixer(ParameterGroup const* rootGroup);
+
+    /// @throws ConfigurationException "\"%s\" is not a valid group id"
+    bool visitGroupStart(ParameterValueGroup& group) override;
+    void visitGroupEnd(ParameterValueGroup& group) override;
+    /// @throws ConfigurationException "The flag \"%s\" is ambiguous, matching the following allowed flags: %s. Please be
+    ///         more specific."
+    bool visitParameterValue(ParameterValue& value) override;
+
+private:
+    ParameterGroup const* mRootGroup;
+    /// The schema group of each open value group.
+    std::vector<ParameterGroup const*> mGroupStack;
+};
+
+} // namespace kivo::configuration

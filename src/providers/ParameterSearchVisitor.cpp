@@ -1,0 +1,38 @@
+#include "kernel/kvProcessInit.h"
+
+#include "providers/ParameterSearchVisitor.h"
+
+#include <configuration/Parameter.h>
+#include <configuration/ParameterGroup.h>
+
+#include "schema/ContractChecks.h"
+#include "schema/NameComparison.h"
+#include "schema/SubtreeIndex.h"
+
+namespace kivo::configuration {
+
+ParameterSearchVisitor::ParameterSearchVisitor(char const* name) : mName(name) {}
+
+bool ParameterSearchVisitor::visitParameter(Parameter const& parameter) {
+    if (!parameter.isHidden() && beginsIgnoringCase(parameter.getName(), mName)) {
+        mFoundItems.push_back(&parameter);
+    }
+    return true;
+}
+
+unsigned long ParameterSearchVisitor::getNumberOfFoundItems() const { return mFoundItems.size(); }
+
+Parameter const* ParameterSearchVisitor::getFoundItem(unsigned long index) const {
+    KIVO_REQUIRE(index < mFoundItems.size());
+    return mFoundItems[index];
+}
+
+void ParameterSearchVisitor::search(ParameterGroup const& group) {
+    if (auto const subtree = SubtreeIndex::of(group)) {
+        mFoundItems = subtree->visibleParametersBeginning(mName);
+    } else {
+        group.accept(*this);
+    }
+}
+
+} // namespace kivo::configuration

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <xercesc/dom/DOMElement.hpp>
+
+namespace kivo::configuration {
+
+class ParameterValueGroup;
+
+/// Reads a values file: each element becomes a group named by its tag, each attribute a value. Warnings are recorded in
+/// the kernel's main log.
+/// @return the tree of the document element, owned by the caller
+/// @throws ConfigurationParameterException "XML ERROR: …", one line for each fault of the file
+ParameterValueGroup* loadFromXmlFile(char const* fileName);
+
+/// The tree of one element and all below it. Texts and comments do not count.
+/// @return owned by the caller
+/// @throws kivo::ContractViolationException "element != 0"
+ParameterValueGroup* getGroupFromXmlElement(xercesc::DOMElement* element);
+
+} // namespace kivo::configuration

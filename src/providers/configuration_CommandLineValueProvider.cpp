@@ -1,0 +1,129 @@
+#include "kernel/kvProcessInit.h"
+
+#include <configuration/CommandLineValueProvider.h>
+#include <configuration/ConfigurationException.h>
+#include <configuration/Flags.h>
+#include <configuration/Manager.h>
+#include <configuration/ParameterValue.h>
+#include <configuration/ParameterValueGroup.h>
+#include <configuration/Specification.h>
+
+#include "providers/NameFixer.h"
+#include "schema/ContractChecks.h"
+#include "values/GroupEditing.h"
+#include "values/ValueItemUtil.h"
+
+#include <string>
+
+namespace kivo::configuration {
+
+class CommandLineValueProvider::Impl {
+public:
+    ParameterValueGroup mArguments{nullptr};
+};
+
+namespace {
+
+constexpr char const* WHITE_SPACE = " \t\n\v\f\r";
+
+std::string trim(char const* argument) {
+    std::string_view text(argument ? argument : "");
+    auto const first = text.find_first_not_of(WHITE_SPACE);
+    if (first == std::string_view::npos) {
+        return {};
+    }
+    return std::string(text.substr(first, text.find_last_not_of(WHITE_SPACE) - first + 1));
+}
+
+bool isFlag(std::string const& argument) { return argument.starts_with('-'); }
+
+/// The name by which an argument that is no flag's value is added.
+std::string nameOf(std::string const& argument, int flags) {
+    if (!isFlag(argument)) {
+        if ((flags & STRICT_RECOGNITION) != 0) {
+            throw ConfigurationException("The \"%s\" command line argument is not recognized", argument.c_str());
+        }
+        return argument;
+    }
+    if (argument.size() == 1) {
+        throw ConfigurationException("A command line parameter cannot be empty");
+    }
+    return argument.substr(1);
+}
+
+char const* textOrNull(std::string const& text) { return text.empty() ? nullptr : text.c_str(); }
+
+/// Gives every value that shares its id with an earlier one to that one.
+void mergeValuesOfOneId(ParameterValueGroup& group) {
+    std::unordered_set<ParameterValueItem const*> merged;
+    for (unsigned long i = 0; i < group.getNumberOfItems(); ++i) {
+        auto const* later = group.getItem(i);
+        auto* earlier = group.getValue(later->getParameterItemId());
+        if (earlier == later) {
+            continue;
+        }
+        auto const& texts = *static_cast<ParameterValue const*>(later);
+        for (unsigned long text = 0; text < texts.getNumberOfValues(); ++text) {
+            earlier->addValue(texts.getValue(text, false));
+        }
+        merged.insert(later);
+    }
+    if (!merged.empty()) {
+        destroyItems(group, merged);
+    }
+}
+
+} // namespace
+
+CommandLineValueProvider::CommandLineValueProvider(int priority)
+    : ValueProvider(priority), mImpl(std::make_unique<Impl>()) {}
+
+CommandLineValueProvider::~CommandLineValueProvider() = default;
+
+char const* CommandLineValueProvider::getName() const { return Manager::COMMAND_LINE_PROVIDER_NAME; }
+
+void CommandLineValueProvider::setArguments(int argc, char const* const* argv, int flags) {
+    ParameterValueGroup arguments(nullptr);
+    for (int i = 1; argv && i < argc; ++i) {
+        auto const argument = trim(argv[i]);
+        auto const name = nameOf(argument, flags);
+        std::string text;
+        if (isFlag(argument) && i + 1 < argc) {
+            if (auto next = trim(argv[i + 1]); !isFlag(next)) {
+                text = std::move(next);
+                ++i;
+            }
+        }
+        arguments.addValue(name.c_str(), textOrNull(text));
+    }
+    mImpl->mArguments = arguments;
+}
+
+bool CommandLineValueProvider::getValues(Specification const* specification, ParameterValueGroup& result, int flags) {
+    KIVO_REQUIRE(specification != 0);
+    std::unique_ptr<ParameterValueGroup> values(mImpl->mArguments.clone(ParameterValueItem::DEEP_COPY));
+    ValueItemUtil().setParameterItemId(*values, specification->getId());
+    if ((flags & RESOLVE_FLAG_NAMES) != 0) {
+        NameFixer fixer(specification->getParameterGroup());
+        values->accept(fixer);
+        mergeValuesOfOneId(*values);
+    }
+    setDataCache(ParameterValueGroup(nullptr));
+    getDataCache().addItem(values.release());
+    return ValueProvider::getValues(specification, result, flags);
+}
+
+void CommandLineValueProvider::reset() {
+    mImpl->mArguments = ParameterValueGroup(nullptr);
+    ValueProvider::reset();
+}
+
+bool CommandLineValueProvider::removeParameter(Specification const* specification, char const* parameterName) {
+    KIVO_REQUIRE(specification != 0);
+    KIVO_REQUIRE(parameterName != 0 && *parameterName != '\0');
+    std::unique_ptr<ParameterValueItem> found(mImpl->mArguments.getItem(parameterName));
+    mImpl->mArguments.removeItem(parameterName);
+    return found != nullptr;
+}
+
+} // namespace kivo::configuration

@@ -1,0 +1,163 @@
+#include "kernel/kvProcessInit.h"
+
+#include <configuration/ConfigurationException.h>
+#include <configuration/Flags.h>
+#include <configuration/ParameterErrors.h>
+#include <configuration/ParameterGroup.h>
+#include <configuration/ParameterValue.h>
+#include <configuration/ParameterValueGroup.h>
+#include <configuration/Specification.h>
+#include <configuration/ValueProvider.h>
+
+#include "providers/HelpRequest.h"
+#include "schema/ContractChecks.h"
+#include "text/HelpVisitor.h"
+#include "text/UsageVisitor.h"
+#include "visitors/ConstraintSplitterVisitor.h"
+#include "visitors/FirstPhaseValidationVisitor.h"
+#include "visitors/ParameterMatchingVisitor.h"
+#include "visitors/ParameterValueAggregationVisitor.h"
+#include "visitors/RunPhase.h"
+
+#include <string>
+
+namespace kivo::configuration {
+
+class ValueProvider::Impl {
+public:
+    Impl(ValueProvider& owner, int priority) : mOwner(&owner), mPriority(priority) {}
+
+    bool getValues(Specification const* specification, ParameterValueGroup& result, int flags) const;
+
+    ValueProvider* mOwner;
+    int mPriority;
+    bool mEnabled = false;
+    ParameterValueGroup mDataCache{nullptr};
+    std::string mUsageMessage;
+    std::string mHelpMessage;
+};
+
+namespace {
+
+void addIfSet(ParameterValueGroup& result, ParameterValueGroup const& source, char const* name) {
+    if (isFlagSet(source, name)) {
+        result.addItem(source.getValue(name)->clone(ParameterValueItem::DEEP_COPY));
+    }
+}
+
+/// The group that holds all of a provider's values for a specification, or null.
+ParameterValueGroup const* findOnlyGroup(ParameterValueGroup const& aggregated, Specification const& specification) {
+    if (aggregated.getNumberOfItems() != 1) {
+        return nullptr;
+    }
+    auto const* item = aggregated.getItem(specification.getParameterGroup());
+    return item && item->getItemType() == ParameterValueItem::PARAMETER_VALUE_GROUP
+               ? static_cast<ParameterValueGroup const*>(item)
+               : nullptr;
+}
+
+} // namespace
+
+/// The way of every provider's values. Each phase reports all that it finds; a phase that found something is the last.
+bool ValueProvider::Impl::getValues(Specification const* specification, ParameterValueGroup& result, int flags) const {
+    KIVO_REQUIRE(specification != 0);
+    if (mDataCache.getNumberOfItems() == 0) {
+        return true;
+    }
+    ParameterErrors errors;
+    ParameterValueGroup aggregated(nullptr);
+    {
+        ParameterValueGroup working(mDataCache);
+        runPhase(working, errors,
+                 ParameterMatchingVisitor(*specification, errors, (flags & STRICT_RECOGNITION) != 0));
+        runPhase(working, errors, ParameterValueAggregationVisitor(specification, aggregated, errors, false));
+    }
+    if (auto const* group = findOnlyGroup(aggregated, *specification)) {
+        if (group->getNumberOfItems() == 0) {
+            return true;
+        }
+        if (isFlagSet(*group, HELP)) {
+            for (char const* name : {HELP, QUIET, NO_TITLE}) {
+                addIfSet(result, *group, name);
+            }
+            return false;
+        }
+    }
+    runPhase(aggregated, errors, ConstraintSplitterVisitor(errors));
+    runPhase(aggregated, errors, FirstPhaseValidationVisitor(errors));
+    runPhase(aggregated, errors, ParameterValueAggregationVisitor(specification, result, errors, false));
+    return true;
+}
+
+ValueProvider::ValueProvider(int priority) : mImpl(std::make_unique<Impl>(*this, priority)) {}
+
+ValueProvider::~ValueProvider() = default;
+
+bool ValueProvider::getValues(Specification const* specification, ParameterValueGroup& result, int flags) {
+    return mImpl->getValues(specification, result, flags);
+}
+
+char const* ValueProvider::composeHelpMessage(Specification const* specification, unsigned long screenWidth,
+                                              unsigned long maxParameterNameWidth) const {
+    KIVO_REQUIRE(specification != 0);
+    KIVO_REQUIRE(screenWidth > 0);
+    KIVO_REQUIRE(maxParameterNameWidth < screenWidth);
+    HelpVisitor visitor(screenWidth, maxParameterNameWidth);
+    specification->getParameterGroup()->accept(visitor);
+    mImpl->mHelpMessage = visitor.getHelp();
+    return mImpl->mHelpMessage.c_str();
+}
+
+char const* ValueProvider::composeUsageMessage(Specification const* specification) const {
+    KIVO_REQUIRE(specification != 0);
+    UsageVisitor visitor;
+    specification->getParameterGroup()->accept(visitor);
+    mImpl->mUsageMessage = visitor.getUsage();
+    return mImpl->mUsageMessage.c_str();
+}
+
+void ValueProvider::reset() {
+    mImpl->mEnabled = false;
+    mImpl->mDataCache = ParameterValueGroup(nullptr);
+    mImpl->mUsageMessage.clear();
+    mImpl->mHelpMessage.clear();
+}
+
+void ValueProvider::setArguments(ParameterValueGroup const&, int) {
+    throw ConfigurationException("setArguments(const ParameterValueGroup&) is not supported");
+}
+
+void ValueProvider::setArguments(char const*, int) {
+    throw ConfigurationException("setArguments(const char*) is not supported");
+}
+
+void ValueProvider::setArguments(int, char const* const*, int) {
+    throw ConfigurationException("setArguments(int, const char*) is not supported");
+}
+
+int ValueProvider::getPriority() const { return mImpl->mPriority; }
+
+bool ValueProvider::getEnabled() const { return mImpl->mEnabled; }
+
+void ValueProvider::enableProvider(ParameterValueGroup const& values, int flags) {
+    setArguments(values, flags);
+    mImpl->mEnabled = true;
+}
+
+void ValueProvider::enableProvider(char const* argument, int flags) {
+    setArguments(argument, flags);
+    mImpl->mEnabled = true;
+}
+
+void ValueProvider::enableProvider(int argc, char const* const* argv, int flags) {
+    setArguments(argc, argv, flags);
+    mImpl->mEnabled = true;
+}
+
+ParameterValueGroup& ValueProvider::getDataCache() { return mImpl->mDataCache; }
+
+ParameterValueGroup const& ValueProvider::getDataCache() const { return mImpl->mDataCache; }
+
+void ValueProvider::setDataCache(ParameterValueGroup const& values) { mImpl->mDataCache = values; }
+
+} // namespace kivo::configuration

@@ -1,0 +1,55 @@
+#include "kernel/kvProcessInit.h"
+
+#include <configuration/ConfigurationException.h>
+#include <configuration/Manager.h>
+#include <configuration/ParameterValueGroup.h>
+#include <configuration/XmlFileValueProvider.h>
+
+#include "providers/XmlValuesFile.h"
+#include "visitors/UnboundedParameterValueFixer.h"
+
+namespace kivo::configuration {
+
+class XmlFileValueProvider::Impl {
+public:
+    /// Whether the repeated elements of the cached tree have become values.
+    bool fixed = false;
+};
+
+XmlFileValueProvider::XmlFileValueProvider(int priority) : ValueProvider(priority), mImpl(std::make_unique<Impl>()) {}
+
+XmlFileValueProvider::~XmlFileValueProvider() = default;
+
+char const* XmlFileValueProvider::getName() const { return Manager::XML_FILE_PROVIDER_NAME; }
+
+bool XmlFileValueProvider::getValues(Specification const* specification, ParameterValueGroup& result, int flags) {
+    if (!mImpl->fixed) {
+        UnboundedParameterValueFixer fixer(specification);
+        getDataCache().accept(fixer);
+        if (fixer.getChangeCount() > 0) {
+            setDataCache(*fixer.getResult());
+        }
+        mImpl->fixed = true;
+    }
+    return ValueProvider::getValues(specification, result, flags);
+}
+
+void XmlFileValueProvider::reset() {
+    mImpl->fixed = false;
+    ValueProvider::reset();
+}
+
+void XmlFileValueProvider::setArguments(char const* argument, int) {
+    std::unique_ptr<ParameterValueGroup> const values(loadFromXmlFile(argument));
+    mImpl->fixed = false;
+    setDataCache(*values);
+}
+
+void XmlFileValueProvider::setArguments(int argc, char const* const* argv, int flags) {
+    if (argc <= 0) {
+        throw ConfigurationException("Must provide at least one argument");
+    }
+    setArguments(argv[0], flags);
+}
+
+} // namespace kivo::configuration

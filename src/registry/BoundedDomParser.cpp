@@ -1,0 +1,115 @@
+#include "kernel/kvProcessInit.h"
+
+#include "registry/BoundedDomParser.h"
+
+#include "registry/RegularFileSource.h"
+#include "registry/XmlText.h"
+
+#include <xercesc/framework/XMLAttDefList.hpp>
+#include <xercesc/framework/XMLAttr.hpp>
+#include <xercesc/internal/XMLScanner.hpp>
+#include <xercesc/util/OutOfMemoryException.hpp>
+
+#include <functional>
+#include <new>
+#include <string_view>
+
+namespace kivo::configuration {
+
+namespace {
+
+constexpr unsigned int MAX_DEPTH = 1000;
+constexpr XMLSize_t MAX_ATTRIBUTES = 10000;
+constexpr std::size_t MAX_NAMES = 20000;
+constexpr XMLSize_t MAX_ENTITY_EXPANSIONS = 1000;
+constexpr XMLSize_t MAX_DEFAULTED_CHARACTERS = 1000000;
+
+} // namespace
+
+BoundedDomParser::BoundedDomParser(xercesc::ErrorHandler& errorHandler)
+    : mRefuser(*this, *getScanner()->getLocator()), mDocumentTypeGuard(mRefuser),
+      mChecksTexts(!isLocalCodePageUnicode()) {
+    setErrorHandler(&errorHandler);
+    setValidationScheme(Val_Never);
+    setDoNamespaces(true);
+    setDoSchema(false);
+    setLoadSchema(false);
+    setLoadExternalDTD(false);
+    setDisableDefaultEntityResolution(true);
+    setCreateEntityReferenceNodes(false);
+    mSecurityManager.setEntityExpansionLimit(MAX_ENTITY_EXPANSIONS);
+    setSecurityManager(&mSecurityManager);
+    getScanner()->setDocTypeHandler(&mDocumentTypeGuard);
+}
+
+void BoundedDomParser::read(RegularFileSource const& source) {
+    if (!source.getProblem().empty()) {
+        mRefuser.report(source.getProblem().c_str());
+        return;
+    }
+    try {
+        parse(source);
+    } catch (InputRefuser::Refused const&) { // reported already
+    } catch (xercesc::OutOfMemoryException const&) {
+        throw std::bad_alloc();
+    }
+}
+
+void BoundedDomParser::startElement(xercesc::XMLElementDecl const& declaration, unsigned int uriId, XMLCh const* prefix,
+                                    xercesc::RefVectorOf<xercesc::XMLAttr> const& attributes, XMLSize_t attributeCount,
+                                    bool isEmpty, bool isRoot) {
+    if (++mDepth > MAX_DEPTH) {
+        mRefuser.refuse(u"elements are nested deeper than 1000 levels");
+    }
+    if (attributeCount > MAX_ATTRIBUTES) {
+        mRefuser.refuse(u"an element has more than 10000 attributes");
+    }
+    if (declaration.hasAttDefs()) {
+        countDefaults(declaration);
+    }
+    checkName(declaration.getBaseName());
+    checkText(prefix);
+    for (XMLSize_t i = 0; i < attributeCount; ++i) {
+        auto const& attribute = *attributes.elementAt(i);
+        checkName(attribute.getQName());
+        checkText(attribute.getValue());
+    }
+    if (mNames.size() > MAX_NAMES) {
+        mRefuser.refuse(u"more than 20000 different names are used");
+    }
+    XercesDOMParser::startElement(declaration, uriId, prefix, attributes, attributeCount, isEmpty, isRoot);
+}
+
+void BoundedDomParser::endElement(xercesc::XMLElementDecl const& declaration, unsigned int uriId, bool isRoot,
+                                  XMLCh const* prefix) {
+    --mDepth;
+    XercesDOMParser::endElement(declaration, uriId, isRoot, prefix);
+}
+
+/// Each element gets copies of the defaults declared for it.
+void BoundedDomParser::countDefaults(xercesc::XMLElementDecl const& declaration) {
+    auto const& defaults = declaration.getAttDefList();
+    for (XMLSize_t i = 0; i < defaults.getAttDefCount(); ++i) {
+        auto const* const value = defaults.getAttDef(i).getValue();
+        mDefaultedCharacters += 1 + (value ? xercesc::XMLString::stringLen(value) : 0);
+    }
+    if (mDefaultedCharacters > MAX_DEFAULTED_CHARACTERS) {
+        mRefuser.refuse(u"the declared defaults of attributes make more than 1000000 characters");
+    }
+}
+
+void BoundedDomParser::checkName(XMLCh const* name) {
+    mNames.insert(std::hash<std::u16string_view>()(name));
+    checkText(name);
+}
+
+void BoundedDomParser::checkText(XMLCh const* text) const {
+    if (!mChecksTexts || !text) {
+        return;
+    }
+    if (auto const problem = findConversionProblem(text); !problem.empty()) {
+        mRefuser.refuse(toXmlText(problem));
+    }
+}
+
+} // namespace kivo::configuration

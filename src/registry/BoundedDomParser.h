@@ -1,0 +1,65 @@
+#pragma once
+
+#include "registry/DocumentTypeGuard.h"
+#include "registry/InputRefuser.h"
+
+#include <xercesc/parsers/XercesDOMParser.hpp>
+#include <xercesc/util/SecurityManager.hpp>
+
+#include <cstddef>
+#include <unordered_set>
+
+namespace kivo::configuration {
+
+class RegularFileSource;
+
+/// Reads the elements and attributes of a file into a document, without validation and without any other file or address,
+/// and refuses, as an error with line and column, what would take time or memory out of proportion to the file:
+///
+/// - elements nested deeper than 1,000 levels, or with more than 10,000 attributes
+/// - more than 20,000 different names: the time that a document takes grows with their square
+/// - more than 1,000 expansions of entities
+/// - what DocumentTypeGuard refuses
+/// - more than 1,000,000 characters of attributes that the file leaves to their declared defaults
+///
+/// A name or text that the local code page cannot hold is refused too.
+class BoundedDomParser final : public xercesc::XercesDOMParser {
+public:
+    /// @param errorHandler must outlive the parser
+    explicit BoundedDomParser(xercesc::ErrorHandler& errorHandler);
+
+    /// Reads the whole file, or up to the first error that cannot be passed.
+    void read(RegularFileSource const& source);
+
+    void startElement(xercesc::XMLElementDecl const& declaration, unsigned int uriId, XMLCh const* prefix,
+                      xercesc::RefVectorOf<xercesc::XMLAttr> const& attributes, XMLSize_t attributeCount, bool isEmpty,
+                      bool isRoot) override;
+    void endElement(xercesc::XMLElementDecl const& declaration, unsigned int uriId, bool isRoot,
+                    XMLCh const* prefix) override;
+
+    /// @name What documents are read without.
+    /// @{
+    void docCharacters(XMLCh const*, XMLSize_t, bool) override {}
+    void ignorableWhitespace(XMLCh const*, XMLSize_t, bool) override {}
+    void docComment(XMLCh const*) override {}
+    void docPI(XMLCh const*, XMLCh const*) override {}
+    void startEntityReference(xercesc::XMLEntityDecl const&) override {}
+    void endEntityReference(xercesc::XMLEntityDecl const&) override {}
+    /// @}
+
+private:
+    void countDefaults(xercesc::XMLElementDecl const& declaration);
+    void checkName(XMLCh const* name);
+    void checkText(XMLCh const* text) const;
+
+    xercesc::SecurityManager mSecurityManager;
+    InputRefuser mRefuser;
+    DocumentTypeGuard mDocumentTypeGuard;
+    bool mChecksTexts;
+    unsigned int mDepth = 0;
+    /// Hashes of the names seen.
+    std::unordered_set<std::size_t> mNames;
+    XMLSize_t mDefaultedCharacters = 0;
+};
+
+} // namespace kivo::configuration

@@ -1,0 +1,23 @@
+#include "kernel/kvProcessInit.h"
+
+#include "registry/InputRefuser.h"
+
+#include <xercesc/util/XMLUni.hpp>
+
+namespace kivo::configuration {
+
+InputRefuser::InputRefuser(xercesc::XMLErrorReporter& reporter, xercesc::Locator const& locator)
+    : mReporter(reporter), mLocator(locator) {}
+
+void InputRefuser::refuse(std::u16string const& reason) const {
+    report(reason.c_str());
+    throw Refused();
+}
+
+void InputRefuser::report(XMLCh const* reason) const {
+    mReporter.error(0, xercesc::XMLUni::fgXMLErrDomain, xercesc::XMLErrorReporter::ErrType_Fatal, reason,
+                    mLocator.getSystemId(), mLocator.getPublicId(), mLocator.getLineNumber(),
+                    mLocator.getColumnNumber());
+}
+
+} // namespace kivo::configuration

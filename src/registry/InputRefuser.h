@@ -1,0 +1,31 @@
+#pragma once
+
+#include <xercesc/framework/XMLErrorReporter.hpp>
+#include <xercesc/sax/Locator.hpp>
+
+#include <string>
+
+namespace kivo::configuration {
+
+/// Ends the reading of a file from within a callback of the parser, with an error at the place that the parser has
+/// reached.
+class InputRefuser {
+public:
+    /// What refuse() throws, for the caller of the parser to catch.
+    struct Refused {};
+
+    /// Both arguments must outlive this object.
+    InputRefuser(xercesc::XMLErrorReporter& reporter, xercesc::Locator const& locator);
+
+    /// @param reason why, without a period
+    [[noreturn]] void refuse(std::u16string const& reason) const;
+
+    /// Reports an error and returns.
+    void report(XMLCh const* reason) const;
+
+private:
+    xercesc::XMLErrorReporter& mReporter;
+    xercesc::Locator const& mLocator;
+};
+
+} // namespace kivo::configuration

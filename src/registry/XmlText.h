@@ -1,0 +1,42 @@
+#pragma once
+
+#include <xercesc/util/XercesDefs.hpp>
+
+#include <string>
+#include <type_traits>
+
+// Texts of the XML parser, which are UTF-16, in the local code page: that of the process's locale. The locale "C", in
+// which a process starts, names no code page of its own; there the local code page is UTF-8, so that the bytes of a UTF-8
+// file come out as they went in. Nothing is ever replaced silently.
+
+namespace kivo::configuration {
+
+static_assert(std::is_same_v<XMLCh, char16_t>, "texts of the XML parser are compared with char16_t literals");
+
+/// Whether the local code page holds every character.
+bool isLocalCodePageUnicode();
+
+/// A text in the local code page.
+/// @throws ConfigurationException "character U+<code> is not in the local code page \"<name>\""
+std::string toLocalText(XMLCh const* text);
+
+/// As toLocalText() for texts that people read: a character that the local code page cannot hold is written as a
+/// character reference, such as "&#x20AC;".
+std::string toMessageText(XMLCh const* text);
+
+/// What is wrong with a text that toLocalText() would refuse; empty when nothing is.
+std::string findConversionProblem(XMLCh const* text);
+
+/// A text of ASCII characters for the parser.
+std::u16string toXmlText(std::string const& ascii);
+
+/// Whether a text of the parser is this text of ASCII characters, letter by letter.
+inline bool equalsAscii(XMLCh const* text, char const* ascii) noexcept {
+    while (*ascii != '\0' && *text == static_cast<XMLCh>(*ascii)) {
+        ++text;
+        ++ascii;
+    }
+    return *ascii == '\0' && *text == 0;
+}
+
+} // namespace kivo::configuration

@@ -1,0 +1,164 @@
+#pragma once
+
+#include "schema/NameComparison.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+namespace kivo::configuration {
+
+/// Finds items by key in about constant time: the first one added under a key, as a scan of the list would, or all of
+/// them in order. Keys are compared ignoring letter case. Neither items nor key texts are owned: a key text must stay
+/// where it is for as long as its item is in the index.
+template <class Item>
+class ItemIndex {
+public:
+    /// Makes room for a number of items, so that adding them does not rehash.
+    void reserve(std::size_t count) {
+        mNodes.reserve(count);
+        if (count * 2 > mSlots.size()) {
+            rehash(count * 2);
+        }
+    }
+
+    /// Adds an item behind those of the same key.
+    void add(std::string_view key, Item* item) {
+        if ((mUsedSlots + 1) * 2 > mSlots.size()) {
+            rehash(mUsedSlots * 2 + 16);
+        }
+        auto const hash = hashOf(key);
+        auto const node = static_cast<Position>(mNodes.size());
+        mNodes.push_back({Key(key), item, NONE, node});
+        auto& slot = mSlots[findSlot(key, hash)];
+        if (slot.head == NONE) {
+            slot = {hash, node};
+            ++mUsedSlots;
+        } else {
+            auto& head = mNodes[slot.head];
+            mNodes[head.last].next = node;
+            head.last = node;
+        }
+    }
+
+    /// Takes an item out. What it used stays in use, so that others are still found behind it; see isWorn().
+    void remove(std::string_view key, Item const* item) {
+        auto& slot = mSlots[findSlot(key, hashOf(key))];
+        auto previous = NONE;
+        for (auto node = slot.head; node != NONE; previous = node, node = mNodes[node].next) {
+            if (mNodes[node].item == item) {
+                unlink(slot, previous, node);
+                ++mRemoved;
+                return;
+            }
+        }
+    }
+
+    /// The first item of a key, or null.
+    Item* first(std::string_view key) const {
+        auto const node = findHead(key);
+        return node == NONE ? nullptr : mNodes[node].item;
+    }
+
+    /// Hands every item of a key to a function, in the order of addition, until it returns false.
+    template <class Function>
+    void forEach(std::string_view key, Function&& function) const {
+        for (auto node = findHead(key); node != NONE && function(mNodes[node].item);) {
+            node = mNodes[node].next;
+        }
+    }
+
+    /// Whether so much was removed that building the index anew is cheaper than keeping it.
+    bool isWorn() const { return mRemoved > 32 && mRemoved * 2 > mNodes.size(); }
+
+private:
+    using Position = std::uint32_t;
+    static constexpr Position NONE = ~Position{0};
+    static constexpr Position DELETED = NONE - 1; // a slot whose last item was removed: the search goes on behind it
+
+    /// A place in the table: most keys that are not sought are told by their hash, without a look at the node.
+    struct Slot {
+        std::uint32_t hash;
+        Position head; // the first node of the key
+    };
+
+    /// A key text, with a copy of a short one beside the item: a look-up then need not go where the text is.
+    class Key {
+    public:
+        explicit Key(std::string_view text) : mText(text) {
+            if (isShort()) {
+                text.copy(mCopy, text.size());
+            }
+        }
+        std::string_view get() const { return isShort() ? std::string_view(mCopy, mText.size()) : mText; }
+
+    private:
+        bool isShort() const { return mText.size() <= sizeof(mCopy); }
+
+        std::string_view mText;
+        char mCopy[16];
+    };
+
+    struct Node {
+        Key key;
+        Item* item;
+        Position next; // the next node of the same key
+        Position last; // in the head of a list: its end
+    };
+
+    static std::uint32_t hashOf(std::string_view key) { return static_cast<std::uint32_t>(hashIgnoringCase(key)); }
+
+    Position findHead(std::string_view key) const {
+        return mSlots.empty() ? NONE : mSlots[findSlot(key, hashOf(key))].head;
+    }
+
+    /// The slot of a key, or the free slot where it belongs. At least half of the slots are free, so the search ends.
+    std::size_t findSlot(std::string_view key, std::uint32_t hash) const {
+        auto const mask = mSlots.size() - 1;
+        for (auto position = hash & mask;; position = (position + 1) & mask) {
+            auto const& slot = mSlots[position];
+            if (slot.head == NONE ||
+                (slot.hash == hash && slot.head != DELETED && equalIgnoringCase(mNodes[slot.head].key.get(), key))) {
+                return position;
+            }
+        }
+    }
+
+    void unlink(Slot& slot, Position previous, Position node) {
+        if (previous != NONE) {
+            mNodes[previous].next = mNodes[node].next;
+            if (mNodes[slot.head].last == node) {
+                mNodes[slot.head].last = previous;
+            }
+        } else if (auto const next = mNodes[node].next; next != NONE) {
+            mNodes[next].last = mNodes[node].last;
+            slot.head = next;
+        } else {
+            slot.head = DELETED;
+        }
+    }
+
+    void rehash(std::size_t atLeast) {
+        std::size_t size = 16;
+        while (size < atLeast) {
+            size *= 2;
+        }
+        std::vector<Slot> old(size, Slot{0, NONE});
+        old.swap(mSlots);
+        mUsedSlots = 0;
+        for (auto const& slot : old) {
+            if (slot.head != NONE && slot.head != DELETED) {
+                mSlots[findSlot(mNodes[slot.head].key.get(), slot.hash)] = slot;
+                ++mUsedSlots;
+            }
+        }
+    }
+
+    std::vector<Node> mNodes;
+    std::vector<Slot> mSlots;
+    std::size_t mUsedSlots = 0;
+    std::size_t mRemoved = 0;
+};
+
+} // namespace kivo::configuration

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <configuration/ParameterItem.h>
+
+#include <string>
+
+namespace kivo::configuration {
+
+/// The state of an item. Each kind of item derives from it, so that an item has one block of state.
+class ParameterItem::Impl {
+public:
+    Impl() = default;
+    virtual ~Impl() = default;
+    Impl(Impl const&) = delete;
+    Impl& operator=(Impl const&) = delete;
+
+    std::string mId;
+    std::string mName;
+    std::string mDescription;
+    bool mOptional = false;
+    bool mUnbounded = false;
+};
+
+} // namespace kivo::configuration

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "schema/ItemIndex.h"
+
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace kivo::configuration {
+
+class Parameter;
+class ParameterGroup;
+class ParameterItem;
+
+/// Answers, without a walk, what walks over a large group and all below it would find. Each answer is the same as that of
+/// the visitor that walks for it (ParameterItemFinder, ConstraintFinderVisitor, ParameterSearchVisitor), which serves
+/// small groups. Immutable: read by any number of threads.
+class SubtreeIndex {
+public:
+    /// The index of a group, made anew when any group's list of items was changed since it was made. Null for a group
+    /// that is quicker to walk.
+    static std::shared_ptr<SubtreeIndex const> of(ParameterGroup const& group);
+
+    /// To be called whenever a group's list of items changes: all indexes made before are out of date.
+    static void schemaChanged() noexcept;
+
+    explicit SubtreeIndex(ParameterGroup const& group);
+
+    /// The first item of an id in the order of a walk, the group itself included; letter case is ignored. Null: none.
+    ParameterItem const* firstById(std::string_view id) const;
+
+    /// The groups from this one down to the one that holds the first parameter of a name, compared exactly; empty: none.
+    std::vector<ParameterGroup const*> pathToParameter(std::string_view name) const;
+
+    /// The parameters that are not hidden and whose name begins with a text, letter case ignored, in the order of a walk.
+    /// A parameter that stands in several places is there several times.
+    std::vector<Parameter const*> visibleParametersBeginning(std::string_view text) const;
+
+private:
+    friend class SubtreeIndexCache;
+    class Collector;
+    using Position = std::uint32_t;
+
+    /// An item with the group that holds it. Of the group itself, the holder is itself.
+    struct Node {
+        ParameterItem const* item;
+        Position holder;
+    };
+
+    void sortNames() const;
+
+    std::uint64_t mGeneration;
+    std::vector<Node> mNodes; // in the order of a walk
+    ItemIndex<Node const> mById;
+    std::unordered_map<std::string_view, Position> mParameterByName;
+
+    // Only abbreviated flags need the sorted names: made by the first question for one.
+    mutable std::once_flag mNamesSorted;
+    mutable std::vector<Position> mVisibleByName;
+};
+
+/// Keeps the index of one group.
+class SubtreeIndexCache {
+public:
+    std::shared_ptr<SubtreeIndex const> get(ParameterGroup const& group);
+
+private:
+    std::mutex mMutex;
+    std::shared_ptr<SubtreeIndex const> mIndex;
+};
+
+} // namespace kivo::configuration

@@ -1,0 +1,31 @@
+#include "kernel/kvProcessInit.h"
+
+#include <configuration/ConfigurationParameterException.h>
+
+#include "schema/MessageFormat.h"
+
+namespace kivo::configuration {
+
+ConfigurationParameterException::ConfigurationParameterException(ParameterErrors const& errors, char const* format, ...)
+    : ConfigurationException(nullptr), mErrors(errors) {
+    if (format) {
+        std::va_list arguments;
+        va_start(arguments, format);
+        setMessage(formatMessage(format, arguments).c_str());
+        va_end(arguments);
+    } else {
+        setMessage(composeMessage(errors).c_str());
+    }
+}
+
+ConfigurationParameterException::ConfigurationParameterException(ConfigurationParameterException const& other) =
+    default;
+
+ConfigurationParameterException&
+ConfigurationParameterException::operator=(ConfigurationParameterException const& other) = default;
+
+ConfigurationParameterException::~ConfigurationParameterException() = default;
+
+ParameterErrors const& ConfigurationParameterException::getErrors() const noexcept { return mErrors; }
+
+} // namespace kivo::configuration

@@ -1,0 +1,162 @@
+#include "kernel/kvProcessInit.h"
+
+#include <configuration/ConfigurationParameterException.h>
+#include <configuration/Manager.h>
+#include <configuration/Parameter.h>
+#include <configuration/ParameterValidator.h>
+#include <configuration/ParameterValue.h>
+#include <configuration/ParameterValueGroup.h>
+#include <configuration/ParameterVisitor.h>
+
+#include "schema/ContractChecks.h"
+#include "schema/ParameterItemImpl.h"
+#include "visitors/SecondPhaseValidationVisitor.h"
+
+#include <string>
+
+namespace kivo::configuration {
+
+class Parameter::Impl final : public ParameterItem::Impl {
+public:
+    Impl(ValueType valueType, bool hidden) : mValueType(valueType), mHidden(hidden) {}
+
+    std::string mValueName;
+    ValueType mValueType;
+    std::unique_ptr<ParameterValue> mDefaultValue;
+    ParameterValidator const* mValidator = nullptr;
+    std::unique_ptr<ParameterValueGroup> mValidatorConfiguration;
+    ParameterEnumDefinition const* mEnumDefinition = nullptr;
+    bool mHidden;
+};
+
+namespace {
+
+ParameterValidator const* findValidator(char const* name) {
+    if (!name) {
+        return nullptr;
+    }
+    auto const* validator = Manager::getInstance()->getValidator(name);
+    if (!validator) {
+        throw ConfigurationException("Validator \"%s\" was not found", name);
+    }
+    return validator;
+}
+
+/// The default that an optional parameter of some types has when none is declared, or null.
+char const* implicitDefault(Parameter::ValueType type) {
+    switch (type) {
+    case Parameter::BOOLEAN_PARAMETER:
+    case Parameter::INT_PARAMETER:
+    case Parameter::DOUBLE_PARAMETER:
+        return "0";
+    default:
+        return nullptr;
+    }
+}
+
+std::unique_ptr<ParameterValue> makeDefaultValue(Parameter const& parameter, char const* text,
+                                                 Parameter::ValueType type, ParameterValidator const* validator) {
+    auto value = std::make_unique<ParameterValue>(&parameter, text);
+    value->setIsUsingDefaultValue(true);
+    if (*text != '\0') {
+        ParameterErrors errors;
+        SecondPhaseValidationVisitor::validate(value.get(), type, errors, validator);
+        if (errors.getNumberOfErrors() > 0) {
+            throw ConfigurationParameterException(
+                errors, "\"%s\" is not a valid default value for parameter \"%s\"", text, parameter.getName());
+        }
+    }
+    return value;
+}
+
+} // namespace
+
+Parameter::Parameter(char const* id, char const* name, char const* description, bool optional, bool unbounded,
+                     ValueType valueType, char const* defaultValue, char const* valueName, char const* validatorName,
+                     bool hidden)
+    : ParameterItem(std::make_unique<Impl>(valueType, hidden), id, name, description, optional, unbounded),
+      mImpl(static_cast<Impl*>(getImpl())) {
+    mImpl->mValidator = findValidator(validatorName);
+    if (optional && !defaultValue) {
+        defaultValue = implicitDefault(valueType);
+        if (!defaultValue && !unbounded) {
+            throw ConfigurationException("Optional parameter \"%s\" is missing a default value", name);
+        }
+    }
+    if (defaultValue) {
+        mImpl->mDefaultValue = makeDefaultValue(*this, defaultValue, valueType, mImpl->mValidator);
+    }
+    if (valueName) {
+        mImpl->mValueName = valueName;
+    }
+}
+
+Parameter::~Parameter() = default;
+
+ParameterItem::ItemType Parameter::getItemType() const { return PARAMETER; }
+
+bool Parameter::isOptional() const { return ParameterItem::isOptional(); }
+
+bool Parameter::isUnbounded() const { return ParameterItem::isUnbounded(); }
+
+char const* Parameter::getId() const { return ParameterItem::getId(); }
+
+char const* Parameter::getName() const { return ParameterItem::getName(); }
+
+char const* Parameter::getDescription() const { return ParameterItem::getDescription(); }
+
+void Parameter::setDescription(char const* description) { ParameterItem::setDescription(description); }
+
+bool Parameter::accept(ParameterVisitor& visitor) const { return visitor.visitParameter(*this); }
+
+bool Parameter::isSpecialized() const { return false; }
+
+char const* Parameter::getItemTypeName() const { return "Parameter"; }
+
+char const* Parameter::getValueName() const { return mImpl->mValueName.empty() ? nullptr : mImpl->mValueName.c_str(); }
+
+Parameter::ValueType Parameter::getValueType() const { return mImpl->mValueType; }
+
+ParameterValue const* Parameter::getDefaultValue() const { return mImpl->mDefaultValue.get(); }
+
+void Parameter::setEnumDefinition(ParameterEnumDefinition const* enumDef) {
+    KIVO_REQUIRE(enumDef != 0);
+    if (mImpl->mValueType != ENUM_PARAMETER) {
+        throw ConfigurationException("\"%s\" is not an enumeration parameter", getName());
+    }
+    mImpl->mEnumDefinition = enumDef;
+}
+
+ParameterEnumDefinition const* Parameter::getEnumDefinition() const { return mImpl->mEnumDefinition; }
+
+ParameterValidator const* Parameter::getValidator() const { return mImpl->mValidator; }
+
+bool Parameter::isHidden() const { return mImpl->mHidden; }
+
+void Parameter::addValidatorConfigurationParameterValue(char const* name, char const* value) {
+    KIVO_REQUIRE(name != 0 && strlen(name) > 0);
+    KIVO_REQUIRE(value != 0);
+    if (!mImpl->mValidatorConfiguration) {
+        mImpl->mValidatorConfiguration = std::make_unique<ParameterValueGroup>(name);
+    }
+    mImpl->mValidatorConfiguration->addValue(name, value);
+}
+
+ParameterValueGroup const* Parameter::getValidatorConfiguration() const {
+    return mImpl->mValidatorConfiguration.get();
+}
+
+Parameter* Parameter::Create(char const* id, char const* name, char const* description, bool optional, bool unbounded,
+                             ValueType valueType, char const* defaultValue, char const* valueName,
+                             char const* validatorName, bool hidden) {
+    auto* manager = Manager::getInstance();
+    if (manager->hasParameterItem(id, PARAMETER)) {
+        throw ConfigurationException("Parameter id \"%s\" is not unique", id);
+    }
+    auto parameter = std::make_unique<Parameter>(id, name, description, optional, unbounded, valueType, defaultValue,
+                                                 valueName, validatorName, hidden);
+    manager->addParameterItem(parameter.get());
+    return parameter.release();
+}
+
+} // namespace kivo::configuration

@@ -1,0 +1,42 @@
+#include "kernel/kvProcessInit.h"
+
+#include <configuration/ConfigurationException.h>
+#include <configuration/ParameterEnumDefinition.h>
+
+#include "schema/ContractChecks.h"
+
+#include <functional>
+#include <map>
+#include <string>
+
+namespace kivo::configuration {
+
+class ParameterEnumDefinition::Impl {
+public:
+    std::string mName;
+    std::map<std::string, int, std::less<>> mSymbols;
+};
+
+ParameterEnumDefinition::ParameterEnumDefinition(char const* name) {
+    KIVO_REQUIRE(name != 0 && strlen(name) > 0);
+    mImpl.reset(new Impl{name, {}});
+}
+
+ParameterEnumDefinition::~ParameterEnumDefinition() = default;
+
+char const* ParameterEnumDefinition::getName() const { return mImpl->mName.c_str(); }
+
+void ParameterEnumDefinition::addEnumValue(char const* symbol, int value) {
+    mImpl->mSymbols.emplace(symbol ? symbol : "", value);
+}
+
+int ParameterEnumDefinition::getValue(char const* symbol) const {
+    char const* const label = symbol ? symbol : "";
+    auto const found = mImpl->mSymbols.find(std::string_view(label));
+    if (found == mImpl->mSymbols.end()) {
+        throw ConfigurationException("symbol \"%s\" was not found", label);
+    }
+    return found->second;
+}
+
+} // namespace kivo::configuration

@@ -1,0 +1,47 @@
+#include "kernel/kvProcessInit.h"
+
+#include <configuration/ParameterItem.h>
+
+#include "schema/ContractChecks.h"
+#include "schema/ParameterItemImpl.h"
+
+namespace kivo::configuration {
+
+ParameterItem::ParameterItem(char const* id, char const* name, char const* description, bool optional, bool unbounded)
+    : ParameterItem(std::make_unique<Impl>(), id, name, description, optional, unbounded) {}
+
+ParameterItem::ParameterItem(std::unique_ptr<Impl> impl, char const* id, char const* name, char const* description,
+                             bool optional, bool unbounded)
+    : mImpl(std::move(impl)) {
+    KIVO_REQUIRE(id && strlen(id) > 0);
+    KIVO_REQUIRE(name && strlen(name) > 0);
+    KIVO_REQUIRE(description && strlen(description) > 0);
+    mImpl->mId = id;
+    mImpl->mName = name;
+    mImpl->mDescription = description;
+    mImpl->mOptional = optional;
+    mImpl->mUnbounded = unbounded;
+}
+
+ParameterItem::~ParameterItem() = default;
+
+ParameterItem::Impl* ParameterItem::getImpl() const noexcept { return mImpl.get(); }
+
+bool ParameterItem::isOptional() const { return mImpl->mOptional; }
+
+bool ParameterItem::isUnbounded() const { return mImpl->mUnbounded; }
+
+char const* ParameterItem::getId() const { return mImpl->mId.c_str(); }
+
+char const* ParameterItem::getName() const { return mImpl->mName.c_str(); }
+
+char const* ParameterItem::getDescription() const { return mImpl->mDescription.c_str(); }
+
+void ParameterItem::setDescription(char const* description) {
+    KIVO_REQUIRE(description && strlen(description) > 0);
+    mImpl->mDescription = description;
+}
+
+bool ParameterItem::isSpecialized() const { return false; }
+
+} // namespace kivo::configuration

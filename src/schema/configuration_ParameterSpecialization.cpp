@@ -1,0 +1,65 @@
+#include "kernel/kvProcessInit.h"
+
+#include <configuration/ConfigurationException.h>
+#include <configuration/Manager.h>
+#include <configuration/ParameterSpecialization.h>
+#include <configuration/ParameterValidator.h>
+#include <configuration/ParameterValue.h>
+
+#include "schema/ContractChecks.h"
+
+namespace kivo::configuration {
+
+namespace {
+
+Parameter const& checked(Parameter const* base) {
+    KIVO_REQUIRE(base != 0);
+    return *base;
+}
+
+char const* validatorNameOf(Parameter const& parameter) {
+    auto const* validator = parameter.getValidator();
+    return validator ? validator->getName() : nullptr;
+}
+
+/// The first text of a parameter's default, or null.
+char const* defaultTextOf(Parameter const& parameter) {
+    auto const* value = parameter.getDefaultValue();
+    return value && value->getNumberOfValues() > 0 ? value->getValue(0, false) : nullptr;
+}
+
+} // namespace
+
+ParameterSpecialization::ParameterSpecialization(Parameter const* base, char const* description, bool optional,
+                                                 bool unbounded, char const* defaultValue, bool hidden)
+    : ParameterSpecialization(checked(base), description, optional, unbounded, defaultValue, hidden) {}
+
+ParameterSpecialization::ParameterSpecialization(Parameter const& base, char const* description, bool optional,
+                                                 bool unbounded, char const* defaultValue, bool hidden)
+    : Parameter(base.getId(), base.getName(), description ? description : base.getDescription(), optional, unbounded,
+                base.getValueType(), defaultValue, base.getValueName(), validatorNameOf(base), hidden) {}
+
+ParameterSpecialization::~ParameterSpecialization() = default;
+
+bool ParameterSpecialization::isSpecialized() const { return true; }
+
+ParameterSpecialization* ParameterSpecialization::Create(char const* id, char const* description, bool optional,
+                                                         bool unbounded, char const* defaultValue, bool hidden) {
+    auto* manager = Manager::getInstance();
+    auto const* base = static_cast<Parameter const*>(manager->getParameterItem(id, PARAMETER));
+    if (!base) {
+        throw ConfigurationException("Parameter to specialize \"%s\" was not found", id);
+    }
+    if (!defaultValue) {
+        defaultValue = defaultTextOf(*base);
+    }
+    auto specialization =
+        std::make_unique<ParameterSpecialization>(base, description, optional, unbounded, defaultValue, hidden);
+    if (auto const* definition = base->getEnumDefinition()) {
+        specialization->setEnumDefinition(definition);
+    }
+    manager->addParameterItemSpecialization(specialization.get());
+    return specialization.release();
+}
+
+} // namespace kivo::configuration

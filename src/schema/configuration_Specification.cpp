@@ -1,0 +1,48 @@
+#include "kernel/kvProcessInit.h"
+
+#include <configuration/ConfigurationException.h>
+#include <configuration/Manager.h>
+#include <configuration/ParameterGroup.h>
+#include <configuration/Specification.h>
+
+#include "schema/ContractChecks.h"
+#include "schema/NameComparison.h"
+
+#include <string>
+
+namespace kivo::configuration {
+
+class Specification::Impl {
+public:
+    std::string mId;
+    std::string mDescription;
+};
+
+Specification::Specification(char const* id, char const* description) {
+    KIVO_REQUIRE(id != 0);
+    KIVO_REQUIRE(description != 0);
+    mImpl.reset(new Impl{id, description});
+}
+
+Specification::~Specification() = default;
+
+char const* Specification::getId() const { return mImpl->mId.c_str(); }
+
+char const* Specification::getDescription() const { return mImpl->mDescription.c_str(); }
+
+ParameterGroup const* Specification::getParameterGroup() const {
+    auto const* item = Manager::getInstance()->getParameterItem(getId());
+    if (!item) {
+        throw ConfigurationException("Group \"%s\" was not found in the registry", getId());
+    }
+    if (item->getItemType() != ParameterItem::PARAMETER_GROUP) {
+        throw ConfigurationException("\"%s\" is not a parameter group", getId());
+    }
+    return static_cast<ParameterGroup const*>(item);
+}
+
+bool Specification::operator==(Specification const& other) const {
+    return equalIgnoringCase(mImpl->mId, other.mImpl->mId);
+}
+
+} // namespace kivo::configuration

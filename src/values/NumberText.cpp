@@ -1,0 +1,57 @@
+#include "kernel/kvProcessInit.h"
+
+#include "values/NumberText.h"
+
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <clocale>
+#include <cstdlib>
+
+namespace kivo::configuration {
+
+namespace {
+
+locale_t plainLocale() {
+    static locale_t const locale = newlocale(LC_ALL_MASK, "C", nullptr);
+    return locale;
+}
+
+/// Runs a strto… function and looks at where it stopped. The caller's errno is kept.
+template <class Parsed, class Parse>
+Parsed parseWhole(char const* text, Parse parse) {
+    auto const savedError = errno;
+    errno = 0;
+    char* end = nullptr;
+    auto const value = parse(text, &end);
+    bool const isWhole = *end == '\0' && errno != ERANGE;
+    errno = savedError;
+    return {value, isWhole};
+}
+
+} // namespace
+
+IntegerText parseInteger(char const* text) {
+    // Nearly every number: up to nine digits and nothing else.
+    long value = 0;
+    for (int i = 0; i < 9 && text[i] >= '0' && text[i] <= '9'; ++i) {
+        value = value * 10 + (text[i] - '0');
+        if (text[i + 1] == '\0') {
+            return {value, true};
+        }
+    }
+    return parseWhole<IntegerText>(text,
+                                   [](char const* s, char** end) { return strtol_l(s, end, 10, plainLocale()); });
+}
+
+DoubleText parseDouble(char const* text) {
+    return parseWhole<DoubleText>(text, [](char const* s, char** end) { return strtod_l(s, end, plainLocale()); });
+}
+
+std::string formatDouble(double value) {
+    std::array<char, 32> buffer; // the longest is "-1.23457e-308"
+    auto const result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, 6);
+    return {buffer.data(), result.ptr};
+}
+
+} // namespace kivo::configuration

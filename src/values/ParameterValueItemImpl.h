@@ -1,0 +1,33 @@
+#pragma once
+
+#include <configuration/ParameterValueItem.h>
+
+#include <string>
+
+namespace kivo::configuration {
+
+/// The state of a node. Each kind of node derives from it, so that a node has one block of state.
+class ParameterValueItem::Impl {
+public:
+    Impl() = default;
+    virtual ~Impl() = default;
+    Impl(Impl const&) = delete;
+    Impl& operator=(Impl const&) = delete;
+
+    std::string mParameterItemId;
+    ItemState mItemState = NOT_ASSIGNED;
+    ParameterItem const* mParameterItem = nullptr;
+    ParameterValueGroup* mParentGroup = nullptr;
+    /// The group whose list the item is in. Not the same as the parent: a copy has the parent of its source at first, and
+    /// that may be gone by the time the copy is changed.
+    ParameterValueGroup* mHolder = nullptr;
+
+    void copyItem(Impl const& other) {
+        mParameterItemId = other.mParameterItemId;
+        mItemState = other.mItemState;
+        mParameterItem = other.mParameterItem;
+        mParentGroup = other.mParentGroup;
+    }
+};
+
+} // namespace kivo::configuration

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <atomic>
+#include <string>
+#include <vector>
+
+namespace kivo::configuration {
+
+/// One entry of a ParameterValue: a text, or none.
+///
+/// An entry without a text may be read as the flag that it is; it then keeps the text "1". Any number of threads may do
+/// so at once.
+class ValueText {
+public:
+    explicit ValueText(char const* text) : mIsPresent(text != nullptr) {
+        if (text) {
+            mText = text;
+        }
+    }
+    ValueText(ValueText const& other)
+        : mText(other.mText), mIsPresent(other.mIsPresent), mIsFlag(other.mIsFlag.load(std::memory_order_relaxed)) {}
+    ValueText(ValueText&& other) noexcept
+        : mText(std::move(other.mText)), mIsPresent(other.mIsPresent),
+          mIsFlag(other.mIsFlag.load(std::memory_order_relaxed)) {}
+    ValueText& operator=(ValueText const& other) {
+        mText = other.mText;
+        mIsPresent = other.mIsPresent;
+        mIsFlag.store(other.mIsFlag.load(std::memory_order_relaxed), std::memory_order_relaxed);
+        return *this;
+    }
+    ~ValueText() = default;
+
+    /// The text, or null.
+    char const* get() const {
+        if (mIsPresent) {
+            return mText.c_str();
+        }
+        return mIsFlag.load(std::memory_order_relaxed) ? FLAG_TEXT : nullptr;
+    }
+
+    /// Keeps the text "1" where there is none, and returns it.
+    char const* readAsFlag() const {
+        mIsFlag.store(true, std::memory_order_relaxed);
+        return FLAG_TEXT;
+    }
+
+private:
+    static constexpr char const* FLAG_TEXT = "1";
+
+    std::string mText;
+    bool mIsPresent;
+    mutable std::atomic<bool> mIsFlag{false};
+};
+
+/// The entries of a ParameterValue. There is at least one, and mostly just one, which takes no memory of its own.
+class ValueTexts {
+public:
+    explicit ValueTexts(char const* first) : mFirst(first) {}
+
+    void add(char const* text) { mOthers.emplace_back(text); }
+    unsigned long size() const { return 1 + mOthers.size(); }
+    ValueText const& operator[](unsigned long index) const { return index == 0 ? mFirst : mOthers[index - 1]; }
+    ValueText& operator[](unsigned long index) { return index == 0 ? mFirst : mOthers[index - 1]; }
+
+private:
+    ValueText mFirst;
+    std::vector<ValueText> mOthers;
+};
+
+} // namespace kivo::configuration

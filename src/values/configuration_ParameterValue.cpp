@@ -1,0 +1,137 @@
+#include "kernel/kvProcessInit.h"
+
+#include <configuration/ConfigurationException.h>
+#include <configuration/ParameterEnumDefinition.h>
+#include <configuration/ParameterValue.h>
+#include <configuration/ParameterValueVisitor.h>
+
+#include "schema/ContractChecks.h"
+#include "schema/NameComparison.h"
+#include "values/NumberText.h"
+#include "values/ParameterValueImpl.h"
+
+namespace kivo::configuration {
+
+namespace {
+
+bool parseBoolean(char const* text) {
+    auto const number = parseInteger(text);
+    return number.isWhole ? static_cast<int>(number.value) != 0 : !equalIgnoringCase(text, "false");
+}
+
+} // namespace
+
+ParameterValue::ParameterValue(char const* id, char const* value)
+    : ParameterValue(std::make_unique<Impl>(value), id) {}
+
+ParameterValue::ParameterValue(Parameter const* parameter, char const* value)
+    : ParameterValueItem(std::make_unique<Impl>(value), static_cast<ParameterItem const*>(parameter)),
+      mImpl(static_cast<Impl*>(getImpl())) {
+    mImpl->mValueType = parameter->getValueType();
+}
+
+ParameterValue::ParameterValue(ParameterValue const& other)
+    : ParameterValue(std::make_unique<Impl>(*other.mImpl), other) {}
+
+ParameterValue::ParameterValue(ParameterValue const& other, CopyMethod) : ParameterValue(other) {}
+
+ParameterValue::ParameterValue(std::unique_ptr<Impl> impl, char const* id)
+    : ParameterValueItem(std::move(impl), id), mImpl(static_cast<Impl*>(getImpl())) {}
+
+ParameterValue::ParameterValue(std::unique_ptr<Impl> impl, ParameterValue const& other)
+    : ParameterValueItem(std::move(impl), other), mImpl(static_cast<Impl*>(getImpl())) {}
+
+ParameterValue& ParameterValue::operator=(ParameterValue const& other) {
+    if (this != &other) {
+        ParameterValueItem::operator=(other);
+        mImpl->copyValue(*other.mImpl);
+    }
+    return *this;
+}
+
+ParameterValue::~ParameterValue() = default;
+
+char const* ParameterValue::getParameterItemId() const { return ParameterValueItem::getParameterItemId(); }
+
+ParameterValueItem::ItemType ParameterValue::getItemType() const { return PARAMETER_VALUE; }
+
+bool ParameterValue::accept(ParameterValueVisitor& visitor) { return visitor.visitParameterValue(*this); }
+
+ParameterValue* ParameterValue::clone(CopyMethod method) const { return new ParameterValue(*this, method); }
+
+void ParameterValue::assignParameterItem(ParameterItem const* parameterItem) {
+    KIVO_REQUIRE(parameterItem != 0);
+    if (parameterItem->getItemType() != ParameterItem::PARAMETER) {
+        throw ConfigurationException("\"%s\" must be a parameter", parameterItem->getName());
+    }
+    mImpl->mValueType = static_cast<Parameter const*>(parameterItem)->getValueType();
+    ParameterValueItem::assignParameterItem(parameterItem);
+}
+
+char const* ParameterValue::getValue(unsigned long index, bool ignoreDefault) const {
+    auto const& mValues = mImpl->mValues;
+    KIVO_REQUIRE(index < mValues.size());
+    if (char const* text = mValues[index].get()) {
+        return text;
+    }
+    auto const* parameter = mImpl->parameter();
+    if (!parameter || !parameter->isOptional()) {
+        return nullptr;
+    }
+    if (mImpl->mValueType == Parameter::BOOLEAN_PARAMETER) {
+        return mValues[index].readAsFlag();
+    }
+    auto const* defaultValue = ignoreDefault ? nullptr : parameter->getDefaultValue();
+    return defaultValue && defaultValue->getNumberOfValues() > 0 ? defaultValue->getValue(0, true) : nullptr;
+}
+
+bool ParameterValue::getBooleanValue(unsigned long index) const {
+    char const* text = getValue(index, false);
+    if (auto const* definition = mImpl->enumDefinition()) {
+        return definition->getValue(text) != 0;
+    }
+    return text && parseBoolean(text);
+}
+
+int ParameterValue::getIntValue(unsigned long index) const {
+    char const* text = getValue(index, false);
+    if (auto const* definition = mImpl->enumDefinition()) {
+        return definition->getValue(text);
+    }
+    return text ? static_cast<int>(parseInteger(text).value) : 0;
+}
+
+unsigned int ParameterValue::getUIntValue(unsigned long index) const {
+    return static_cast<unsigned int>(getIntValue(index));
+}
+
+double ParameterValue::getDoubleValue(unsigned long index) const {
+    char const* text = getValue(index, false);
+    if (auto const* definition = mImpl->enumDefinition()) {
+        return definition->getValue(text);
+    }
+    return text ? parseDouble(text).value : 0.0;
+}
+
+unsigned long ParameterValue::getNumberOfValues() const { return mImpl->mValues.size(); }
+
+Parameter const* ParameterValue::getParameter() const { return mImpl->parameter(); }
+
+Parameter::ValueType ParameterValue::getValueType() const {
+    KIVO_REQUIRE_AS("mParameter != 0", mImpl->mParameterItem != nullptr);
+    return mImpl->mValueType;
+}
+
+bool ParameterValue::isUsingDefaultValue() const { return mImpl->mUsingDefaultValue; }
+
+void ParameterValue::setIsUsingDefaultValue(bool usingDefaultValue) { mImpl->mUsingDefaultValue = usingDefaultValue; }
+
+void ParameterValue::addValue(char const* value) { mImpl->mValues.add(value); }
+
+void ParameterValue::setValue(unsigned long index, char const* value) {
+    auto& mValues = mImpl->mValues;
+    KIVO_REQUIRE(index < mValues.size());
+    mValues[index] = ValueText(value);
+}
+
+} // namespace kivo::configuration

@@ -1,0 +1,186 @@
+#include "kernel/kvProcessInit.h"
+
+#include <configuration/ConfigurationException.h>
+#include <configuration/Parameter.h>
+#include <configuration/ParameterGroup.h>
+#include <configuration/ParameterValue.h>
+#include <configuration/ParameterValueGroup.h>
+#include <configuration/ParameterValueVisitor.h>
+
+#include "schema/ContractChecks.h"
+#include "schema/LazyItemIndex.h"
+#include "values/ParameterValueItemImpl.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace kivo::configuration {
+
+namespace {
+
+std::string_view idOf(ParameterValueItem const& item) {
+    char const* id = item.getParameterItemId();
+    return id ? id : std::string_view();
+}
+
+} // namespace
+
+class ParameterValueGroup::Impl final : public ParameterValueItem::Impl {
+public:
+    std::vector<std::unique_ptr<ParameterValueItem>> mItems;
+    LazyItemIndex<ParameterValueItem, idOf> mIndex;
+
+    ParameterValueItem* first(std::string_view id) const { return mIndex.first(mItems, id); }
+};
+
+ParameterValueGroup::ParameterValueGroup(ParameterGroup const* group)
+    : ParameterValueItem(std::make_unique<Impl>(), static_cast<ParameterItem const*>(group)),
+      mImpl(static_cast<Impl*>(getImpl())) {}
+
+ParameterValueGroup::ParameterValueGroup(char const* id)
+    : ParameterValueItem(std::make_unique<Impl>(), id), mImpl(static_cast<Impl*>(getImpl())) {}
+
+ParameterValueGroup::ParameterValueGroup(std::nullptr_t) : ParameterValueGroup(static_cast<char const*>(nullptr)) {}
+
+ParameterValueGroup::ParameterValueGroup(ParameterValueGroup const& other) : ParameterValueGroup(other, DEEP_COPY) {}
+
+ParameterValueGroup::ParameterValueGroup(ParameterValueGroup const& other, CopyMethod method)
+    : ParameterValueItem(std::make_unique<Impl>(), other), mImpl(static_cast<Impl*>(getImpl())) {
+    if (method == DEEP_COPY) {
+        mImpl->mItems.reserve(other.mImpl->mItems.size());
+        for (auto const& item : other.mImpl->mItems) {
+            mImpl->mItems.emplace_back(item->clone(DEEP_COPY))->setHolder(this);
+        }
+    }
+}
+
+ParameterValueGroup& ParameterValueGroup::operator=(ParameterValueGroup const& other) {
+    if (this != &other) {
+        // Copied first: the other may be one of the children that go.
+        ParameterValueGroup copy(other);
+        ParameterValueItem::operator=(copy);
+        mImpl->mIndex.drop();
+        mImpl->mItems.swap(copy.mImpl->mItems);
+        for (auto const& item : mImpl->mItems) {
+            item->setHolder(this);
+        }
+    }
+    return *this;
+}
+
+ParameterValueGroup::~ParameterValueGroup() = default;
+
+char const* ParameterValueGroup::getParameterItemId() const { return ParameterValueItem::getParameterItemId(); }
+
+ParameterValueItem::ItemType ParameterValueGroup::getItemType() const { return PARAMETER_VALUE_GROUP; }
+
+bool ParameterValueGroup::accept(ParameterValueVisitor& visitor) {
+    if (!visitor.visitGroupStart(*this)) {
+        return false;
+    }
+    auto const& items = mImpl->mItems;
+    if (visitor.isMutator()) {
+        std::vector<ParameterValueItem*> snapshot;
+        snapshot.reserve(items.size());
+        std::ranges::transform(items, std::back_inserter(snapshot), [](auto const& item) { return item.get(); });
+        for (auto* item : snapshot) {
+            item->accept(visitor);
+        }
+    } else {
+        auto const count = items.size();
+        // A visitor that shortens the list breaks its promise; it must not make the walk leave the list.
+        for (std::size_t i = 0; i < count && i < items.size(); ++i) {
+            items[i]->accept(visitor);
+        }
+    }
+    visitor.visitGroupEnd(*this);
+    return true;
+}
+
+ParameterValueGroup* ParameterValueGroup::clone(CopyMethod method) const {
+    return new ParameterValueGroup(*this, method);
+}
+
+void ParameterValueGroup::assignParameterItem(ParameterItem const* parameterItem) {
+    KIVO_REQUIRE(parameterItem != 0);
+    if (parameterItem->getItemType() != ParameterItem::PARAMETER_GROUP) {
+        throw ConfigurationException("\"%s\" must be a parameter group", parameterItem->getName());
+    }
+    ParameterValueItem::assignParameterItem(parameterItem);
+}
+
+ParameterGroup const* ParameterValueGroup::getParameterGroup() const {
+    return static_cast<ParameterGroup const*>(getParameterItem());
+}
+
+unsigned long ParameterValueGroup::getNumberOfItems() const { return mImpl->mItems.size(); }
+
+void ParameterValueGroup::addItem(ParameterValueItem* item) {
+    KIVO_REQUIRE(item != 0);
+    mImpl->mItems.emplace_back(item)->setHolder(this);
+    mImpl->mIndex.added(*item);
+}
+
+void ParameterValueGroup::addValue(char const* parameterItemId, char const* value) {
+    KIVO_REQUIRE(parameterItemId != 0 && *parameterItemId != '\0');
+    if (auto* existing = getValue(parameterItemId)) {
+        existing->addValue(value);
+    } else {
+        addItem(std::make_unique<ParameterValue>(parameterItemId, value).release());
+    }
+}
+
+ParameterValueItem* ParameterValueGroup::getItem(unsigned long index) const {
+    KIVO_REQUIRE(index < getNumberOfItems());
+    return mImpl->mItems[index].get();
+}
+
+ParameterValueItem* ParameterValueGroup::getItem(char const* parameterItemId) const {
+    KIVO_REQUIRE(parameterItemId != 0);
+    return mImpl->first(parameterItemId);
+}
+
+ParameterValueItem* ParameterValueGroup::getItem(ParameterItem const* parameterItem) const {
+    KIVO_REQUIRE(parameterItem != 0);
+    return getItem(parameterItem->getId());
+}
+
+ParameterValue* ParameterValueGroup::getValue(char const* name) const {
+    KIVO_REQUIRE(name != 0 && strlen(name) > 0);
+    auto* item = mImpl->first(name);
+    if (item && item->getItemType() != PARAMETER_VALUE) {
+        throw ConfigurationException("\"%s\" is not a parameter value", name);
+    }
+    return static_cast<ParameterValue*>(item);
+}
+
+ParameterValue* ParameterValueGroup::getValue(Parameter const* parameter) const {
+    KIVO_REQUIRE(parameter != 0);
+    return getValue(parameter->getName());
+}
+
+void ParameterValueGroup::removeItem(unsigned long index) {
+    auto& mItems = mImpl->mItems;
+    KIVO_REQUIRE(index < mItems.size());
+    auto const position = mItems.begin() + static_cast<std::ptrdiff_t>(index);
+    mImpl->mIndex.removing(**position);
+    (*position)->setHolder(nullptr);
+    static_cast<void>(position->release()); // the caller's now
+    mItems.erase(position);
+}
+
+bool ParameterValueGroup::removeItem(char const* parameterItemId) {
+    KIVO_REQUIRE(parameterItemId != 0);
+    auto const* item = mImpl->first(parameterItemId);
+    if (!item) {
+        return false;
+    }
+    auto const position = std::ranges::find(mImpl->mItems, item, &std::unique_ptr<ParameterValueItem>::get);
+    removeItem(static_cast<unsigned long>(position - mImpl->mItems.begin()));
+    return true;
+}
+
+void ParameterValueGroup::childIdChanged() { mImpl->mIndex.drop(); }
+
+} // namespace kivo::configuration

@@ -1,0 +1,134 @@
+#include "kernel/kvProcessInit.h"
+
+#include <configuration/ConfigurationException.h>
+#include <configuration/ParameterValue.h>
+#include <configuration/Value.h>
+
+#include "schema/ContractChecks.h"
+#include "values/NumberText.h"
+
+#include <string>
+
+namespace kivo::configuration {
+
+class Value::Impl {
+public:
+    ParameterValue const* mValue;
+};
+
+namespace {
+
+ParameterValue const& notNull(ParameterValue const* value) {
+    if (!value) {
+        throw ConfigurationException("Value is null");
+    }
+    return *value;
+}
+
+// One function for each condition, since the condition is the text of the exception.
+
+ParameterValue const& booleanValue(ParameterValue const* mValue) {
+    static_cast<void>(notNull(mValue));
+    KIVO_REQUIRE(mValue->getValueType() == Parameter::BOOLEAN_PARAMETER);
+    return *mValue;
+}
+
+ParameterValue const& stringValue(ParameterValue const* mValue) {
+    static_cast<void>(notNull(mValue));
+    KIVO_REQUIRE(mValue->getValueType() == Parameter::STRING_PARAMETER);
+    return *mValue;
+}
+
+ParameterValue const& integerValue(ParameterValue const* mValue) {
+    static_cast<void>(notNull(mValue));
+    KIVO_REQUIRE(mValue->getValueType() == Parameter::INT_PARAMETER ||
+                 mValue->getValueType() == Parameter::ENUM_PARAMETER);
+    return *mValue;
+}
+
+ParameterValue const& unsignedIntegerValue(ParameterValue const* mValue) {
+    static_cast<void>(notNull(mValue));
+    KIVO_REQUIRE(mValue->getValueType() == Parameter::UINT_PARAMETER);
+    return *mValue;
+}
+
+ParameterValue const& doubleValue(ParameterValue const* mValue) {
+    static_cast<void>(notNull(mValue));
+    KIVO_REQUIRE(mValue->getValueType() == Parameter::DOUBLE_PARAMETER);
+    return *mValue;
+}
+
+/// Writes into the shared tree: the handle's view is const, the tree is not.
+void write(ParameterValue const& value, unsigned long index, char const* text) {
+    const_cast<ParameterValue&>(value).setValue(index, text);
+}
+
+} // namespace
+
+Value::Value(ParameterValue const* value, bool multiValued) : mImpl(new Impl{value}) {
+    auto const* mValue = value;
+    if (mValue && !multiValued) {
+        KIVO_REQUIRE(mValue->getParameterItem() != 0);
+        KIVO_REQUIRE(mValue->getNumberOfValues() == 1);
+    }
+}
+
+Value::Value(Value const& other) : mImpl(std::make_unique<Impl>(*other.mImpl)) {}
+
+Value& Value::operator=(Value const& other) {
+    *mImpl = *other.mImpl;
+    return *this;
+}
+
+Value::~Value() = default;
+
+bool Value::asBoolean() const { return booleanValue(mImpl->mValue).getBooleanValue(getCurrentValueIndex()); }
+
+char const* Value::asString() const { return stringValue(mImpl->mValue).getValue(getCurrentValueIndex(), false); }
+
+int Value::asInteger() const { return integerValue(mImpl->mValue).getIntValue(getCurrentValueIndex()); }
+
+unsigned int Value::asUnsignedInteger() const {
+    return unsignedIntegerValue(mImpl->mValue).getUIntValue(getCurrentValueIndex());
+}
+
+double Value::asDouble() const { return doubleValue(mImpl->mValue).getDoubleValue(getCurrentValueIndex()); }
+
+Value& Value::setBoolean(bool value) {
+    write(booleanValue(mImpl->mValue), getCurrentValueIndex(), value ? "1" : "0");
+    return *this;
+}
+
+Value& Value::setString(char const* value) {
+    write(stringValue(mImpl->mValue), getCurrentValueIndex(), value);
+    return *this;
+}
+
+Value& Value::setInteger(int value) {
+    write(integerValue(mImpl->mValue), getCurrentValueIndex(), std::to_string(value).c_str());
+    return *this;
+}
+
+Value& Value::setUnsignedInteger(unsigned int value) {
+    write(unsignedIntegerValue(mImpl->mValue), getCurrentValueIndex(), std::to_string(value).c_str());
+    return *this;
+}
+
+Value& Value::setDouble(double value) {
+    write(doubleValue(mImpl->mValue), getCurrentValueIndex(), formatDouble(value).c_str());
+    return *this;
+}
+
+unsigned long Value::getCurrentValueIndex() const { return 0; }
+
+ParameterValue const* Value::getParameterValue() const { return mImpl->mValue; }
+
+bool Value::isNull() const { return !mImpl->mValue; }
+
+bool Value::isExcluded() const { return isNull(); }
+
+bool Value::isDefaultValue() const { return mImpl->mValue && mImpl->mValue->isUsingDefaultValue(); }
+
+unsigned long Value::getNumberOfValues() const { return mImpl->mValue ? mImpl->mValue->getNumberOfValues() : 0; }
+
+} // namespace kivo::configuration

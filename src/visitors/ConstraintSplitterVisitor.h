@@ -1,0 +1,34 @@
+#pragma once
+
+#include <configuration/ParameterValueVisitor.h>
+
+#include <unordered_set>
+#include <vector>
+
+namespace kivo::configuration {
+
+class ParameterErrors;
+class ParameterGroup;
+
+/// Moves every bound value whose parameter lies under constraints of its container's schema group into value groups bound
+/// to those constraints, which it adds at the end of the container. Values of one constraint gather in one group. A
+/// parameter behind a container is left where it is. Changes the tree; adds no message.
+class ConstraintSplitterVisitor final : public ParameterValueVisitor {
+public:
+    explicit ConstraintSplitterVisitor(ParameterErrors& errors);
+
+    bool visitGroupStart(ParameterValueGroup& group) override;
+    void visitGroupEnd(ParameterValueGroup& group) override;
+    bool visitParameterValue(ParameterValue& value) override;
+
+private:
+    ParameterValueGroup& findOrAddGroup(ParameterValueGroup& current, ParameterGroup const& constraint);
+    ParameterValueGroup* findGroup(ParameterValueGroup const& current, char const* id) const;
+
+    [[maybe_unused]] ParameterErrors& mErrors;
+    /// For each open group the values whose copies were moved. They stay in the list until the group ends, since taking
+    /// them out one by one would be quadratic in their number, and the walk still visits them.
+    std::vector<std::unordered_set<ParameterValueItem const*>> mMoved;
+};
+
+} // namespace kivo::configuration

@@ -1,0 +1,57 @@
+#include "kernel/kvProcessInit.h"
+
+#include "visitors/DefaultValueProviderVisitor.h"
+
+#include <configuration/Parameter.h>
+#include <configuration/ParameterGroup.h>
+#include <configuration/ParameterValue.h>
+#include <configuration/ParameterValueGroup.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace kivo::configuration {
+
+DefaultValueProviderVisitor::DefaultValueProviderVisitor(ParameterValueGroup& valueGroup, ParameterErrors& errors)
+    : mValueGroup(valueGroup), mErrors(errors) {}
+
+bool DefaultValueProviderVisitor::visitGroupStart(ParameterGroup const& schemaGroup) {
+    mValueStack.push_back(mValueStack.empty() ? &mValueGroup : &findOrAddGroup(*mValueStack.back(), schemaGroup));
+    return true;
+}
+
+ParameterValueGroup& DefaultValueProviderVisitor::findOrAddGroup(ParameterValueGroup& parent,
+                                                                 ParameterGroup const& schemaGroup) {
+    auto* existing = parent.getItem(&schemaGroup);
+    // A value may have the id of a group: then the group has still to be made.
+    if (existing && existing->getItemType() == ParameterValueItem::PARAMETER_VALUE_GROUP) {
+        return *static_cast<ParameterValueGroup*>(existing);
+    }
+    auto added = std::make_unique<ParameterValueGroup>(schemaGroup.getName());
+    assignParameterItem(*added, &schemaGroup);
+    auto& group = *added;
+    parent.addItem(added.release());
+    return group;
+}
+
+void DefaultValueProviderVisitor::visitGroupEnd(ParameterGroup const&) { mValueStack.pop_back(); }
+
+bool DefaultValueProviderVisitor::visitParameter(Parameter const& parameter) {
+    auto const* defaultValue = parameter.getDefaultValue();
+    if (!defaultValue || mValueStack.empty() || mValueStack.back()->getItem(&parameter) ||
+        isConstraintFullfilledInCurrentNesting()) {
+        return true;
+    }
+    mValueStack.back()->addItem(defaultValue->clone(ParameterValueItem::DEEP_COPY));
+    return true;
+}
+
+bool DefaultValueProviderVisitor::isConstraintFullfilledInCurrentNesting() const {
+    return std::ranges::any_of(mValueStack, [](ParameterValueGroup const* valueGroup) {
+        auto const* schemaGroup = valueGroup->getParameterGroup();
+        return schemaGroup && schemaGroup->itemsAreExclusive() &&
+               (schemaGroup->isOptional() || valueGroup->getNumberOfItems() > 0);
+    });
+}
+
+} // namespace kivo::configuration

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <configuration/ParameterValueVisitor.h>
+
+#include <vector>
+
+namespace kivo::configuration {
+
+class ParameterErrors;
+class ParameterGroup;
+class Specification;
+
+/// Binds every item of a raw value tree to the schema item that its id names, and reports what does not fit:
+/// "An unnamed value group was found", "An unnamed value was found",
+/// "Unexpected unnamed group as parent of the \"%s\" group. (Expected: %s)", "\"%s\" is not a parameter group",
+/// "\"%s\" is a constraint. It cannot be declared explicitly", "Unnamed group cannot contain Parameter \"%s\"",
+/// "\"%s\" is not a recognized parameter", "\"%s\" is not a parameter". Changes bindings, never the structure.
+class ParameterMatchingVisitor final : public ParameterValueVisitor {
+public:
+    /// @param reportUnrecognized whether a value whose id the schema does not know is an error
+    ParameterMatchingVisitor(Specification const& specification, ParameterErrors& errors, bool reportUnrecognized);
+
+    bool visitGroupStart(ParameterValueGroup& group) override;
+    void visitGroupEnd(ParameterValueGroup& group) override;
+    bool visitParameterValue(ParameterValue& value) override;
+
+    /// Binds an item that is not bound yet. @return whether it did
+    bool setItem(ParameterValueItem& item, ParameterItem const* parameterItem);
+
+private:
+    /// What a search for a group's schema item came to.
+    struct GroupMatch {
+        bool isEntered; ///< false: the group was reported, and is passed over with all below it
+        ParameterItem const* item;
+    };
+
+    GroupMatch matchGroup(char const* id);
+    void bindGroup(ParameterValueGroup& group, ParameterItem const& item, char const* id);
+
+    ParameterErrors& mErrors;
+    ParameterGroup const* mRootGroup;
+    /// The schema group of each open value group; null for the unnamed top group and for a group that matched nothing.
+    std::vector<ParameterGroup const*> mGroupStack;
+    bool mReportUnrecognized;
+};
+
+} // namespace kivo::configuration

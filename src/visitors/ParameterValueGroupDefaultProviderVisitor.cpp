@@ -1,0 +1,32 @@
+#include "kernel/kvProcessInit.h"
+
+#include "visitors/ParameterValueGroupDefaultProviderVisitor.h"
+
+#include <configuration/ParameterGroup.h>
+#include <configuration/ParameterValueGroup.h>
+
+#include "visitors/DefaultValueProviderVisitor.h"
+#include "visitors/RootGroup.h"
+
+#include <memory>
+
+namespace kivo::configuration {
+
+ParameterValueGroupDefaultProviderVisitor::ParameterValueGroupDefaultProviderVisitor(Specification const* specification,
+                                                                                     ParameterErrors& errors)
+    : ParameterValueVisitor(true), mRootGroup(rootGroupOf(specification)), mErrors(errors) {}
+
+bool ParameterValueGroupDefaultProviderVisitor::visitGroupStart(ParameterValueGroup& group) {
+    bool const nothingGiven = !group.getParameterItem() && group.getNumberOfItems() == 0;
+    if (nothingGiven && mRootGroup->isOptional()) {
+        auto root = std::make_unique<ParameterValueGroup>(mRootGroup->getName());
+        assignParameterItem(*root, mRootGroup);
+        group.addItem(root.release()); // visited next
+    } else if (group.getParameterItem() == mRootGroup) {
+        DefaultValueProviderVisitor defaults(group, mErrors);
+        mRootGroup->accept(defaults);
+    }
+    return true;
+}
+
+} // namespace kivo::configuration

@@ -1,0 +1,103 @@
+#include "kernel/kvProcessInit.h"
+
+#include "visitors/SecondPhaseValidationVisitor.h"
+
+#include <configuration/ConfigurationException.h>
+#include <configuration/ParameterErrors.h>
+#include <configuration/ParameterGroup.h>
+#include <configuration/ParameterValue.h>
+#include <configuration/ParameterValueGroup.h>
+
+#include "schema/NameComparison.h"
+
+#include <algorithm>
+
+namespace kivo::configuration {
+
+namespace {
+
+/// Names every item of a constraint, given or not: the user may choose any one of them.
+std::string composeExclusiveMessage(ParameterGroup const& constraint) {
+    std::string message = "The ";
+    for (unsigned long i = 0; i < constraint.getNumberOfItems(); ++i) {
+        message += i > 0 ? " and \"" : "\"";
+        message += constraint.getItem(i)->getName();
+        message += '"';
+    }
+    return message + " flags are mutually exclusive, you cannot specify both.";
+}
+
+} // namespace
+
+SecondPhaseValidationVisitor::SecondPhaseValidationVisitor(ParameterValueGroup const& valueGroup,
+                                                           ParameterErrors& errors)
+    : mValueGroup(valueGroup), mErrors(errors) {}
+
+bool SecondPhaseValidationVisitor::visitGroupStart(ParameterGroup const& schemaGroup) {
+    mNesting.push_back({&schemaGroup, findValueGroup(schemaGroup)});
+    return true;
+}
+
+ParameterValueGroup const* SecondPhaseValidationVisitor::findValueGroup(ParameterGroup const& schemaGroup) const {
+    if (mNesting.empty()) {
+        char const* id = mValueGroup.getParameterItemId();
+        if (!id || !equalIgnoringCase(id, schemaGroup.getId())) {
+            throw ConfigurationException("\"%s\" specification was not found", schemaGroup.getId());
+        }
+        return &mValueGroup;
+    }
+    auto const* parent = mNesting.back().valueGroup;
+    auto const* item = parent ? parent->getItem(&schemaGroup) : nullptr;
+    // A value may have the id of a group: then the group was not given.
+    return item && item->getItemType() == ParameterValueItem::PARAMETER_VALUE_GROUP
+               ? static_cast<ParameterValueGroup const*>(item)
+               : nullptr;
+}
+
+bool SecondPhaseValidationVisitor::visitParameter(Parameter const& parameter) {
+    auto const* valueGroup = mNesting.empty() ? nullptr : mNesting.back().valueGroup;
+    if (auto const* value = valueGroup ? valueGroup->getValue(&parameter) : nullptr) {
+        if (!value->isUsingDefaultValue()) {
+            validate(value, parameter.getValueType(), mErrors, parameter.getValidator());
+        }
+        return true;
+    }
+    bool const isGroupGiven = valueGroup && valueGroup->getNumberOfItems() > 0;
+    if (!parameter.isOptional() && (isGroupGiven || isGroupRequiredInCurrentNesting())) {
+        mMissingParameters.emplace_back(parameter.getName());
+    }
+    return true;
+}
+
+bool SecondPhaseValidationVisitor::isGroupRequiredInCurrentNesting() const {
+    return std::ranges::any_of(mNesting, [](Nesting const& nesting) { return !nesting.schemaGroup->isOptional(); });
+}
+
+void SecondPhaseValidationVisitor::visitGroupEnd(ParameterGroup const& schemaGroup) {
+    auto const* valueGroup = mNesting.back().valueGroup;
+    mNesting.pop_back();
+    if (mNesting.empty()) {
+        reportMissingParameters();
+    }
+    if (!valueGroup) {
+        if (!schemaGroup.isOptional() && schemaGroup.getGroupType() == ParameterGroup::CONTAINER) {
+            mErrors.addError("Required group \"%s\" was not found", schemaGroup.getName());
+        }
+    } else if (schemaGroup.itemsAreExclusive() && valueGroup->getNumberOfItems() > 1) {
+        mErrors.addError("%s", composeExclusiveMessage(schemaGroup).c_str());
+    }
+}
+
+void SecondPhaseValidationVisitor::reportMissingParameters() {
+    if (mMissingParameters.empty()) {
+        return;
+    }
+    std::string message =
+        "A required flag was not specified. You must provide one of the following flags: " + mMissingParameters[0];
+    for (std::size_t i = 1; i < mMissingParameters.size(); ++i) {
+        message += ", " + mMissingParameters[i];
+    }
+    mErrors.addError("%s", message.c_str());
+}
+
+} // namespace kivo::configuration

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <configuration/Parameter.h>
+#include <configuration/ParameterVisitor.h>
+
+#include <string>
+#include <vector>
+
+namespace kivo::configuration {
+
+class ParameterErrors;
+class ParameterValidator;
+class ParameterValue;
+class ParameterValueGroup;
+
+/// Walks a specification's schema beside the merged values and reports texts that fail their checks, required parameters
+/// and containers that nobody gave, and alternatives that were given together. Reads only.
+///
+/// The checks of single values are static: the default of a parameter undergoes them, too (ValueChecks.cpp).
+class SecondPhaseValidationVisitor final : public ParameterVisitor {
+public:
+    /// @param valueGroup the value group bound to the specification's root group
+    SecondPhaseValidationVisitor(ParameterValueGroup const& valueGroup, ParameterErrors& errors);
+
+    /// @throws ConfigurationException "\"%s\" specification was not found": the value group is another specification's
+    bool visitGroupStart(ParameterGroup const& schemaGroup) override;
+    void visitGroupEnd(ParameterGroup const& schemaGroup) override;
+    bool visitParameter(Parameter const& parameter) override;
+
+    /// Whether one of the open schema groups is not optional.
+    bool isGroupRequiredInCurrentNesting() const;
+
+    /// `<name>: "<text>" is not a valid <type>`; a null name is left out with its colon.
+    static std::string generateInvalidValueMessage(char const* parameterName, char const* valueText,
+                                                   char const* typeName);
+    /// Checks one text against a type.
+    /// @throws kivo::ContractViolationException "valueText != 0"
+    static void validate(char const* parameterName, char const* valueText, Parameter::ValueType valueType,
+                         ParameterErrors& errors);
+    /// Checks every text of a value against a type and then, if none is missing, the value by a validator.
+    /// @param validator the validator, or null
+    /// @throws kivo::ContractViolationException "value != 0"
+    static void validate(ParameterValue const* value, Parameter::ValueType valueType, ParameterErrors& errors,
+                         ParameterValidator const* validator);
+
+private:
+    /// An open schema group with its value group, or null when nobody gave it.
+    struct Nesting {
+        ParameterGroup const* schemaGroup;
+        ParameterValueGroup const* valueGroup;
+    };
+
+    ParameterValueGroup const* findValueGroup(ParameterGroup const& schemaGroup) const;
+    void reportMissingParameters();
+
+    ParameterValueGroup const& mValueGroup;
+    ParameterErrors& mErrors;
+    std::vector<std::string> mMissingParameters;
+    std::vector<Nesting> mNesting;
+};
+
+} // namespace kivo::configuration

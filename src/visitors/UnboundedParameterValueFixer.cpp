@@ -1,0 +1,71 @@
+#include "kernel/kvProcessInit.h"
+
+#include "visitors/UnboundedParameterValueFixer.h"
+
+#include <configuration/ConfigurationException.h>
+#include <configuration/ParameterValue.h>
+#include <configuration/ParameterValueGroup.h>
+
+#include "schema/ContractChecks.h"
+
+namespace kivo::configuration {
+
+namespace {
+
+Specification const& checked(Specification const* spec) {
+    KIVO_REQUIRE(spec != 0);
+    return *spec;
+}
+
+} // namespace
+
+UnboundedParameterValueFixer::UnboundedParameterValueFixer(Specification const* spec)
+    : ParameterValueVisitor(false), mSpecificationGroup(checked(spec)), mSchemaStack{&mSpecificationGroup} {}
+
+bool UnboundedParameterValueFixer::visitGroupStart(ParameterValueGroup& group) {
+    auto const* schemaParent = mSchemaStack.back();
+    auto const* item = schemaParent->getItem(group.getParameterItemId(), false);
+    if (item && item->getItemType() == ParameterItem::PARAMETER) {
+        addText(group);
+        return false;
+    }
+    mSchemaStack.push_back(item ? static_cast<ParameterGroup const*>(item) : schemaParent);
+    openCopy(group);
+    return true;
+}
+
+void UnboundedParameterValueFixer::addText(ParameterValueGroup const& element) {
+    auto const* value = element.getValue("value");
+    if (!value) {
+        throw ConfigurationException("\"%s\" is not a valid parameter", element.getParameterItemId());
+    }
+    mTargetStack.back()->addValue(element.getParameterItemId(), value->getValue(0, false));
+    ++mChangeCount;
+}
+
+void UnboundedParameterValueFixer::openCopy(ParameterValueGroup const& group) {
+    std::unique_ptr<ParameterValueGroup> copy(group.clone(ParameterValueItem::SHALLOW_COPY));
+    auto* const target = copy.get();
+    if (mTargetStack.empty()) {
+        mResult = std::move(copy);
+    } else {
+        mTargetStack.back()->addItem(copy.release());
+    }
+    mTargetStack.push_back(target);
+}
+
+void UnboundedParameterValueFixer::visitGroupEnd(ParameterValueGroup&) {
+    mSchemaStack.pop_back();
+    mTargetStack.pop_back();
+}
+
+bool UnboundedParameterValueFixer::visitParameterValue(ParameterValue& value) {
+    mTargetStack.back()->addItem(value.clone(ParameterValueItem::DEEP_COPY));
+    return true;
+}
+
+ParameterValueGroup const* UnboundedParameterValueFixer::getResult() const { return mResult.get(); }
+
+unsigned long UnboundedParameterValueFixer::getChangeCount() const { return mChangeCount; }
+
+} // namespace kivo::configuration

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <configuration/ParameterValueVisitor.h>
+
+#include "schema/SpecificationParameterGroup.h"
+
+#include <memory>
+#include <vector>
+
+namespace kivo::configuration {
+
+/// Copies the tree of a values file and turns every element that names a parameter into one text of that parameter's
+/// value in the enclosing group: the text of its attribute "value". Does not change the tree that it visits.
+class UnboundedParameterValueFixer final : public ParameterValueVisitor {
+public:
+    /// @throws kivo::ContractViolationException "spec != 0"
+    explicit UnboundedParameterValueFixer(Specification const* spec);
+
+    /// @throws ConfigurationException "\"%s\" is not a valid parameter": the element has no attribute "value"
+    bool visitGroupStart(ParameterValueGroup& group) override;
+    void visitGroupEnd(ParameterValueGroup& group) override;
+    bool visitParameterValue(ParameterValue& value) override;
+
+    /// The copy; null before the first group was visited.
+    ParameterValueGroup const* getResult() const;
+    /// The number of elements that became texts.
+    unsigned long getChangeCount() const;
+
+private:
+    void addText(ParameterValueGroup const& element);
+    void openCopy(ParameterValueGroup const& group);
+
+    SpecificationParameterGroup mSpecificationGroup;
+    std::unique_ptr<ParameterValueGroup> mResult;
+    unsigned long mChangeCount = 0;
+    /// The schema group of each open value group; at the bottom the one above the specification's root.
+    std::vector<ParameterGroup const*> mSchemaStack;
+    /// The copy of each open value group.
+    std::vector<ParameterValueGroup*> mTargetStack;
+};
+
+} // namespace kivo::configuration
