@@ -54,7 +54,7 @@ public:
     /// @throws kivo::ContractViolationException "index < mValues.size()", as all readers of an entry
     virtual char const* getValue(unsigned long index, bool ignoreDefault) const;
     /// False for "false" in any letter case and for a number that is 0 as a 32-bit int; false without a text; else true.
-    /// An enumeration's label reads as whether its number is not 0.
+    /// An enumeration's label reads as whether its number is not 0. Without a text, all readers say false or 0.
     /// @throws ConfigurationException "symbol \"<text>\" was not found" for an enumeration, as the next three
     virtual bool getBooleanValue(unsigned long index) const;
     /// The leading decimal digits as a number, 0 without any; an enumeration's label reads as its number.

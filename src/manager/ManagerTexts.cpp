@@ -57,11 +57,11 @@ std::string& representationCache(ParameterValueItem const*) {
 } // namespace
 
 char const* Manager::getRepresentation(ParameterItem const& item) const {
-    return (representationCache(&item) = ParameterItemRepresentationVisitor::getRepresentation(item)).c_str();
+    return representationCache(&item).assign(ParameterItemRepresentationVisitor::getRepresentation(item)).c_str();
 }
 
 char const* Manager::getRepresentation(ParameterValueItem const& item) const {
-    return (representationCache(&item) = ParameterValueItemRepresentationVisitor::getRepresentation(item)).c_str();
+    return representationCache(&item).assign(ParameterValueItemRepresentationVisitor::getRepresentation(item)).c_str();
 }
 
 } // namespace kivo::configuration

@@ -8,7 +8,28 @@
 #include "providers/XmlValuesFile.h"
 #include "visitors/UnboundedParameterValueFixer.h"
 
+#include <vector>
+
 namespace kivo::configuration {
+
+namespace {
+
+/// Makes one group equal to another, whose children move over: they are all that a file holds, and need no copy.
+void moveGroup(ParameterValueGroup& from, ParameterValueGroup& to) {
+    to = ParameterValueGroup(from, ParameterValueItem::SHALLOW_COPY);
+    std::vector<ParameterValueItem*> children;
+    children.reserve(from.getNumberOfItems());
+    while (auto const count = from.getNumberOfItems()) {
+        children.push_back(from.getItem(count - 1));
+        from.removeItem(count - 1);
+    }
+    while (!children.empty()) {
+        to.addItem(children.back());
+        children.pop_back();
+    }
+}
+
+} // namespace
 
 class XmlFileValueProvider::Impl {
 public:
@@ -42,7 +63,7 @@ void XmlFileValueProvider::reset() {
 void XmlFileValueProvider::setArguments(char const* argument, int) {
     std::unique_ptr<ParameterValueGroup> const values(loadFromXmlFile(argument));
     mImpl->fixed = false;
-    setDataCache(*values);
+    moveGroup(*values, getDataCache());
 }
 
 void XmlFileValueProvider::setArguments(int argc, char const* const* argv, int flags) {

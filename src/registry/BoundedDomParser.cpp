@@ -5,11 +5,13 @@
 #include "registry/RegularFileSource.h"
 #include "registry/XmlText.h"
 
+#include <xercesc/dom/DOMException.hpp>
 #include <xercesc/framework/XMLAttDefList.hpp>
 #include <xercesc/framework/XMLAttr.hpp>
 #include <xercesc/internal/XMLScanner.hpp>
 #include <xercesc/util/OutOfMemoryException.hpp>
 
+#include <algorithm>
 #include <functional>
 #include <new>
 #include <string_view>
@@ -44,15 +46,25 @@ BoundedDomParser::BoundedDomParser(xercesc::ErrorHandler& errorHandler)
 
 void BoundedDomParser::read(RegularFileSource const& source) {
     if (!source.getProblem().empty()) {
-        mRefuser.report(source.getProblem().c_str());
+        report(source.getProblem().c_str());
         return;
     }
     try {
         parse(source);
     } catch (InputRefuser::Refused const&) { // reported already
+    } catch (xercesc::DOMException const& fault) { // a name that no document can hold
+        report(fault.getMessage());
     } catch (xercesc::OutOfMemoryException const&) {
         throw std::bad_alloc();
     }
+}
+
+void BoundedDomParser::XMLDecl(XMLCh const* version, XMLCh const* encoding, XMLCh const* standalone,
+                               XMLCh const* actualEncoding) {
+    if (!equalsAscii(version, "1.0") && !equalsAscii(version, "1.1")) {
+        mRefuser.refuse(std::u16string(u"the XML version '").append(version).append(u"' is unknown"));
+    }
+    XercesDOMParser::XMLDecl(version, encoding, standalone, actualEncoding);
 }
 
 void BoundedDomParser::startElement(xercesc::XMLElementDecl const& declaration, unsigned int uriId, XMLCh const* prefix,
@@ -69,12 +81,14 @@ void BoundedDomParser::startElement(xercesc::XMLElementDecl const& declaration, 
     }
     checkName(declaration.getBaseName());
     checkText(prefix);
+    auto lastUriId = uriId;
     for (XMLSize_t i = 0; i < attributeCount; ++i) {
         auto const& attribute = *attributes.elementAt(i);
         checkName(attribute.getQName());
         checkText(attribute.getValue());
+        lastUriId = std::max(lastUriId, attribute.getURIId());
     }
-    if (mNames.size() > MAX_NAMES) {
+    if (mNames.size() > MAX_NAMES || lastUriId > MAX_NAMES) { // ids count the namespaces of the document
         mRefuser.refuse(u"more than 20000 different names are used");
     }
     XercesDOMParser::startElement(declaration, uriId, prefix, attributes, attributeCount, isEmpty, isRoot);
@@ -84,6 +98,10 @@ void BoundedDomParser::endElement(xercesc::XMLElementDecl const& declaration, un
                                   XMLCh const* prefix) {
     --mDepth;
     XercesDOMParser::endElement(declaration, uriId, isRoot, prefix);
+}
+
+void BoundedDomParser::report(XMLCh const* problem) {
+    error(0, xercesc::XMLUni::fgXMLErrDomain, xercesc::XMLErrorReporter::ErrType_Fatal, problem, nullptr, nullptr, 0, 0);
 }
 
 /// Each element gets copies of the defaults declared for it.

@@ -31,6 +31,8 @@ public:
     /// Reads the whole file, or up to the first error that cannot be passed.
     void read(RegularFileSource const& source);
 
+    void XMLDecl(XMLCh const* version, XMLCh const* encoding, XMLCh const* standalone,
+                 XMLCh const* actualEncoding) override;
     void startElement(xercesc::XMLElementDecl const& declaration, unsigned int uriId, XMLCh const* prefix,
                       xercesc::RefVectorOf<xercesc::XMLAttr> const& attributes, XMLSize_t attributeCount, bool isEmpty,
                       bool isRoot) override;
@@ -48,6 +50,7 @@ public:
     /// @}
 
 private:
+    void report(XMLCh const* problem);
     void countDefaults(xercesc::XMLElementDecl const& declaration);
     void checkName(XMLCh const* name);
     void checkText(XMLCh const* text) const;

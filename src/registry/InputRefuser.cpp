@@ -10,14 +10,10 @@ InputRefuser::InputRefuser(xercesc::XMLErrorReporter& reporter, xercesc::Locator
     : mReporter(reporter), mLocator(locator) {}
 
 void InputRefuser::refuse(std::u16string const& reason) const {
-    report(reason.c_str());
-    throw Refused();
-}
-
-void InputRefuser::report(XMLCh const* reason) const {
-    mReporter.error(0, xercesc::XMLUni::fgXMLErrDomain, xercesc::XMLErrorReporter::ErrType_Fatal, reason,
+    mReporter.error(0, xercesc::XMLUni::fgXMLErrDomain, xercesc::XMLErrorReporter::ErrType_Fatal, reason.c_str(),
                     mLocator.getSystemId(), mLocator.getPublicId(), mLocator.getLineNumber(),
                     mLocator.getColumnNumber());
+    throw Refused();
 }
 
 } // namespace kivo::configuration

@@ -20,9 +20,6 @@ public:
     /// @param reason why, without a period
     [[noreturn]] void refuse(std::u16string const& reason) const;
 
-    /// Reports an error and returns.
-    void report(XMLCh const* reason) const;
-
 private:
     xercesc::XMLErrorReporter& mReporter;
     xercesc::Locator const& mLocator;

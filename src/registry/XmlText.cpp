@@ -22,6 +22,8 @@ bool isLeadSurrogate(char32_t c) { return c >= 0xD800 && c < 0xDC00; }
 
 bool isTrailSurrogate(char32_t c) { return c >= 0xDC00 && c < 0xE000; }
 
+bool isControl(char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }
+
 std::string_view codePageName() {
     std::string_view const name = nl_langinfo(CODESET);
     return name == "ANSI_X3.4-1968" ? "UTF-8" : name; // the former is how the locale "C" calls plain ASCII
@@ -113,7 +115,16 @@ std::string toLocalText(XMLCh const* text) {
 }
 
 std::string toMessageText(XMLCh const* text) {
-    return convert(text, [](std::string& result, char32_t c) { result += "&#x" + hexadecimal(c) + ";"; });
+    auto const appendReference = [](std::string& result, char32_t c) { result += "&#x" + hexadecimal(c) + ";"; };
+    std::string message;
+    for (char const c : convert(text, appendReference)) {
+        if (isControl(c)) {
+            appendReference(message, static_cast<unsigned char>(c));
+        } else {
+            message += c;
+        }
+    }
+    return message;
 }
 
 std::string findConversionProblem(XMLCh const* text) {

@@ -20,8 +20,8 @@ bool isLocalCodePageUnicode();
 /// @throws ConfigurationException "character U+<code> is not in the local code page \"<name>\""
 std::string toLocalText(XMLCh const* text);
 
-/// As toLocalText() for texts that people read: a character that the local code page cannot hold is written as a
-/// character reference, such as "&#x20AC;".
+/// As toLocalText() for messages of one line: a character that the local code page cannot hold, or that would break the
+/// line, is written as a character reference, such as "&#x20AC;".
 std::string toMessageText(XMLCh const* text);
 
 /// What is wrong with a text that toLocalText() would refuse; empty when nothing is.

@@ -87,18 +87,20 @@ char const* ParameterValue::getValue(unsigned long index, bool ignoreDefault) co
 
 bool ParameterValue::getBooleanValue(unsigned long index) const {
     char const* text = getValue(index, false);
-    if (auto const* definition = mImpl->enumDefinition()) {
-        return definition->getValue(text) != 0;
+    if (!text) {
+        return false;
     }
-    return text && parseBoolean(text);
+    auto const* definition = mImpl->enumDefinition();
+    return definition ? definition->getValue(text) != 0 : parseBoolean(text);
 }
 
 int ParameterValue::getIntValue(unsigned long index) const {
     char const* text = getValue(index, false);
-    if (auto const* definition = mImpl->enumDefinition()) {
-        return definition->getValue(text);
+    if (!text) {
+        return 0;
     }
-    return text ? static_cast<int>(parseInteger(text).value) : 0;
+    auto const* definition = mImpl->enumDefinition();
+    return definition ? definition->getValue(text) : static_cast<int>(parseInteger(text).value);
 }
 
 unsigned int ParameterValue::getUIntValue(unsigned long index) const {
@@ -107,10 +109,11 @@ unsigned int ParameterValue::getUIntValue(unsigned long index) const {
 
 double ParameterValue::getDoubleValue(unsigned long index) const {
     char const* text = getValue(index, false);
-    if (auto const* definition = mImpl->enumDefinition()) {
-        return definition->getValue(text);
+    if (!text) {
+        return 0.0;
     }
-    return text ? parseDouble(text).value : 0.0;
+    auto const* definition = mImpl->enumDefinition();
+    return definition ? definition->getValue(text) : parseDouble(text).value;
 }
 
 unsigned long ParameterValue::getNumberOfValues() const { return mImpl->mValues.size(); }

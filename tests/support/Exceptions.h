@@ -1,0 +1,30 @@
+#pragma once
+
+// What a call throws, as a text to compare:
+//
+//     EXPECT_EQ(whatOf([&] { errors.getError(0); }), contractText("index < getNumberOfErrors()"));
+//     EXPECT_EQ(whatOf<ConfigurationException>([&] { group.getValue("g"); }), "\"g\" is not a parameter value");
+
+#include <exception>
+#include <string>
+
+namespace kivo::test {
+
+/// The what() of the exception that a call throws, which must be of a type (or derived from it). A call that throws
+/// nothing, or something else, yields a text in angle brackets, which no message of the library looks like.
+template <class Exception = std::exception, class Call>
+std::string whatOf(Call&& call) {
+    try {
+        call();
+    } catch (Exception const& thrown) {
+        return thrown.what() ? thrown.what() : "<null>";
+    } catch (...) {
+        return "<another type>";
+    }
+    return "<nothing>";
+}
+
+/// The text of a contract violation.
+inline std::string contractText(std::string const& condition) { return "Contract violation: \"" + condition + "\""; }
+
+} // namespace kivo::test
