@@ -17,8 +17,7 @@ public:
     explicit ConfigurationException(char const* format, ...) KIVO_CONFIGURATION_PRINTF(2, 3);
     /// An independent copy of the message.
     ConfigurationException(ConfigurationException const& other);
-    /// An independent copy of the message.
-    ConfigurationException& operator=(ConfigurationException const& other);
+    ConfigurationException& operator=(ConfigurationException const& other) = delete;
     ~ConfigurationException() override;
 
     /// The message; it lives as long as this object. Null only when the format was null.

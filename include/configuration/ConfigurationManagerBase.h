@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// What the kernel needs of the library: the base of its manager, and the entry points by which it loads a plug-in.
+
 #include <configuration/Export.h>
 
 namespace kivo::configuration {
@@ -7,6 +10,7 @@ namespace kivo::configuration {
 /// What the kernel knows of a configuration manager.
 class KIVO_CONFIGURATION_API ConfigurationManagerBase {
 public:
+    /// For derived classes; sets nothing up.
     ConfigurationManagerBase();
     virtual ~ConfigurationManagerBase();
 

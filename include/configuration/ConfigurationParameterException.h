@@ -17,8 +17,7 @@ public:
         KIVO_CONFIGURATION_PRINTF(3, 4);
     /// An independent copy of message and list.
     ConfigurationParameterException(ConfigurationParameterException const& other);
-    /// An independent copy of message and list.
-    ConfigurationParameterException& operator=(ConfigurationParameterException const& other);
+    ConfigurationParameterException& operator=(ConfigurationParameterException const& other) = delete;
     ~ConfigurationParameterException() override;
 
     /// The single faults; the list lives as long as this exception.

@@ -4,6 +4,7 @@
 
 #include <exception>
 
+/// What does not belong to the configuration library alone.
 namespace kivo {
 
 /// Thrown by a public operation whose precondition does not hold: a null pointer, an empty name, an index out of range.
@@ -13,7 +14,9 @@ class KIVO_CONFIGURATION_API ContractViolationException : public std::exception 
 public:
     /// @param staticText text that lives as long as the process; it is neither copied nor freed
     explicit ContractViolationException(char const* staticText) noexcept;
+    /// Refers to the same text.
     ContractViolationException(ContractViolationException const& other) noexcept = default;
+    /// Refers to the same text from now on.
     ContractViolationException& operator=(ContractViolationException const& other) noexcept = default;
     ~ContractViolationException() override;
 

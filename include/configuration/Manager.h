@@ -7,6 +7,8 @@
 #include <atomic>
 #include <memory>
 
+/// Settings that are described once, given from several sources, merged, checked, and explained to users. Manager is the
+/// front door.
 namespace kivo::configuration {
 
 class ParameterEnumDefinition;
@@ -75,7 +77,8 @@ public:
     /// already stay as they are.
     /// @throws kivo::ContractViolationException "valueProvider != 0"
     void registerProvider(ValueProvider* valueProvider);
-    /// Registers the built-in validators and those that plug-ins offer.
+    /// Registers the built-in validators and those that plug-ins offer. The singleton has them already: registered again,
+    /// they are duplicates, which look-ups report.
     void registerDefaultValidators();
     /// @}
 
@@ -123,6 +126,11 @@ public:
     /// @param flags         passed to the providers
     /// @throws kivo::ContractViolationException "specification != 0"
     /// @throws ConfigurationParameterException all faults of the first phase that found any
+    /// @throws ConfigurationException an ambiguous flag; a value where a group belongs or the other way round; a
+    ///         specification without its root group
+    ///
+    /// When a source asks for "help", the sources behind it are not asked, and the group holds "help" (with "quiet" and
+    /// "notitle", if they are set) beside what was collected before, unchecked and without defaults.
     void getValues(Specification const* specification, ParameterValueGroup& result, int flags);
     /// As above, by name.
     /// @throws ConfigurationException "Specification \"<name>\" was not found", "Duplicate specification \"<name>\""
@@ -131,13 +139,18 @@ public:
     /// @param specification what the values are for, not null
     /// @param values        an unnamed group that holds the group named by the specification's id
     /// @param flags         STRICT_RECOGNITION
-    /// @throws ConfigurationParameterException all faults of the first phase that found any
+    /// @throws kivo::ContractViolationException "specification != 0"
+    /// @throws ConfigurationParameterException all faults of the first phase that found any. The tree then is as far as the
+    ///         phases before left it: bound, and split under its constraints. When the values ask for "help", it is left
+    ///         bound, without further checks.
+    /// @throws ConfigurationException what getValues() throws
     void validateValues(Specification const* specification, ParameterValueGroup& values, int flags);
     /// The settings of a specification. They are collected once, and kept until setApplicationValues(), reset() or
     /// shutdown(): sources that are added later are not seen before.
     /// @param name     id of the specification
     /// @param required whether no value at all is an error; else the handle is then null, and nothing is kept
     /// @param flags    passed to the providers
+    /// @throws kivo::ContractViolationException "objectKey != 0 && *objectKey != '\0'"
     /// @throws ConfigurationException "The \"<name>\" group was not found", and as getValues()
     ValueGroup getValueGroup(char const* name, bool required, int flags) const;
     /// The occurrences of a specification whose root group repeats; as getValueGroup().
@@ -186,10 +199,12 @@ public:
                              char const* const* argv) override;
     /// Adds a provider for one values file, asked after those that are there. A name without a directory that does not
     /// exist is looked for in the configuration directory.
+    /// @throws kivo::ContractViolationException "path != 0"
     /// @throws ConfigurationException "File \"<path>\" was not found"
     /// @throws ConfigurationParameterException the faults of the file, one a line
     void loadConfigurationFile(char const* path);
-    /// Loads the registry files of the installation: "kivobase.crg" first, then all others.
+    /// Loads the registry files of the installation: "kivobase.crg" first, then all others. The singleton has loaded them
+    /// already: what they declare is then refused as not unique.
     /// @throws ConfigurationException "Unable to find the kivobase.crg file."; what reading a file throws
     void loadDefaultConfigurationRegistry();
     /// @}

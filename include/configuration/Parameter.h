@@ -27,8 +27,8 @@ public:
         ENUM_PARAMETER = 6     ///< a label of the parameter's enumeration definition
     };
 
-    /// Builds a parameter without registering it; tools use Create(). The arguments and exceptions are the same, but
-    /// for the id that is taken.
+    /// Builds a parameter without registering it; tools use Create(), which tells the arguments and exceptions. An id that
+    /// is null or empty is "id && strlen(id) > 0" here, and one that is taken is not noticed.
     Parameter(char const* id, char const* name, char const* description, bool optional, bool unbounded,
               ValueType valueType, char const* defaultValue, char const* valueName, char const* validatorName,
               bool hidden);
@@ -87,8 +87,9 @@ public:
     /// @param hidden        whether usage and help texts leave it out
     /// @throws kivo::ContractViolationException "id != 0", "objectKey != 0 && *objectKey != '\0'" (the look-up of the
     ///         id comes first), "name && strlen(name) > 0", "description && strlen(description) > 0"
+    ///         An empty validator name is "objectKey != 0 && *objectKey != '\0'".
     /// @throws ConfigurationException "Parameter id \"<id>\" is not unique",
-    ///         "Validator \"<validatorName>\" was not found",
+    ///         "Validator \"<validatorName>\" was not found", "Duplicate validator \"<validatorName>\"",
     ///         "Optional parameter \"<name>\" is missing a default value" (optional, not unbounded, no default)
     /// @throws ConfigurationParameterException
     ///         "\"<defaultValue>\" is not a valid default value for parameter \"<name>\"", with the single faults

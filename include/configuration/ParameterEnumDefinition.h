@@ -22,7 +22,7 @@ public:
     /// @param symbol the label, told apart from others by letter case; null counts as the empty label
     /// @param value  its number
     void addEnumValue(char const* symbol, int value);
-    /// The number of a label, which must match exactly, letter case included.
+    /// The number of a label, which must match exactly, letter case included. Null is no label.
     /// @throws ConfigurationException "symbol \"<symbol>\" was not found"
     int getValue(char const* symbol) const;
 

@@ -79,12 +79,14 @@ public:
     /// @throws ConfigurationException "Group id \"<id>\" is not unique": a group of any role has it; a parameter may
     static ParameterGroup* CreateGroup(char const* id, char const* name, char const* description);
     /// Makes and registers a container.
+    /// @throws kivo::ContractViolationException as for Parameter::Create()
     /// @throws ConfigurationException "Container id \"<id>\" is not unique"
     static ParameterGroup* CreateContainer(char const* id, char const* name, char const* description, bool optional,
                                            bool unbounded);
     /// Makes and registers a mutually exclusive constraint, which is never unbounded.
     /// @param description null stands for a single blank
     /// @param optional    whether none of the items need be given
+    /// @throws kivo::ContractViolationException as for Parameter::Create()
     /// @throws ConfigurationException "Mutually Exclusive id \"<id>\" is not unique"
     static ParameterGroup* CreateMutuallyExclusive(char const* id, char const* name, char const* description,
                                                    bool optional);

@@ -50,14 +50,15 @@ public:
     /// The text of an entry, or null when it has none.
     /// @param index         position, counted from 0
     /// @param ignoreDefault true: an absent entry does not read as the parameter's default
-    /// @return a text that lives until the entry or the parameter changes
+    /// @return a text that lives until the value changes
     /// @throws kivo::ContractViolationException "index < mValues.size()", as all readers of an entry
     virtual char const* getValue(unsigned long index, bool ignoreDefault) const;
-    /// False for "false" in any letter case and for a number that is 0 as a 32-bit int; false without a text; else true.
-    /// An enumeration's label reads as whether its number is not 0. Without a text, all readers say false or 0.
+    /// False for "false" in any letter case, for an empty text and for a number that is 0 as a 32-bit int; else true. An
+    /// enumeration's label reads as whether its number is not 0. Without a text, all readers say false or 0.
     /// @throws ConfigurationException "symbol \"<text>\" was not found" for an enumeration, as the next three
     virtual bool getBooleanValue(unsigned long index) const;
-    /// The leading decimal digits as a number, 0 without any; an enumeration's label reads as its number.
+    /// The decimal number that the text begins with, behind white space and with a sign, 0 without any; of a number that
+    /// does not fit, the low 32 bits as strtol gives it. An enumeration's label reads as its number.
     virtual int getIntValue(unsigned long index) const;
     /// As getIntValue(), taken as unsigned: texts up to 4294967295 read as they stand.
     virtual unsigned int getUIntValue(unsigned long index) const;
@@ -89,6 +90,11 @@ protected:
     KIVO_CONFIGURATION_LOCAL ParameterValue(std::unique_ptr<Impl> impl, ParameterValue const& other);
 
 private:
+    friend class ParameterValueAggregationVisitor;
+
+    /// Takes over the state of another value, which can only be destroyed afterwards.
+    KIVO_CONFIGURATION_LOCAL ParameterValue(TakeOver, ParameterValue& other) noexcept;
+
     Impl* mImpl; // the state that the base owns
 };
 

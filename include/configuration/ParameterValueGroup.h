@@ -51,7 +51,7 @@ public:
     /// The number of children.
     unsigned long getNumberOfItems() const;
 
-    /// Appends a child and takes ownership of it.
+    /// Appends a child and takes ownership of it, even when memory runs out.
     /// @throws kivo::ContractViolationException "item != 0"
     void addItem(ParameterValueItem* item);
     /// Appends a text to the child of an id; makes an unbound ParameterValue when there is no such child.
@@ -88,9 +88,12 @@ public:
 
 private:
     friend class ParameterValueItem;
+    friend ParameterValueItem* findChild(ParameterValueGroup const& parent, char const* id, ItemType type);
 
     /// The id of a child changed.
     KIVO_CONFIGURATION_LOCAL void childIdChanged();
+    /// Whether an item is below this group.
+    KIVO_CONFIGURATION_LOCAL bool isAbove(ParameterValueItem const& item) const;
 
     class KIVO_CONFIGURATION_LOCAL Impl;
     Impl* mImpl; // the state that the base owns

@@ -44,14 +44,14 @@ public:
     /// Lets a visitor see this node; see ParameterValueVisitor for the protocol.
     virtual bool accept(ParameterValueVisitor& visitor) = 0;
     /// A new node for the caller to own, or to hand to ParameterValueGroup::addItem(). Until then its parent is that of
-    /// this node.
+    /// this node, and must not be used when that may be gone; the same holds for copies made otherwise.
     virtual ParameterValueItem* clone(CopyMethod method) const = 0;
 
     /// Whether the node was bound, by matching or by its constructor.
     ItemState getItemState() const;
     /// The schema item that the node is bound to, or null. Owned by the Manager.
     ParameterItem const* getParameterItem() const;
-    /// The group that holds the node, or null.
+    /// The group that holds the node, or null; of a copy that no group holds yet, what it was for the source.
     ParameterValueGroup* getParentGroup() const;
 
 protected:
@@ -72,10 +72,14 @@ protected:
     KIVO_CONFIGURATION_LOCAL ParameterValueItem(std::unique_ptr<Impl> impl, ParameterItem const* item);
     /// As the copy constructor, likewise.
     KIVO_CONFIGURATION_LOCAL ParameterValueItem(std::unique_ptr<Impl> impl, ParameterValueItem const& other);
+    /// Tells the constructor that takes over from the copy constructor.
+    struct KIVO_CONFIGURATION_LOCAL TakeOver {};
+    /// Takes over the state of another node, which can only be destroyed afterwards.
+    KIVO_CONFIGURATION_LOCAL ParameterValueItem(TakeOver, ParameterValueItem& other) noexcept;
     /// The state given at construction.
     KIVO_CONFIGURATION_LOCAL Impl* getImpl() const noexcept;
 
-    /// Copies id, state, binding and parent.
+    /// Copies id, state and binding, and the parent unless a group holds this node.
     ParameterValueItem& operator=(ParameterValueItem const& other);
 
     /// Binds the node; the stored id is left as it was. Reached through the helpers of the visitors.
@@ -97,6 +101,8 @@ private:
 
     /// A group took the item into its list of children, or (null) let it go.
     KIVO_CONFIGURATION_LOCAL void setHolder(ParameterValueGroup* group);
+    /// The group whose child the item is, or null. Unlike the parent, never one that is gone.
+    KIVO_CONFIGURATION_LOCAL ParameterValueGroup* getHolder() const;
     /// Tells the group that holds the item that it may now be found by another id.
     KIVO_CONFIGURATION_LOCAL void idChanged();
 

@@ -35,7 +35,9 @@ public:
     bool isMutator() const;
 
 protected:
+    /// A copy of a mutator is a mutator.
     ParameterValueVisitor(ParameterValueVisitor const&) = default;
+    /// Makes this a mutator exactly when the other is one.
     ParameterValueVisitor& operator=(ParameterValueVisitor const&) = default;
 
     /// Replaces the stored id of an item.
@@ -47,6 +49,9 @@ protected:
     /// @throws kivo::ContractViolationException "parameterItem != 0"
     /// @throws ConfigurationException "\"<name>\" must be a parameter", "\"<name>\" must be a parameter group"
     void assignParameterItem(ParameterValueItem& item, ParameterItem const* parameterItem);
+
+    /// The group whose child an item is, or null. Unlike the item's parent, never one that is gone.
+    KIVO_CONFIGURATION_LOCAL static ParameterValueGroup* holderOf(ParameterValueItem const& item);
 
 private:
     bool mMutator;

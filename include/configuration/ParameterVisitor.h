@@ -18,6 +18,7 @@ class ParameterValueItem;
 /// removed during it end it with a contract violation, after the middle call.
 class KIVO_CONFIGURATION_API ParameterVisitor {
 public:
+    /// For derived visitors, which start without a walk.
     ParameterVisitor();
     virtual ~ParameterVisitor();
 
@@ -31,7 +32,9 @@ public:
     virtual bool visitParameter(Parameter const& parameter);
 
 protected:
+    /// There is nothing to copy: visitors that are copied keep their state in the derived class.
     ParameterVisitor(ParameterVisitor const&) = default;
+    /// There is nothing to copy.
     ParameterVisitor& operator=(ParameterVisitor const&) = default;
 
     /// Binds a value item to a schema item, for walkers that build a value tree beside the schema.

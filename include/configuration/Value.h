@@ -32,9 +32,10 @@ public:
     /// Reads a BOOLEAN_PARAMETER.
     /// @throws ConfigurationException "Value is null", as all readers and writers
     /// @throws kivo::ContractViolationException the parameter is of another type:
-    ///         "mValue->getValueType() == Parameter::BOOLEAN_PARAMETER", as all, each with its type
+    ///         "mValue->getValueType() == Parameter::BOOLEAN_PARAMETER", as all, each with its type; or the value is
+    ///         unbound: "mParameter != 0"
     virtual bool asBoolean() const;
-    /// Reads a STRING_PARAMETER. Null when the entry has no text. Lives until the entry changes.
+    /// Reads a STRING_PARAMETER. Null when the entry has no text. Lives until the value changes.
     virtual char const* asString() const;
     /// Reads an INT_PARAMETER, or the number of an ENUM_PARAMETER's label.
     virtual int asInteger() const;
@@ -61,7 +62,7 @@ public:
     bool isNull() const;
     /// The same as isNull(): an alternative that was not chosen has no value.
     bool isExcluded() const;
-    /// Whether the text is the parameter's default.
+    /// Whether the value is marked as the parameter's default; writing to it leaves the mark.
     bool isDefaultValue() const;
     /// The number of texts; 0 for a null handle.
     unsigned long getNumberOfValues() const;

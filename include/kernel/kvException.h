@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The one kernel header that the library's own public headers need.
+
 #include <exception>
 
 /// Marks what the kernel exports; everything else of it is hidden.
@@ -12,8 +15,11 @@ class kvSession;
 /// The order of the virtual operations is part of the binary interface. Thrown by value, so copyable.
 class KIVO_KERNEL_API kvException : public std::exception {
 public:
+    /// An exception without a message of its own.
     kvException() = default;
+    /// There is nothing to copy: a derived class has the message.
     kvException(kvException const&) = default;
+    /// There is nothing to copy.
     kvException& operator=(kvException const&) = default;
     ~kvException() override;
 

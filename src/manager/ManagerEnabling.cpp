@@ -98,11 +98,8 @@ void Manager::Impl::enableConfiguration(bool allowMachineConfig, char const* app
         throw ConfigurationException("Missing value for the -loadConfiguration parameter");
     }
     if (!arguments.empty()) {
-        auto provider = std::make_unique<CommandLineValueProvider>(mNextProviderPriority++);
-        auto& registered = *provider;
-        registerProvider(std::move(provider));
         VectorWrapper const kept(commandLine.kept);
-        registered.enableProvider(kept.size(), kept, 0);
+        addProvider<CommandLineValueProvider>(mNextProviderPriority++).enableProvider(kept.size(), kept, 0);
     }
     if (!applicationFile.empty()) {
         loadAndLogConfigurationFile(applicationFile, false);
@@ -123,10 +120,7 @@ bool Manager::Impl::loadConfigurationFile(std::string const& path, bool allowMis
         }
         throw ConfigurationException("File \"%s\" was not found", resolved.c_str());
     }
-    auto provider = std::make_unique<XmlFileValueProvider>(mNextProviderPriority++);
-    auto& registered = *provider;
-    registerProvider(std::move(provider));
-    registered.enableProvider(resolved.c_str(), 0);
+    addProvider<XmlFileValueProvider>(mNextProviderPriority++).enableProvider(resolved.c_str(), 0);
     return true;
 }
 

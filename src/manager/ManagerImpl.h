@@ -29,7 +29,15 @@ public:
     ~Impl();
 
     // configuration_Manager.cpp
-    void registerProvider(std::unique_ptr<ValueProvider> provider);
+    /// Takes ownership, unless it throws. Behind the providers of the same priority.
+    void registerProvider(ValueProvider* provider);
+    /// Makes, registers and returns a provider.
+    template <class Provider>
+    Provider& addProvider(int priority) {
+        auto provider = std::make_unique<Provider>(priority);
+        registerProvider(provider.get());
+        return *provider.release();
+    }
     void clearCaches();
 
     // ManagerRetrieval.cpp

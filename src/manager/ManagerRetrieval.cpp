@@ -21,12 +21,13 @@ namespace kivo::configuration {
 
 namespace {
 
-/// Checks merged values, fills in defaults, and copies the whole into the result with constraint groups dissolved.
-void completeValues(Specification const* specification, ParameterValueGroup& values, ParameterValueGroup& result) {
+/// Checks merged values, fills in defaults, and gives the whole to the result with constraint groups dissolved.
+void completeValues(Specification const* specification, ParameterValueGroup& values, ParameterValueGroup& result,
+                    ParameterValueAggregationVisitor::SourceUse sourceUse) {
     ParameterErrors errors;
     runPhase(values, errors, ParameterValueGroupValidationVisitor(specification, errors));
     runPhase(values, errors, ParameterValueGroupDefaultProviderVisitor(specification, errors));
-    runPhase(values, errors, ParameterValueAggregationVisitor(specification, result, errors, true));
+    runPhase(values, errors, ParameterValueAggregationVisitor(specification, result, errors, true, sourceUse));
 }
 
 /// What a tool gets whose user asked for help: the collected values as they are.
@@ -52,15 +53,17 @@ Specification* Manager::Impl::findSpecification(char const* name) const {
 void Manager::Impl::getValues(Specification const* specification, ParameterValueGroup& result, int flags) const {
     KIVO_REQUIRE(specification != 0);
     ParameterValueGroup collected(nullptr);
-    for (auto const& provider : mProviders) {
-        if (provider->getEnabled() && !provider->getValues(specification, collected, flags)) {
+    // By position: a provider of somebody's own may register another one meanwhile.
+    for (std::size_t i = 0; i < mProviders.size(); ++i) {
+        auto& provider = *mProviders[i];
+        if (provider.getEnabled() && !provider.getValues(specification, collected, flags)) {
             break;
         }
     }
     if (isFlagSet(collected, HELP)) {
         addHelpRequest(*specification, collected, result);
     } else {
-        completeValues(specification, collected, result);
+        completeValues(specification, collected, result, ParameterValueAggregationVisitor::CONSUME);
     }
 }
 
@@ -74,7 +77,7 @@ void Manager::Impl::validateValues(Specification const* specification, Parameter
     runPhase(values, errors, ConstraintSplitterVisitor(errors));
     runPhase(values, errors, FirstPhaseValidationVisitor(errors));
     ParameterValueGroup validated(nullptr);
-    completeValues(specification, values, validated);
+    completeValues(specification, values, validated, ParameterValueAggregationVisitor::COPY);
     values = validated;
 }
 
@@ -117,9 +120,7 @@ void Manager::Impl::setApplicationValues(ParameterValueGroup const& values, int 
     if (provider) {
         provider->reset();
     } else {
-        auto added = std::make_unique<ApplicationValuesProvider>(0);
-        provider = added.get();
-        registerProvider(std::move(added));
+        provider = &addProvider<ApplicationValuesProvider>(0);
     }
     provider->enableProvider(values, flags);
     mValueGroupCache.clear();

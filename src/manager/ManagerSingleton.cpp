@@ -16,7 +16,7 @@ std::atomic<Manager*> Manager::smInstance{nullptr};
 
 namespace {
 
-/// The library's only lock. It must outlive the manager: it is made before shutdown() is registered with atexit, and so
+/// The lock of getInstance() and shutdown(). It must outlive the manager: it is made before shutdown() is registered with atexit, and so
 /// destroyed after shutdown() has run.
 class SingletonMutex {
 public:

@@ -18,12 +18,10 @@ Manager::Impl::Impl() = default;
 
 Manager::Impl::~Impl() { clearCaches(); }
 
-void Manager::Impl::registerProvider(std::unique_ptr<ValueProvider> provider) {
-    mProviders.push_back(std::move(provider));
-    auto const compareProvidersByPriority = [](auto const& a, auto const& b) {
-        return a->getPriority() < b->getPriority();
-    };
-    std::ranges::stable_sort(mProviders, compareProvidersByPriority);
+void Manager::Impl::registerProvider(ValueProvider* provider) {
+    auto const position = std::ranges::upper_bound(mProviders, provider->getPriority(), {},
+                                                   [](auto const& registered) { return registered->getPriority(); });
+    mProviders.emplace(position)->reset(provider); // room first: when there is none, the caller keeps the provider
 }
 
 void Manager::Impl::clearCaches() {
@@ -75,7 +73,7 @@ void Manager::addValidator(ParameterValidator* validator) {
 
 void Manager::registerProvider(ValueProvider* valueProvider) {
     KIVO_REQUIRE(valueProvider != 0);
-    mImpl->registerProvider(std::unique_ptr<ValueProvider>(valueProvider));
+    mImpl->registerProvider(valueProvider);
 }
 
 void Manager::registerDefaultValidators() { mImpl->registerDefaultValidators(); }

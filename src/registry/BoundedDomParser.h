@@ -13,14 +13,15 @@ namespace kivo::configuration {
 
 class RegularFileSource;
 
-/// Reads the elements and attributes of a file into a document, without validation and without any other file or address,
-/// and refuses, as an error with line and column, what would take time or memory out of proportion to the file:
+/// Reads the elements and attributes of a file into a document, without validation and without any other file or
+/// address, and refuses, as an error with line and column, what would take time or memory out of proportion to the
+/// file:
 ///
 /// - elements nested deeper than 1,000 levels, or with more than 10,000 attributes
 /// - more than 20,000 different names: the time that a document takes grows with their square
 /// - more than 1,000 expansions of entities
 /// - what DocumentTypeGuard refuses
-/// - more than 1,000,000 characters of attributes that the file leaves to their declared defaults
+/// - more than 10,000,000 characters, or 100,000 attributes, that the file leaves to declared defaults
 ///
 /// A name or text that the local code page cannot hold is refused too.
 class BoundedDomParser final : public xercesc::XercesDOMParser {
@@ -62,7 +63,7 @@ private:
     unsigned int mDepth = 0;
     /// Hashes of the names seen.
     std::unordered_set<std::size_t> mNames;
-    XMLSize_t mDefaultedCharacters = 0;
+    XMLSize_t mDefaultedSize = 0;
 };
 
 } // namespace kivo::configuration

@@ -6,12 +6,13 @@
 
 namespace kivo::configuration {
 
-/// Looks at a document type declaration while it is read, and refuses what reaches outside of the file, or makes a small
-/// file large in ways that the parser does not limit:
+/// Looks at a document type declaration while it is read, and refuses what reaches outside of the file, or makes a
+/// small file large in ways that the parser does not limit:
 ///
 /// - an external subset, external entities, and parameter entities of any kind
 /// - more than 1,000 entities, or an entity of more than 1,000 characters
-/// - more than 1,000 attribute definitions, or an attribute list behind an entity (entities in default values are expanded
+/// - more than 1,000 attribute definitions, or an attribute list behind an entity (entities in default values are
+/// expanded
 ///   without being counted)
 class DocumentTypeGuard final : public xercesc::DocTypeHandler {
 public:

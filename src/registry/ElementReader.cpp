@@ -17,8 +17,9 @@ namespace kivo::configuration {
 namespace {
 
 /// In the order of RegistryAttribute.
-constexpr std::array ATTRIBUTE_NAMES = {"id",        "name",     "description", "type",      "valueName", "default", "validator",
-                                        "enumType", "optional", "unbounded",   "hidden",    "label",     "value"};
+constexpr std::array ATTRIBUTE_NAMES = {"id",      "name",      "description", "type",     "valueName",
+                                        "default", "validator", "enumType",    "optional", "unbounded",
+                                        "hidden",  "label",     "value"};
 
 } // namespace
 

@@ -56,7 +56,8 @@ std::u16string describeError(int error) {
 RegularFileSource::RegularFileSource(char const* path) : xercesc::InputSource(path) {
     struct stat status;
     bool isFound = stat(path, &status) == 0;
-    // Looked at before it is opened, since opening can have effects, and after, since the path may lead elsewhere by then.
+    // Looked at before it is opened, since opening can have effects, and after, since the path may lead elsewhere by
+    // then.
     if (isFound && S_ISREG(status.st_mode)) {
         mFile = open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK);
         isFound = mFile >= 0 && fstat(mFile, &status) == 0;

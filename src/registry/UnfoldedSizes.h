@@ -15,8 +15,8 @@ struct UnfoldedSize {
     unsigned long levels = 0; ///< groups on the longest way down
 };
 
-/// Sizes of finished groups. Each group is counted once, however often it is asked for, so that a few lines of references
-/// that unfold to millions of items cost no more than other lines.
+/// Sizes of finished groups. Each group is counted once, however often it is asked for, so that a few lines of
+/// references that unfold to millions of items cost no more than other lines.
 class UnfoldedSizes {
 public:
     /// The size of what is below a group.

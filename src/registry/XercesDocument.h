@@ -17,8 +17,8 @@ namespace kivo::configuration {
 /// To be used within a XercesLibraryInit, and destroyed before it ends.
 class XercesDocument final : private xercesc::ErrorHandler {
 public:
-    /// Reads a file. Whatever is wrong with it, missing files included, becomes a line in getErrors(); then the document
-    /// may be incomplete or null. BoundedDomParser tells what is refused beside faults of syntax.
+    /// Reads a file. Whatever is wrong with it, missing files included, becomes a line in getErrors(); then the
+    /// document may be incomplete or null. BoundedDomParser tells what is refused beside faults of syntax.
     /// @param fileName     path of a regular file, links followed
     /// @param errorHandler gets what the parser says instead of this object's lists; null: the lists get it
     XercesDocument(char const* fileName, xercesc::ErrorHandler* errorHandler);

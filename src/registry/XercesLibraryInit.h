@@ -3,8 +3,8 @@
 namespace kivo::configuration {
 
 /// The scope in which the XML library can be used. Scopes nest: the library is opened by the outermost one, which takes
-/// some milliseconds, so whoever reads several files puts one around all of them. What the library made must be gone when
-/// the scope ends.
+/// some milliseconds, so whoever reads several files puts one around all of them. What the library made must be gone
+/// when the scope ends.
 class XercesLibraryInit {
 public:
     XercesLibraryInit();

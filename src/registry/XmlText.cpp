@@ -109,9 +109,8 @@ std::string missingCharacter(char32_t c) {
 bool isLocalCodePageUnicode() { return codePageName() == "UTF-8"; }
 
 std::string toLocalText(XMLCh const* text) {
-    return convert(text, [](std::string const&, char32_t c) {
-        throw ConfigurationException("%s", missingCharacter(c).c_str());
-    });
+    return convert(
+        text, [](std::string const&, char32_t c) { throw ConfigurationException("%s", missingCharacter(c).c_str()); });
 }
 
 std::string toMessageText(XMLCh const* text) {

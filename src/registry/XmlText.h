@@ -6,8 +6,8 @@
 #include <type_traits>
 
 // Texts of the XML parser, which are UTF-16, in the local code page: that of the process's locale. The locale "C", in
-// which a process starts, names no code page of its own; there the local code page is UTF-8, so that the bytes of a UTF-8
-// file come out as they went in. Nothing is ever replaced silently.
+// which a process starts, names no code page of its own; there the local code page is UTF-8, so that the bytes of a
+// UTF-8 file come out as they went in. Nothing is ever replaced silently.
 
 namespace kivo::configuration {
 

@@ -34,9 +34,8 @@ struct ValueTypeWord {
 };
 
 constexpr ValueTypeWord VALUE_TYPE_WORDS[] = {
-    {"bool", Parameter::BOOLEAN_PARAMETER},  {"string", Parameter::STRING_PARAMETER},
-    {"int", Parameter::INT_PARAMETER},       {"uint", Parameter::UINT_PARAMETER},
-    {"double", Parameter::DOUBLE_PARAMETER}, {"oid", Parameter::OID_PARAMETER},
+    {"bool", Parameter::BOOLEAN_PARAMETER}, {"string", Parameter::STRING_PARAMETER}, {"int", Parameter::INT_PARAMETER},
+    {"uint", Parameter::UINT_PARAMETER},    {"double", Parameter::DOUBLE_PARAMETER}, {"oid", Parameter::OID_PARAMETER},
     {"enum", Parameter::ENUM_PARAMETER},
 };
 
@@ -336,7 +335,8 @@ void ConfigurationRegistryLoader::Impl::processGroupRefElement(DOMElement const&
     addToOpenGroup(group);
 }
 
-/// Of the open groups only the outermost can be one that a GroupRef may name: Group elements do not stand in each other.
+/// Of the open groups only the outermost can be one that a GroupRef may name: Group elements do not stand in each
+/// other.
 UnfoldedSize const& ConfigurationRegistryLoader::Impl::checkReference(ParameterGroup const& group) {
     if (&group == mOpenGroups.front()) {
         throw ConfigurationException("Group \"%s\" cannot contain itself", group.getId());

@@ -10,7 +10,7 @@
 namespace kivo::configuration {
 
 /// Finds items by key in about constant time: the first one added under a key, as a scan of the list would, or all of
-/// them in order. Keys are compared ignoring letter case. Neither items nor key texts are owned: a key text must stay
+/// them in order. At most 2^32 - 2 items. Keys are compared ignoring letter case. Neither items nor key texts are owned: a key text must stay
 /// where it is for as long as its item is in the index.
 template <class Item>
 class ItemIndex {
@@ -42,17 +42,24 @@ public:
         }
     }
 
-    /// Takes an item out. What it used stays in use, so that others are still found behind it; see isWorn().
-    void remove(std::string_view key, Item const* item) {
+    /// Takes an item out, if it is one of the first of its key. What it used stays in use, so that others are still found
+    /// behind it.
+    /// @return false when the item was not found, or so much was removed that it is cheaper to build the index anew
+    bool remove(std::string_view key, Item const* item) {
+        if (mSlots.empty()) {
+            return false;
+        }
         auto& slot = mSlots[findSlot(key, hashOf(key))];
         auto previous = NONE;
-        for (auto node = slot.head; node != NONE; previous = node, node = mNodes[node].next) {
+        auto node = slot.head;
+        for (int i = 0; i < REMOVE_LIMIT && node != NONE; ++i, previous = node, node = mNodes[node].next) {
             if (mNodes[node].item == item) {
                 unlink(slot, previous, node);
                 ++mRemoved;
-                return;
+                return mRemoved <= 32 || mRemoved * 2 <= mNodes.size();
             }
         }
+        return false;
     }
 
     /// The first item of a key, or null.
@@ -69,11 +76,9 @@ public:
         }
     }
 
-    /// Whether so much was removed that building the index anew is cheaper than keeping it.
-    bool isWorn() const { return mRemoved > 32 && mRemoved * 2 > mNodes.size(); }
-
 private:
     using Position = std::uint32_t;
+    static constexpr int REMOVE_LIMIT = 8; // of the items of one key, how many are looked at for the one to remove
     static constexpr Position NONE = ~Position{0};
     static constexpr Position DELETED = NONE - 1; // a slot whose last item was removed: the search goes on behind it
 

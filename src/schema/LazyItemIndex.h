@@ -28,36 +28,47 @@ public:
     template <class List>
     Item* first(List const& items, std::string_view key) const {
         if (items.size() <= SCAN_LIMIT) {
-            for (auto const& item : items) {
-                if (auto const candidate = KeyOf(*item); !candidate.empty() && equalIgnoringCase(candidate, key)) {
-                    return std::to_address(item);
-                }
-            }
-            return nullptr;
+            return scan(items, key, [](Item const&) { return true; });
         }
-        auto const* index = mIndex.load(std::memory_order_acquire);
-        return (index ? index : build(items))->first(key);
+        return indexOf(items).first(key);
+    }
+
+    /// The first item of a key that satisfies a condition, or null.
+    template <class List, class Condition>
+    Item* first(List const& items, std::string_view key, Condition condition) const {
+        if (items.size() <= SCAN_LIMIT) {
+            return scan(items, key, condition);
+        }
+        Item* found = nullptr;
+        indexOf(items).forEach(key, [&](Item* item) {
+            found = condition(*item) ? item : nullptr;
+            return !found;
+        });
+        return found;
     }
 
     /// An item was appended to the list.
-    void added(Item& item) {
+    void added(Item& item) noexcept {
         if (auto* index = mIndex.load(std::memory_order_relaxed)) {
-            add(*index, item);
+            try {
+                add(*index, item);
+            } catch (...) {
+                drop(); // memory ran out: a later look-up may be luckier
+            }
         }
     }
 
     /// An item is about to leave the list.
     void removing(Item& item) {
         if (auto* index = mIndex.load(std::memory_order_relaxed)) {
-            index->remove(KeyOf(item), &item);
-            if (index->isWorn()) {
+            if (!index->remove(KeyOf(item), &item)) {
                 drop();
             }
         }
     }
 
     /// The list was changed in another way, or the key of an item was.
-    void drop() { delete mIndex.exchange(nullptr, std::memory_order_relaxed); }
+    void drop() noexcept { delete mIndex.exchange(nullptr, std::memory_order_relaxed); }
 
 private:
     static constexpr std::size_t SCAN_LIMIT = 8;
@@ -68,8 +79,25 @@ private:
         }
     }
 
+    template <class List, class Condition>
+    static Item* scan(List const& items, std::string_view key, Condition condition) {
+        for (auto const& item : items) {
+            auto const candidate = KeyOf(*item);
+            if (!candidate.empty() && equalIgnoringCase(candidate, key) && condition(*item)) {
+                return std::to_address(item);
+            }
+        }
+        return nullptr;
+    }
+
     template <class List>
-    ItemIndex<Item> const* build(List const& items) const {
+    ItemIndex<Item> const& indexOf(List const& items) const {
+        auto const* index = mIndex.load(std::memory_order_acquire);
+        return index ? *index : build(items);
+    }
+
+    template <class List>
+    ItemIndex<Item> const& build(List const& items) const {
         auto built = std::make_unique<ItemIndex<Item>>();
         built->reserve(items.size());
         for (auto const& item : items) {
@@ -78,9 +106,9 @@ private:
         ItemIndex<Item>* expected = nullptr;
         if (mIndex.compare_exchange_strong(expected, built.get(), std::memory_order_acq_rel,
                                            std::memory_order_acquire)) {
-            return built.release();
+            return *built.release();
         }
-        return expected;
+        return *expected;
     }
 
     mutable std::atomic<ItemIndex<Item>*> mIndex{nullptr};

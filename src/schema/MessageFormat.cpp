@@ -6,13 +6,9 @@
 
 namespace kivo::configuration {
 
-std::string formatMessage(char const* format, std::va_list arguments) {
-    char buffer[4096] = "";
-    // A negative result means that nothing sensible could be written; the buffer is terminated all the same.
-    if (std::vsnprintf(buffer, sizeof(buffer), format, arguments) < 0) {
-        buffer[0] = '\0';
-    }
-    return buffer;
+void MessageBuffer::format(char const* format, std::va_list arguments) noexcept {
+    // The result does not matter: what fits is there, terminated, even when the whole could not be counted.
+    static_cast<void>(std::vsnprintf(mText, sizeof(mText), format, arguments));
 }
 
 } // namespace kivo::configuration

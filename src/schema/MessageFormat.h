@@ -1,11 +1,18 @@
 #pragma once
 
 #include <cstdarg>
-#include <string>
 
 namespace kivo::configuration {
 
-/// The text that printf would write, cut silently at 4,095 characters.
-std::string formatMessage(char const* format, std::va_list arguments);
+/// One message, written as by printf and cut silently at 4,095 characters.
+class MessageBuffer {
+public:
+    void format(char const* format, std::va_list arguments) noexcept __attribute__((format(printf, 2, 0)));
+
+    char const* get() const { return mText; }
+
+private:
+    char mText[4096] = "";
+};
 
 } // namespace kivo::configuration

@@ -19,19 +19,32 @@ std::atomic<std::uint64_t> schemaGeneration{0};
 /// Up to this number of items a walk is as quick as asking an index.
 constexpr std::size_t WALK_LIMIT = 16;
 
+/// So many questions are answered by walks before an index is made, which takes about as long as they do.
+constexpr unsigned WALKED_QUESTIONS = 2;
+
+/// What all indexes of the process may list together. Groups nested deeply would have their items listed once for each
+/// group above them.
+constexpr std::size_t NODE_LIMIT = 1'000'000;
+std::atomic<std::size_t> nodesInUse{0};
+
 std::string_view nameOf(ParameterItem const* item) { return item->getName(); }
 
 } // namespace
 
-/// Lists the items of a walk, each with its holder.
+/// Lists the items of a walk, each with its holder. Gives up on a schema that has no end or too many items.
 class SubtreeIndex::Collector final : public ParameterVisitor {
 public:
     explicit Collector(std::vector<Node>& nodes) : mNodes(nodes) {}
 
     bool visitGroupStart(ParameterGroup const& group) override {
-        auto const position = add(group);
-        mOpenGroups.push_back(position);
-        return true;
+        bool const isOpen = std::ranges::any_of(
+            mOpenGroups, [&](Position position) { return mNodes[position].item == &group; });
+        mIsComplete = mIsComplete && !isOpen && mNodes.size() < NODE_LIMIT;
+        if (mIsComplete) {
+            markIndexed(group);
+            mOpenGroups.push_back(add(group));
+        }
+        return mIsComplete;
     }
 
     void visitGroupEnd(ParameterGroup const&) override { mOpenGroups.pop_back(); }
@@ -40,6 +53,8 @@ public:
         add(parameter);
         return true;
     }
+
+    bool isComplete() const { return mIsComplete; }
 
 private:
     Position add(ParameterItem const& item) {
@@ -50,15 +65,35 @@ private:
 
     std::vector<Node>& mNodes;
     std::vector<Position> mOpenGroups;
+    bool mIsComplete = true;
 };
 
-SubtreeIndex::SubtreeIndex(ParameterGroup const& group)
-    : mGeneration(schemaGeneration.load(std::memory_order_acquire)) {
-    Collector collector(mNodes);
-    group.accept(collector);
-    if (mNodes.size() <= WALK_LIMIT) {
-        return;
+std::shared_ptr<SubtreeIndex const> SubtreeIndex::build(ParameterGroup const& group) {
+    std::shared_ptr<SubtreeIndex> const index(new SubtreeIndex);
+    if (!index->collect(group)) {
+        return nullptr;
     }
+    index->fill();
+    return index;
+}
+
+/// @return whether an index is worth its memory
+bool SubtreeIndex::collect(ParameterGroup const& group) {
+    std::vector<Node> nodes;
+    Collector collector(nodes);
+    group.accept(collector);
+    if (!collector.isComplete() || nodes.size() <= WALK_LIMIT) {
+        return false;
+    }
+    if (nodesInUse.fetch_add(nodes.size(), std::memory_order_relaxed) + nodes.size() > NODE_LIMIT) {
+        nodesInUse.fetch_sub(nodes.size(), std::memory_order_relaxed);
+        return false;
+    }
+    mNodes = std::move(nodes);
+    return true;
+}
+
+void SubtreeIndex::fill() {
     mById.reserve(mNodes.size());
     mParameterByName.reserve(mNodes.size());
     for (Position position = 0; position < mNodes.size(); ++position) {
@@ -69,6 +104,8 @@ SubtreeIndex::SubtreeIndex(ParameterGroup const& group)
         }
     }
 }
+
+SubtreeIndex::~SubtreeIndex() { nodesInUse.fetch_sub(mNodes.size(), std::memory_order_relaxed); }
 
 ParameterItem const* SubtreeIndex::firstById(std::string_view id) const {
     auto const* node = mById.first(id);
@@ -119,11 +156,25 @@ std::vector<Parameter const*> SubtreeIndex::visibleParametersBeginning(std::stri
 void SubtreeIndex::schemaChanged() noexcept { schemaGeneration.fetch_add(1, std::memory_order_acq_rel); }
 
 std::shared_ptr<SubtreeIndex const> SubtreeIndexCache::get(ParameterGroup const& group) {
-    std::scoped_lock const lock(mMutex);
-    if (!mIndex || mIndex->mGeneration != schemaGeneration.load(std::memory_order_acquire)) {
-        mIndex = std::make_shared<SubtreeIndex const>(group);
+    auto const generation = schemaGeneration.load(std::memory_order_acquire);
+    {
+        std::scoped_lock const lock(mMutex);
+        if (mGeneration != generation) {
+            mIndex = nullptr;
+            mQuestions = 0;
+            mGeneration = generation;
+        }
+        // Asked for once: a group for which none was made then is walked until the schema changes.
+        if (mIndex || mQuestions > WALKED_QUESTIONS || ++mQuestions <= WALKED_QUESTIONS) {
+            return mIndex;
+        }
     }
-    return mIndex->mNodes.size() > WALK_LIMIT ? mIndex : nullptr;
+    auto index = SubtreeIndex::build(group);
+    std::scoped_lock const lock(mMutex);
+    if (mGeneration == generation) {
+        mIndex = index;
+    }
+    return index;
 }
 
 } // namespace kivo::configuration

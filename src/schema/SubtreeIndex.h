@@ -2,6 +2,7 @@
 
 #include "schema/ItemIndex.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <mutex>
@@ -21,13 +22,16 @@ class ParameterItem;
 class SubtreeIndex {
 public:
     /// The index of a group, made anew when any group's list of items was changed since it was made. Null for a group
-    /// that is quicker to walk.
+    /// that is quicker to walk: a small one, one that was not asked about often enough, and one for which the indexes of
+    /// all groups together would take too much memory.
     static std::shared_ptr<SubtreeIndex const> of(ParameterGroup const& group);
 
-    /// To be called whenever a group's list of items changes: all indexes made before are out of date.
+    /// To be called when the list of a group changes that was marked: all indexes made before are out of date.
     static void schemaChanged() noexcept;
 
-    explicit SubtreeIndex(ParameterGroup const& group);
+    ~SubtreeIndex();
+    SubtreeIndex(SubtreeIndex const&) = delete;
+    SubtreeIndex& operator=(SubtreeIndex const&) = delete;
 
     /// The first item of an id in the order of a walk, the group itself included; letter case is ignored. Null: none.
     ParameterItem const* firstById(std::string_view id) const;
@@ -42,6 +46,13 @@ public:
 private:
     friend class SubtreeIndexCache;
     class Collector;
+
+    SubtreeIndex() = default;
+    static std::shared_ptr<SubtreeIndex const> build(ParameterGroup const& group);
+    static void markIndexed(ParameterGroup const& group);
+    bool collect(ParameterGroup const& group);
+    void fill();
+
     using Position = std::uint32_t;
 
     /// An item with the group that holds it. Of the group itself, the holder is itself.
@@ -52,7 +63,6 @@ private:
 
     void sortNames() const;
 
-    std::uint64_t mGeneration;
     std::vector<Node> mNodes; // in the order of a walk
     ItemIndex<Node const> mById;
     std::unordered_map<std::string_view, Position> mParameterByName;
@@ -62,13 +72,15 @@ private:
     mutable std::vector<Position> mVisibleByName;
 };
 
-/// Keeps the index of one group.
+/// Keeps the index of one group. Its lock is held for a moment only, never while the schema is walked.
 class SubtreeIndexCache {
 public:
     std::shared_ptr<SubtreeIndex const> get(ParameterGroup const& group);
 
 private:
     std::mutex mMutex;
+    std::uint64_t mGeneration = 0; // of the schema, to which the rest belongs
+    unsigned mQuestions = 0;
     std::shared_ptr<SubtreeIndex const> mIndex;
 };
 

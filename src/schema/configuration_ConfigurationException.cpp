@@ -9,23 +9,17 @@ namespace kivo::configuration {
 
 ConfigurationException::ConfigurationException(char const* format, ...) {
     if (format) {
+        MessageBuffer message;
         std::va_list arguments;
         va_start(arguments, format);
-        setMessage(formatMessage(format, arguments).c_str());
+        message.format(format, arguments);
         va_end(arguments);
+        setMessage(message.get());
     }
 }
 
 ConfigurationException::ConfigurationException(ConfigurationException const& other)
     : kvException(other), mMessage(cloneString(other.mMessage.get())) {}
-
-ConfigurationException& ConfigurationException::operator=(ConfigurationException const& other) {
-    if (this != &other) {
-        kvException::operator=(other);
-        mMessage.reset(cloneString(other.mMessage.get()));
-    }
-    return *this;
-}
 
 ConfigurationException::~ConfigurationException() = default;
 

@@ -9,10 +9,12 @@ namespace kivo::configuration {
 ConfigurationParameterException::ConfigurationParameterException(ParameterErrors const& errors, char const* format, ...)
     : ConfigurationException(nullptr), mErrors(errors) {
     if (format) {
+        MessageBuffer message;
         std::va_list arguments;
         va_start(arguments, format);
-        setMessage(formatMessage(format, arguments).c_str());
+        message.format(format, arguments);
         va_end(arguments);
+        setMessage(message.get());
     } else {
         setMessage(composeMessage(errors).c_str());
     }
@@ -20,9 +22,6 @@ ConfigurationParameterException::ConfigurationParameterException(ParameterErrors
 
 ConfigurationParameterException::ConfigurationParameterException(ConfigurationParameterException const& other) =
     default;
-
-ConfigurationParameterException&
-ConfigurationParameterException::operator=(ConfigurationParameterException const& other) = default;
 
 ConfigurationParameterException::~ConfigurationParameterException() = default;
 

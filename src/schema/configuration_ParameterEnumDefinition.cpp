@@ -31,10 +31,9 @@ void ParameterEnumDefinition::addEnumValue(char const* symbol, int value) {
 }
 
 int ParameterEnumDefinition::getValue(char const* symbol) const {
-    char const* const label = symbol ? symbol : "";
-    auto const found = mImpl->mSymbols.find(std::string_view(label));
+    auto const found = symbol ? mImpl->mSymbols.find(std::string_view(symbol)) : mImpl->mSymbols.end();
     if (found == mImpl->mSymbols.end()) {
-        throw ConfigurationException("symbol \"%s\" was not found", label);
+        throw ConfigurationException("symbol \"%s\" was not found", symbol ? symbol : "");
     }
     return found->second;
 }

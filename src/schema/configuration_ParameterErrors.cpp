@@ -31,10 +31,12 @@ ParameterErrors::~ParameterErrors() = default;
 
 void ParameterErrors::addError(char const* format, ...) {
     KIVO_REQUIRE(format != 0 && strlen(format) > 0);
+    MessageBuffer message;
     std::va_list arguments;
     va_start(arguments, format);
-    mImpl->mMessages.push_back(formatMessage(format, arguments));
+    message.format(format, arguments);
     va_end(arguments);
+    mImpl->mMessages.emplace_back(message.get());
 }
 
 unsigned long ParameterErrors::getNumberOfErrors() const { return mImpl->mMessages.size(); }

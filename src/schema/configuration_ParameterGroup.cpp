@@ -12,6 +12,7 @@
 #include "schema/SubtreeIndex.h"
 
 #include <algorithm>
+#include <atomic>
 #include <vector>
 
 namespace kivo::configuration {
@@ -28,10 +29,19 @@ public:
         : mItemsExclusive(itemsExclusive), mGroupType(groupType) {}
 
     std::vector<ParameterItem*> mItems;
+    unsigned long mNumberOfGroups = 0; // among the items
     ItemsExclusiveType mItemsExclusive;
     GroupType mGroupType;
     LazyItemIndex<ParameterItem, idOf> mIndex;
     SubtreeIndexCache mSubtree;
+    /// Whether some index lists the items: only then does a change make one out of date.
+    std::atomic<bool> mIsIndexed{false};
+
+    void changed() {
+        if (mIsIndexed.load(std::memory_order_relaxed)) {
+            SubtreeIndex::schemaChanged();
+        }
+    }
 };
 
 ParameterGroup::ParameterGroup(char const* id, char const* name, char const* description, bool optional,
@@ -86,16 +96,18 @@ void ParameterGroup::addItem(ParameterItem* item) {
     KIVO_REQUIRE(item != 0);
     mImpl->mItems.push_back(item);
     mImpl->mIndex.added(*item);
-    SubtreeIndex::schemaChanged();
+    mImpl->mNumberOfGroups += item->getItemType() == PARAMETER_GROUP;
+    mImpl->changed();
 }
 
 ParameterItem* ParameterGroup::removeItem(char const* id) {
     KIVO_REQUIRE(id != 0);
     auto* item = mImpl->mIndex.first(mImpl->mItems, id);
     if (item) {
-        mImpl->mIndex.drop();
+        mImpl->mIndex.removing(*item);
         mImpl->mItems.erase(std::ranges::find(mImpl->mItems, item));
-        SubtreeIndex::schemaChanged();
+        mImpl->mNumberOfGroups -= item->getItemType() == PARAMETER_GROUP;
+        mImpl->changed();
     }
     return item;
 }
@@ -107,10 +119,14 @@ ParameterItem* ParameterGroup::getItem(unsigned long index) const {
 
 ParameterItem* ParameterGroup::getItem(char const* id, bool recursive) const {
     KIVO_REQUIRE(id != 0);
+    auto const direct = [&] { return mImpl->mIndex.first(mImpl->mItems, id); };
     if (!recursive) {
-        return mImpl->mIndex.first(mImpl->mItems, id);
+        return direct();
     }
-    // The walk hands out const items; the group itself holds them as they were added.
+    // A walk hands out const items; the group itself holds them as they were added.
+    if (mImpl->mNumberOfGroups == 0) {
+        return equalIgnoringCase(getId(), id) ? const_cast<ParameterGroup*>(this) : direct();
+    }
     if (auto const subtree = SubtreeIndex::of(*this)) {
         return const_cast<ParameterItem*>(subtree->firstById(id));
     }
@@ -121,6 +137,10 @@ ParameterItem* ParameterGroup::getItem(char const* id, bool recursive) const {
 
 std::shared_ptr<SubtreeIndex const> SubtreeIndex::of(ParameterGroup const& group) {
     return group.mImpl->mSubtree.get(group);
+}
+
+void SubtreeIndex::markIndexed(ParameterGroup const& group) {
+    group.mImpl->mIsIndexed.store(true, std::memory_order_relaxed);
 }
 
 namespace {

@@ -17,12 +17,6 @@ public:
         : ParameterValueItem::Impl(), mValueType(other.mValueType), mUsingDefaultValue(other.mUsingDefaultValue),
           mValues(other.mValues) {}
 
-    /// Copies all but what the node has.
-    void copyValue(Impl const& other) {
-        mValueType = other.mValueType;
-        mUsingDefaultValue = other.mUsingDefaultValue;
-        mValues = other.mValues;
-    }
 
     /// The parameter that the value is bound to, or null.
     Parameter const* parameter() const { return static_cast<Parameter const*>(mParameterItem); }

@@ -22,11 +22,12 @@ public:
     /// that may be gone by the time the copy is changed.
     ParameterValueGroup* mHolder = nullptr;
 
+    /// Copies the fields; an item in a list stays there, whatever the source's parent.
     void copyItem(Impl const& other) {
         mParameterItemId = other.mParameterItemId;
         mItemState = other.mItemState;
         mParameterItem = other.mParameterItem;
-        mParentGroup = other.mParentGroup;
+        mParentGroup = mHolder ? mHolder : other.mParentGroup;
     }
 };
 

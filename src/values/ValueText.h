@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kivo::configuration {
@@ -22,8 +23,8 @@ public:
     ValueText(ValueText&& other) noexcept
         : mText(std::move(other.mText)), mIsPresent(other.mIsPresent),
           mIsFlag(other.mIsFlag.load(std::memory_order_relaxed)) {}
-    ValueText& operator=(ValueText const& other) {
-        mText = other.mText;
+    ValueText& operator=(ValueText other) noexcept {
+        mText = std::move(other.mText);
         mIsPresent = other.mIsPresent;
         mIsFlag.store(other.mIsFlag.load(std::memory_order_relaxed), std::memory_order_relaxed);
         return *this;

@@ -9,6 +9,7 @@
 
 #include "schema/ContractChecks.h"
 #include "schema/LazyItemIndex.h"
+#include "values/ChildSearch.h"
 #include "values/ParameterValueItemImpl.h"
 
 #include <algorithm>
@@ -57,8 +58,11 @@ ParameterValueGroup::ParameterValueGroup(ParameterValueGroup const& other, CopyM
 
 ParameterValueGroup& ParameterValueGroup::operator=(ParameterValueGroup const& other) {
     if (this != &other) {
-        // Copied first: the other may be one of the children that go.
+        // Copied first: the other may be below this group, and go with what it held.
         ParameterValueGroup copy(other);
+        if (isAbove(other)) {
+            copy.mImpl->mParentGroup = mImpl->mParentGroup;
+        }
         ParameterValueItem::operator=(copy);
         mImpl->mIndex.drop();
         mImpl->mItems.swap(copy.mImpl->mItems);
@@ -70,6 +74,14 @@ ParameterValueGroup& ParameterValueGroup::operator=(ParameterValueGroup const& o
 }
 
 ParameterValueGroup::~ParameterValueGroup() = default;
+
+bool ParameterValueGroup::isAbove(ParameterValueItem const& item) const {
+    auto const* holder = item.getHolder();
+    while (holder && holder != this) {
+        holder = holder->getHolder();
+    }
+    return holder;
+}
 
 char const* ParameterValueGroup::getParameterItemId() const { return ParameterValueItem::getParameterItemId(); }
 
@@ -118,7 +130,9 @@ unsigned long ParameterValueGroup::getNumberOfItems() const { return mImpl->mIte
 
 void ParameterValueGroup::addItem(ParameterValueItem* item) {
     KIVO_REQUIRE(item != 0);
-    mImpl->mItems.emplace_back(item)->setHolder(this);
+    std::unique_ptr<ParameterValueItem> owned(item);
+    mImpl->mItems.push_back(std::move(owned));
+    item->setHolder(this);
     mImpl->mIndex.added(*item);
 }
 
@@ -179,6 +193,11 @@ bool ParameterValueGroup::removeItem(char const* parameterItemId) {
     auto const position = std::ranges::find(mImpl->mItems, item, &std::unique_ptr<ParameterValueItem>::get);
     removeItem(static_cast<unsigned long>(position - mImpl->mItems.begin()));
     return true;
+}
+
+ParameterValueItem* findChild(ParameterValueGroup const& parent, char const* id, ParameterValueItem::ItemType type) {
+    return parent.mImpl->mIndex.first(parent.mImpl->mItems, id,
+                                      [type](ParameterValueItem const& item) { return item.getItemType() == type; });
 }
 
 void ParameterValueGroup::childIdChanged() { mImpl->mIndex.drop(); }

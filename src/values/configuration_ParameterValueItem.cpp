@@ -39,6 +39,8 @@ ParameterValueItem::ParameterValueItem(std::unique_ptr<Impl> impl, ParameterValu
     mImpl->copyItem(*other.mImpl);
 }
 
+ParameterValueItem::ParameterValueItem(TakeOver, ParameterValueItem& other) noexcept : mImpl(std::move(other.mImpl)) {}
+
 ParameterValueItem& ParameterValueItem::operator=(ParameterValueItem const& other) {
     if (this != &other) {
         mImpl->copyItem(*other.mImpl);
@@ -67,8 +69,9 @@ ParameterValueGroup* ParameterValueItem::getParentGroup() const { return mImpl->
 void ParameterValueItem::assignParameterItem(ParameterItem const* parameterItem) {
     KIVO_REQUIRE(parameterItem != 0);
     char const* const before = ParameterValueItem::getParameterItemId();
-    // Matching binds every item to a schema item of its own id: the group that holds it need not hear of that.
-    bool const sameId = before && equalIgnoringCase(before, parameterItem->getId());
+    // Matching binds every item to a schema item of its own id: the group that holds it need not hear of that, and goes
+    // on finding it by the stored text.
+    bool const sameId = !mImpl->mParameterItem && before && equalIgnoringCase(before, parameterItem->getId());
     mImpl->mParameterItem = parameterItem;
     mImpl->mItemState = ASSIGNED;
     if (!sameId) {
@@ -93,6 +96,8 @@ void ParameterValueItem::setHolder(ParameterValueGroup* group) {
     mImpl->mHolder = group;
     mImpl->mParentGroup = group;
 }
+
+ParameterValueGroup* ParameterValueItem::getHolder() const { return mImpl->mHolder; }
 
 void ParameterValueItem::idChanged() {
     if (mImpl->mHolder) {

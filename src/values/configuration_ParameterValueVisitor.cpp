@@ -31,4 +31,6 @@ void ParameterValueVisitor::assignParameterItem(ParameterValueItem& item, Parame
     item.assignParameterItem(parameterItem);
 }
 
+ParameterValueGroup* ParameterValueVisitor::holderOf(ParameterValueItem const& item) { return item.getHolder(); }
+
 } // namespace kivo::configuration

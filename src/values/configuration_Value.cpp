@@ -59,8 +59,9 @@ ParameterValue const& doubleValue(ParameterValue const* mValue) {
 }
 
 /// Writes into the shared tree: the handle's view is const, the tree is not.
-void write(ParameterValue const& value, unsigned long index, char const* text) {
-    const_cast<ParameterValue&>(value).setValue(index, text);
+/// @param value  checked by the caller, before the handle is asked for its position
+void write(Value const& handle, ParameterValue const& value, char const* text) {
+    const_cast<ParameterValue&>(value).setValue(handle.getCurrentValueIndex(), text);
 }
 
 } // namespace
@@ -95,27 +96,27 @@ unsigned int Value::asUnsignedInteger() const {
 double Value::asDouble() const { return doubleValue(mImpl->mValue).getDoubleValue(getCurrentValueIndex()); }
 
 Value& Value::setBoolean(bool value) {
-    write(booleanValue(mImpl->mValue), getCurrentValueIndex(), value ? "1" : "0");
+    write(*this, booleanValue(mImpl->mValue), value ? "1" : "0");
     return *this;
 }
 
 Value& Value::setString(char const* value) {
-    write(stringValue(mImpl->mValue), getCurrentValueIndex(), value);
+    write(*this, stringValue(mImpl->mValue), value);
     return *this;
 }
 
 Value& Value::setInteger(int value) {
-    write(integerValue(mImpl->mValue), getCurrentValueIndex(), std::to_string(value).c_str());
+    write(*this, integerValue(mImpl->mValue), std::to_string(value).c_str());
     return *this;
 }
 
 Value& Value::setUnsignedInteger(unsigned int value) {
-    write(unsignedIntegerValue(mImpl->mValue), getCurrentValueIndex(), std::to_string(value).c_str());
+    write(*this, unsignedIntegerValue(mImpl->mValue), std::to_string(value).c_str());
     return *this;
 }
 
 Value& Value::setDouble(double value) {
-    write(doubleValue(mImpl->mValue), getCurrentValueIndex(), formatDouble(value).c_str());
+    write(*this, doubleValue(mImpl->mValue), formatDouble(value).c_str());
     return *this;
 }
 

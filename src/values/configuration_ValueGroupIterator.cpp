@@ -45,6 +45,9 @@ ParameterValueGroup const* ValueGroupIterator::getCurrentValueGroup() const {
 }
 
 bool ValueGroupIterator::next() {
+    if (isNull()) {
+        return false;
+    }
     auto const count = static_cast<long>(mImpl->count());
     while (mImpl->mIndex < count) {
         ++mImpl->mIndex;

@@ -29,6 +29,9 @@ unsigned long ValueIterator::getCurrentValueIndex() const {
 }
 
 bool ValueIterator::next() {
+    if (isNull()) {
+        return false;
+    }
     auto const count = static_cast<long>(getNumberOfValues());
     if (mImpl->mIndex < count) {
         ++mImpl->mIndex;

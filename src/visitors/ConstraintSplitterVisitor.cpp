@@ -6,7 +6,7 @@
 #include <configuration/ParameterValue.h>
 #include <configuration/ParameterValueGroup.h>
 
-#include "schema/NameComparison.h"
+#include "values/ChildSearch.h"
 #include "values/GroupEditing.h"
 #include "visitors/ConstraintFinderVisitor.h"
 
@@ -52,7 +52,7 @@ void ConstraintSplitterVisitor::visitGroupEnd(ParameterValueGroup& group) {
 
 bool ConstraintSplitterVisitor::visitParameterValue(ParameterValue& value) {
     auto const* parameter = value.getParameter();
-    auto* container = value.getParentGroup();
+    auto* container = holderOf(value);
     if (!parameter || !container || !container->getParameterGroup() || mMoved.empty()) {
         return true;
     }
@@ -72,7 +72,7 @@ bool ConstraintSplitterVisitor::visitParameterValue(ParameterValue& value) {
 /// The child group of a constraint's name, which is made when it is not there.
 ParameterValueGroup& ConstraintSplitterVisitor::findOrAddGroup(ParameterValueGroup& current,
                                                                ParameterGroup const& constraint) {
-    if (auto* group = findGroup(current, constraint.getName())) {
+    if (auto* group = findChildGroup(current, constraint.getName())) {
         return *group;
     }
     auto added = std::make_unique<ParameterValueGroup>(constraint.getName());
@@ -80,23 +80,6 @@ ParameterValueGroup& ConstraintSplitterVisitor::findOrAddGroup(ParameterValueGro
     auto& group = *added;
     current.addItem(added.release());
     return group;
-}
-
-/// The first child group of an id. A value may have the id of a constraint: the index finds the first child, so only a
-/// list in which that is a value is searched.
-ParameterValueGroup* ConstraintSplitterVisitor::findGroup(ParameterValueGroup const& current, char const* id) const {
-    auto* first = current.getItem(id);
-    if (!first || first->getItemType() == ParameterValueItem::PARAMETER_VALUE_GROUP) {
-        return static_cast<ParameterValueGroup*>(first);
-    }
-    for (unsigned long i = 0; i < current.getNumberOfItems(); ++i) {
-        auto* item = current.getItem(i);
-        if (item->getItemType() == ParameterValueItem::PARAMETER_VALUE_GROUP && item->getParameterItemId() &&
-            equalIgnoringCase(item->getParameterItemId(), id)) {
-            return static_cast<ParameterValueGroup*>(item);
-        }
-    }
-    return nullptr;
 }
 
 } // namespace kivo::configuration

@@ -23,7 +23,6 @@ public:
 
 private:
     ParameterValueGroup& findOrAddGroup(ParameterValueGroup& current, ParameterGroup const& constraint);
-    ParameterValueGroup* findGroup(ParameterValueGroup const& current, char const* id) const;
 
     [[maybe_unused]] ParameterErrors& mErrors;
     /// For each open group the values whose copies were moved. They stay in the list until the group ends, since taking

@@ -7,6 +7,8 @@
 #include <configuration/ParameterValue.h>
 #include <configuration/ParameterValueGroup.h>
 
+#include "values/ChildSearch.h"
+
 #include <algorithm>
 #include <memory>
 
@@ -22,10 +24,8 @@ bool DefaultValueProviderVisitor::visitGroupStart(ParameterGroup const& schemaGr
 
 ParameterValueGroup& DefaultValueProviderVisitor::findOrAddGroup(ParameterValueGroup& parent,
                                                                  ParameterGroup const& schemaGroup) {
-    auto* existing = parent.getItem(&schemaGroup);
-    // A value may have the id of a group: then the group has still to be made.
-    if (existing && existing->getItemType() == ParameterValueItem::PARAMETER_VALUE_GROUP) {
-        return *static_cast<ParameterValueGroup*>(existing);
+    if (auto* existing = findChildGroup(parent, schemaGroup.getId())) {
+        return *existing;
     }
     auto added = std::make_unique<ParameterValueGroup>(schemaGroup.getName());
     assignParameterItem(*added, &schemaGroup);

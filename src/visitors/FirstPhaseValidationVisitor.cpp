@@ -27,7 +27,7 @@ FirstPhaseValidationVisitor::FirstPhaseValidationVisitor(ParameterErrors& errors
     : ParameterValueVisitor(false), mErrors(errors) {}
 
 bool FirstPhaseValidationVisitor::visitGroupStart(ParameterValueGroup& group) {
-    auto const* parent = group.getParentGroup();
+    auto const* parent = holderOf(group);
     if (parent && isBoundedContainer(group.getParameterGroup()) &&
         countOccurrences(*parent, group.getParameterGroup()) >= 2) {
         mErrors.addError("\"%s\" cannot be provided more than once", shownId(group));

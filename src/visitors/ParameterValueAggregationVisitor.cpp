@@ -6,7 +6,10 @@
 #include <configuration/ParameterValue.h>
 #include <configuration/ParameterValueGroup.h>
 
+#include "values/ChildSearch.h"
 #include "visitors/RootGroup.h"
+
+#include <typeinfo>
 
 namespace kivo::configuration {
 
@@ -18,20 +21,13 @@ void appendTexts(ParameterValue& target, ParameterValue const& source) {
     }
 }
 
-/// The child of a target that has the id of a schema item and is of the kind sought, or null.
-ParameterValueItem* findChild(ParameterValueGroup const& target, ParameterItem const& schemaItem,
-                              ParameterValueItem::ItemType type) {
-    auto* child = target.getItem(&schemaItem);
-    return child && child->getItemType() == type ? child : nullptr;
-}
-
 } // namespace
 
 ParameterValueAggregationVisitor::ParameterValueAggregationVisitor(Specification const* specification,
                                                                    ParameterValueGroup& target, ParameterErrors& errors,
-                                                                   bool flattenConstraints)
+                                                                   bool flattenConstraints, SourceUse sourceUse)
     : ParameterValueVisitor(false), mRootGroup(rootGroupOf(specification)), mErrors(&errors), mTargetStack{&target},
-      mFlattenConstraints(flattenConstraints) {}
+      mFlattenConstraints(flattenConstraints), mSourceUse(sourceUse) {}
 
 bool ParameterValueAggregationVisitor::visitGroupStart(ParameterValueGroup& group) {
     bool const inSpecification = isInSpecification(group);
@@ -44,7 +40,7 @@ bool ParameterValueAggregationVisitor::isInSpecification(ParameterValueGroup con
     if (!group.getParameterItem()) {
         return false;
     }
-    return group.getParameterItem() == mRootGroup || isGroupInSpecification(group.getParentGroup());
+    return group.getParameterItem() == mRootGroup || isGroupInSpecification(holderOf(group));
 }
 
 /// The group into which the items of a group of the specification go: the current target itself, a child of it that is
@@ -56,8 +52,8 @@ ParameterValueGroup& ParameterValueAggregationVisitor::findTarget(ParameterValue
         return target;
     }
     if (!schemaGroup.isUnbounded()) {
-        if (auto* child = findChild(target, schemaGroup, ParameterValueItem::PARAMETER_VALUE_GROUP)) {
-            return *static_cast<ParameterValueGroup*>(child);
+        if (auto* child = findChildGroup(target, schemaGroup.getId())) {
+            return *child;
         }
     }
     if (&target == &group) {
@@ -79,17 +75,25 @@ bool ParameterValueAggregationVisitor::visitParameterValue(ParameterValue& value
         return true;
     }
     auto& target = *mTargetStack.back();
-    auto* existing = target.getItem(parameter);
+    auto* existing = findChildValue(target, parameter->getId());
     if (!existing) {
-        target.addItem(value.clone(ParameterValueItem::DEEP_COPY));
-    } else if (parameter->isUnbounded() && existing->getItemType() == ParameterValueItem::PARAMETER_VALUE) {
-        appendTexts(*static_cast<ParameterValue*>(existing), value);
+        target.addItem(makeCopy(value));
+    } else if (parameter->isUnbounded()) {
+        appendTexts(*existing, value);
     }
     return true;
 }
 
+/// A value of a derived class is cloned in any case: only it knows what it has beside the state of a value.
+ParameterValue* ParameterValueAggregationVisitor::makeCopy(ParameterValue& value) const {
+    if (mSourceUse == CONSUME && typeid(value) == typeid(ParameterValue)) {
+        return new ParameterValue(ParameterValue::TakeOver(), value);
+    }
+    return value.clone(ParameterValueItem::DEEP_COPY);
+}
+
 bool ParameterValueAggregationVisitor::isGroupInSpecification(ParameterValueGroup const* group) const {
-    for (; group && group->getParameterItem(); group = group->getParentGroup()) {
+    for (; group && group->getParameterItem(); group = holderOf(*group)) {
         if (group->getParameterItem() == mRootGroup) {
             return true;
         }

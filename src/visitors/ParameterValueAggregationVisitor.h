@@ -15,11 +15,17 @@ class Specification;
 /// for each occurrence. What is unbound or not under the specification's root is left out. Adds no message.
 class ParameterValueAggregationVisitor final : public ParameterValueVisitor {
 public:
+    /// What happens to the values of the visited tree.
+    enum SourceUse {
+        COPY,   ///< they stay as they are
+        CONSUME ///< they are taken over where that saves a copy: the tree can only be destroyed afterwards
+    };
+
     /// @param target             receives the copies; it may hold those of earlier trees
     /// @param flattenConstraints whether the values of constraint groups go directly into their container
     /// @throws kivo::ContractViolationException "specification != 0"
     ParameterValueAggregationVisitor(Specification const* specification, ParameterValueGroup& target,
-                                     ParameterErrors& errors, bool flattenConstraints);
+                                     ParameterErrors& errors, bool flattenConstraints, SourceUse sourceUse = COPY);
 
     bool visitGroupStart(ParameterValueGroup& group) override;
     void visitGroupEnd(ParameterValueGroup& group) override;
@@ -31,6 +37,7 @@ public:
 private:
     bool isInSpecification(ParameterValueGroup const& group) const;
     ParameterValueGroup& findTarget(ParameterValueGroup& group);
+    ParameterValue* makeCopy(ParameterValue& value) const;
 
     ParameterGroup const* mRootGroup;
     [[maybe_unused]] ParameterErrors* mErrors;
@@ -38,6 +45,7 @@ private:
     std::vector<ParameterValueGroup*> mTargetStack;
     std::vector<bool> mInSpecificationStack;
     bool mFlattenConstraints;
+    SourceUse mSourceUse;
 };
 
 } // namespace kivo::configuration

@@ -9,6 +9,7 @@
 #include <configuration/ParameterValueGroup.h>
 
 #include "schema/NameComparison.h"
+#include "values/ChildSearch.h"
 
 #include <algorithm>
 
@@ -47,11 +48,7 @@ ParameterValueGroup const* SecondPhaseValidationVisitor::findValueGroup(Paramete
         return &mValueGroup;
     }
     auto const* parent = mNesting.back().valueGroup;
-    auto const* item = parent ? parent->getItem(&schemaGroup) : nullptr;
-    // A value may have the id of a group: then the group was not given.
-    return item && item->getItemType() == ParameterValueItem::PARAMETER_VALUE_GROUP
-               ? static_cast<ParameterValueGroup const*>(item)
-               : nullptr;
+    return parent ? findChildGroup(*parent, schemaGroup.getId()) : nullptr;
 }
 
 bool SecondPhaseValidationVisitor::visitParameter(Parameter const& parameter) {

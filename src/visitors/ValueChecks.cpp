@@ -11,8 +11,8 @@
 #include "values/NumberText.h"
 
 #include <cstdio>
-#include <limits>
 #include <memory>
+#include <utility>
 
 namespace kivo::configuration {
 
@@ -21,8 +21,7 @@ namespace {
 template <class Number>
 bool isIntegerOf(char const* text) {
     auto const number = parseInteger(text);
-    return number.isWhole && number.value >= std::numeric_limits<Number>::min() &&
-           number.value <= static_cast<long>(std::numeric_limits<Number>::max());
+    return number.isWhole && std::in_range<Number>(number.value);
 }
 
 bool isBoolean(char const* text) {
