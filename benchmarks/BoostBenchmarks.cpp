@@ -47,11 +47,9 @@ void request(benchmark::State& state, int style) {
     for (auto _ : state) {
         po::variables_map values;
         po::store(fromApplication, values);
-        po::store(po::command_line_parser(static_cast<int>(argv.size()), argv.data())
-                      .options(description)
-                      .style(style)
-                      .run(),
-                  values);
+        po::store(
+            po::command_line_parser(static_cast<int>(argv.size()), argv.data()).options(description).style(style).run(),
+            values);
         po::notify(values);
         benchmark::DoNotOptimize(values.size());
     }

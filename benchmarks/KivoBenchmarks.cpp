@@ -49,8 +49,8 @@ void declare(Manager& manager, Subjects const& subjects, Layout layout) {
             root->addItem(group);
         }
         char const* name = subjects.names[i].c_str();
-        group->addItem(Parameter::Create(name, name, "what the parameter is for", true, false,
-                                         Parameter::INT_PARAMETER, "7", "number", nullptr, false));
+        group->addItem(Parameter::Create(name, name, "what the parameter is for", true, false, Parameter::INT_PARAMETER,
+                                         "7", "number", nullptr, false));
     }
     manager.registerSpecification(std::make_unique<Specification>(SPECIFICATION, "the tool").release());
 }

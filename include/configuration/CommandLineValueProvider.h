@@ -10,9 +10,9 @@ namespace kivo::configuration {
 /// The values on a program's command line.
 ///
 /// An argument that begins with a dash is a flag; its name is the rest after exactly one dash. The argument after it is
-/// its value, unless that begins with a dash, too: a value can never begin with a dash, and a negative number is read as
-/// a flag. There is no form that joins name and value by an equals sign. White space around every argument is dropped.
-/// A flag given again collects several texts. A word that is no flag's value counts as a flag without a value.
+/// its value, unless that begins with a dash, too: a value can never begin with a dash, and a negative number is read
+/// as a flag. There is no form that joins name and value by an equals sign. White space around every argument is
+/// dropped. A flag given again collects several texts. A word that is no flag's value counts as a flag without a value.
 class KIVO_CONFIGURATION_API CommandLineValueProvider : public ValueProvider {
 public:
     /// See ValueProvider.

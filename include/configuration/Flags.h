@@ -10,8 +10,8 @@ namespace kivo::configuration {
 inline constexpr int RESOLVE_FLAG_NAMES = 1;
 
 /// Parameters that the specification does not know are errors; off by default: they are ignored. Given to
-/// ValueProvider::enableProvider(), the bit also makes a word on the command line that is no flag's value an error; without
-/// it such a word counts as a flag without a value.
+/// ValueProvider::enableProvider(), the bit also makes a word on the command line that is no flag's value an error;
+/// without it such a word counts as a flag without a value.
 inline constexpr int STRICT_RECOGNITION = 2;
 
 } // namespace kivo::configuration

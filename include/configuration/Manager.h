@@ -7,8 +7,8 @@
 #include <atomic>
 #include <memory>
 
-/// Settings that are described once, given from several sources, merged, checked, and explained to users. Manager is the
-/// front door.
+/// Settings that are described once, given from several sources, merged, checked, and explained to users. Manager is
+/// the front door.
 namespace kivo::configuration {
 
 class ParameterEnumDefinition;
@@ -42,8 +42,8 @@ public:
     /// Destroys all that is registered.
     ~Manager() override;
 
-    /// The manager of the process. The first call makes it, registers the default validators, loads the default registry
-    /// and registers shutdown() with `atexit`; any number of threads may call it at once.
+    /// The manager of the process. The first call makes it, registers the default validators, loads the default
+    /// registry and registers shutdown() with `atexit`; any number of threads may call it at once.
     ///
     /// When loading throws, the exception reaches the caller, but the manager stays, with what was loaded before the
     /// failure, and later calls return it.
@@ -73,12 +73,12 @@ public:
     /// Registers a validator under its name.
     /// @throws kivo::ContractViolationException "validator != 0", "objectKey != 0 && *objectKey != '\0'"
     void addValidator(ParameterValidator* validator);
-    /// Adds a source of values; sources of equal priority are asked in the order of registration. Values that are cached
-    /// already stay as they are.
+    /// Adds a source of values; sources of equal priority are asked in the order of registration. Values that are
+    /// cached already stay as they are.
     /// @throws kivo::ContractViolationException "valueProvider != 0"
     void registerProvider(ValueProvider* valueProvider);
-    /// Registers the built-in validators and those that plug-ins offer. The singleton has them already: registered again,
-    /// they are duplicates, which look-ups report.
+    /// Registers the built-in validators and those that plug-ins offer. The singleton has them already: registered
+    /// again, they are duplicates, which look-ups report.
     void registerDefaultValidators();
     /// @}
 
@@ -116,8 +116,8 @@ public:
     /// @}
 
     /// @name Values
-    /// Of two sources for one setting, the one asked first wins; a setting that may have several values collects those of
-    /// all. `flags` are RESOLVE_FLAG_NAMES and STRICT_RECOGNITION.
+    /// Of two sources for one setting, the one asked first wins; a setting that may have several values collects those
+    /// of all. `flags` are RESOLVE_FLAG_NAMES and STRICT_RECOGNITION.
     /// @{
 
     /// Collects the values of a specification from all enabled providers, checks and completes them.
@@ -140,9 +140,10 @@ public:
     /// @param values        an unnamed group that holds the group named by the specification's id
     /// @param flags         STRICT_RECOGNITION
     /// @throws kivo::ContractViolationException "specification != 0"
-    /// @throws ConfigurationParameterException all faults of the first phase that found any. The tree then is as far as the
-    ///         phases before left it: bound, and split under its constraints. When the values ask for "help", it is left
-    ///         bound, without further checks.
+    /// @throws ConfigurationParameterException all faults of the first phase that found any. The tree then is as far as
+    /// the
+    ///         phases before left it: bound, and split under its constraints. When the values ask for "help", it is
+    ///         left bound, without further checks.
     /// @throws ConfigurationException what getValues() throws
     void validateValues(Specification const* specification, ParameterValueGroup& values, int flags);
     /// The settings of a specification. They are collected once, and kept until setApplicationValues(), reset() or
@@ -184,17 +185,17 @@ public:
     /// @name Installation and files
     /// @{
 
-    /// Replaces all providers by those of a tool's start: the files that "-loadConfiguration" names on the command line,
-    /// in their order; the command line without them; the application's file; the installation's "machine.config". That
-    /// is also their precedence: a "-loadConfiguration" file wins over the command line. Kept settings stay as they are.
-    /// The call is recorded in the kernel's main log before anything can fail.
+    /// Replaces all providers by those of a tool's start: the files that "-loadConfiguration" names on the command
+    /// line, in their order; the command line without them; the application's file; the installation's
+    /// "machine.config". That is also their precedence: a "-loadConfiguration" file wins over the command line. Kept
+    /// settings stay as they are. The call is recorded in the kernel's main log before anything can fail.
     /// @param allowMachineConfig    whether "machine.config" is read; it need not exist
     /// @param applicationConfigFile path of a values file, or null
     /// @param argc                  number of arguments
     /// @param argv                  the arguments; null: no command line
     /// @throws ConfigurationException "Missing value for the -loadConfiguration parameter",
-    ///         "File \"<path>\" was not found"; what reading a file and CommandLineValueProvider throw. The providers set
-    ///         up before the failure stay.
+    ///         "File \"<path>\" was not found"; what reading a file and CommandLineValueProvider throw. The providers
+    ///         set up before the failure stay.
     void enableConfiguration(bool allowMachineConfig, char const* applicationConfigFile, unsigned int argc,
                              char const* const* argv) override;
     /// Adds a provider for one values file, asked after those that are there. A name without a directory that does not
@@ -203,8 +204,8 @@ public:
     /// @throws ConfigurationException "File \"<path>\" was not found"
     /// @throws ConfigurationParameterException the faults of the file, one a line
     void loadConfigurationFile(char const* path);
-    /// Loads the registry files of the installation: "kivobase.crg" first, then all others. The singleton has loaded them
-    /// already: what they declare is then refused as not unique.
+    /// Loads the registry files of the installation: "kivobase.crg" first, then all others. The singleton has loaded
+    /// them already: what they declare is then refused as not unique.
     /// @throws ConfigurationException "Unable to find the kivobase.crg file."; what reading a file throws
     void loadDefaultConfigurationRegistry();
     /// @}

@@ -27,8 +27,8 @@ public:
         ENUM_PARAMETER = 6     ///< a label of the parameter's enumeration definition
     };
 
-    /// Builds a parameter without registering it; tools use Create(), which tells the arguments and exceptions. An id that
-    /// is null or empty is "id && strlen(id) > 0" here, and one that is taken is not noticed.
+    /// Builds a parameter without registering it; tools use Create(), which tells the arguments and exceptions. An id
+    /// that is null or empty is "id && strlen(id) > 0" here, and one that is taken is not noticed.
     Parameter(char const* id, char const* name, char const* description, bool optional, bool unbounded,
               ValueType valueType, char const* defaultValue, char const* valueName, char const* validatorName,
               bool hidden);
@@ -48,13 +48,15 @@ public:
 
     /// "Parameter".
     virtual char const* getItemTypeName() const;
-    /// The placeholder for the value in usage and help texts, or null when there is none. Lives as long as the parameter.
+    /// The placeholder for the value in usage and help texts, or null when there is none. Lives as long as the
+    /// parameter.
     virtual char const* getValueName() const;
     /// The type that given texts are checked against.
     virtual ValueType getValueType() const;
     /// The default, bound to this parameter and marked as one, or null. Owned by the parameter.
     virtual ParameterValue const* getDefaultValue() const;
-    /// Sets or replaces the labels of an enumeration parameter. The definition is not owned and must outlive the parameter.
+    /// Sets or replaces the labels of an enumeration parameter. The definition is not owned and must outlive the
+    /// parameter.
     /// @throws kivo::ContractViolationException "enumDef != 0"
     /// @throws ConfigurationException "\"<name>\" is not an enumeration parameter"
     virtual void setEnumDefinition(ParameterEnumDefinition const* enumDef);

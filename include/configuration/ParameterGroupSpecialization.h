@@ -5,8 +5,8 @@
 
 namespace kivo::configuration {
 
-/// A registered group in a refined form, for use in one place. It shares the id of its base, its name is that id, and it
-/// starts without items: add those that the refining specification wants.
+/// A registered group in a refined form, for use in one place. It shares the id of its base, its name is that id, and
+/// it starts without items: add those that the refining specification wants.
 ///
 /// Beside what they tell, the factories throw kivo::ContractViolationException "id != 0",
 /// "objectKey != 0 && *objectKey != '\0'", and ConfigurationException "Invalid item type. Expected: 1, found: 0",

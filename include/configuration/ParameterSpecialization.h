@@ -7,8 +7,8 @@ namespace kivo::configuration {
 
 /// A registered parameter with another description, default, visibility or number of occurrences, for use in one place.
 ///
-/// Shares id, name, value type, value name and validator with its base, and the enumeration when it is made by Create().
-/// The validator configuration of the base is not carried over.
+/// Shares id, name, value type, value name and validator with its base, and the enumeration when it is made by
+/// Create(). The validator configuration of the base is not carried over.
 class KIVO_CONFIGURATION_API ParameterSpecialization : public Parameter {
 public:
     /// Builds a specialization without registering it; tools use Create().
@@ -33,8 +33,8 @@ public:
     /// @return the specialization, to be added to a group
     /// @throws kivo::ContractViolationException "id != 0", "objectKey != 0 && *objectKey != '\0'"
     /// @throws ConfigurationException "Parameter to specialize \"<id>\" was not found",
-    ///         "Invalid item type. Expected: 0, found: 1", "Duplicate item \"<id>\"", and what Parameter::Create() throws
-    ///         for validator and default
+    ///         "Invalid item type. Expected: 0, found: 1", "Duplicate item \"<id>\"", and what Parameter::Create()
+    ///         throws for validator and default
     static ParameterSpecialization* Create(char const* id, char const* description, bool optional, bool unbounded,
                                            char const* defaultValue, bool hidden);
 

@@ -53,12 +53,12 @@ public:
     /// @return a text that lives until the value changes
     /// @throws kivo::ContractViolationException "index < mValues.size()", as all readers of an entry
     virtual char const* getValue(unsigned long index, bool ignoreDefault) const;
-    /// False for "false" in any letter case, for an empty text and for a number that is 0 as a 32-bit int; else true. An
-    /// enumeration's label reads as whether its number is not 0. Without a text, all readers say false or 0.
+    /// False for "false" in any letter case, for an empty text and for a number that is 0 as a 32-bit int; else true.
+    /// An enumeration's label reads as whether its number is not 0. Without a text, all readers say false or 0.
     /// @throws ConfigurationException "symbol \"<text>\" was not found" for an enumeration, as the next three
     virtual bool getBooleanValue(unsigned long index) const;
-    /// The decimal number that the text begins with, behind white space and with a sign, 0 without any; of a number that
-    /// does not fit, the low 32 bits as strtol gives it. An enumeration's label reads as its number.
+    /// The decimal number that the text begins with, behind white space and with a sign, 0 without any; of a number
+    /// that does not fit, the low 32 bits as strtol gives it. An enumeration's label reads as its number.
     virtual int getIntValue(unsigned long index) const;
     /// As getIntValue(), taken as unsigned: texts up to 4294967295 read as they stand.
     virtual unsigned int getUIntValue(unsigned long index) const;

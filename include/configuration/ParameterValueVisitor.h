@@ -12,8 +12,8 @@ class ParameterValueGroup;
 /// Base of everything that walks a value tree, given to ParameterValueItem::accept().
 ///
 /// The walk is depth-first and in order. For a group: visitGroupStart(); if that returned true, each child, and
-/// visitGroupEnd(). If it returned false, neither the children nor the end of that group are visited. What the calls for
-/// a child return does not stop its siblings.
+/// visitGroupEnd(). If it returned false, neither the children nor the end of that group are visited. What the calls
+/// for a child return does not stop its siblings.
 ///
 /// A mutator walks a copy of each list of children, taken after visitGroupStart(), and may change any list meanwhile:
 /// children added are not visited, children detached still are, so a detached child must live until visitGroupEnd() of

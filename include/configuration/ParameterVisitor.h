@@ -12,8 +12,8 @@ class ParameterValueItem;
 /// Base of everything that walks a schema, given to ParameterItem::accept().
 ///
 /// The walk is depth-first and in item order. For a group: visitGroupStart(); if that returned true, each item, with
-/// visitGroupMiddle() between two consecutive ones, and visitGroupEnd(). If it returned false, neither the items nor the
-/// end of that group are visited. What visitParameter() and the start of a nested group return does not stop their
+/// visitGroupMiddle() between two consecutive ones, and visitGroupEnd(). If it returned false, neither the items nor
+/// the end of that group are visited. What visitParameter() and the start of a nested group return does not stop their
 /// siblings. The number of items is taken after visitGroupStart(): items added during the walk are not visited; items
 /// removed during it end it with a contract violation, after the middle call.
 class KIVO_CONFIGURATION_API ParameterVisitor {

@@ -24,10 +24,11 @@ public:
     /// The name of the kind of provider. Lives as long as the process.
     virtual char const* getName() const = 0;
     /// Adds this provider's values for a specification to those of the providers asked before it: the cache is matched,
-    /// split under its constraints, checked for values given twice, and merged. The cache does not change; an override may
-    /// prepare it for the specification first.
+    /// split under its constraints, checked for values given twice, and merged. The cache does not change; an override
+    /// may prepare it for the specification first.
     /// @param specification the specification asked for
-    /// @param result        receives the values; may hold those of earlier providers, which win where only one can stand
+    /// @param result        receives the values; may hold those of earlier providers, which win where only one can
+    /// stand
     /// @param flags         RESOLVE_FLAG_NAMES, STRICT_RECOGNITION
     /// @return false when help was asked for, and no further provider is to be asked
     /// @throws kivo::ContractViolationException "specification != 0"

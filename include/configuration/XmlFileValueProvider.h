@@ -11,8 +11,8 @@ namespace kivo::configuration {
 ///
 /// The document element stands for a specification's root group and is named by its id; a nested element stands for a
 /// container; an attribute gives a parameter its value. A parameter that takes several values is written as repeated
-/// elements named by its id, each with an attribute `value`; these are rewritten once, for the specification that is asked
-/// for first.
+/// elements named by its id, each with an attribute `value`; these are rewritten once, for the specification that is
+/// asked for first.
 class KIVO_CONFIGURATION_API XmlFileValueProvider : public ValueProvider {
 public:
     /// See ValueProvider.
@@ -22,7 +22,8 @@ public:
     /// Manager::XML_FILE_PROVIDER_NAME.
     char const* getName() const override;
     /// As ValueProvider.
-    /// @throws ConfigurationException "\"<element>\" is not a valid parameter": an element that names a parameter has no
+    /// @throws ConfigurationException "\"<element>\" is not a valid parameter": an element that names a parameter has
+    /// no
     ///         attribute `value`
     bool getValues(Specification const* specification, ParameterValueGroup& result, int flags) override;
     void reset() override;

@@ -13,8 +13,6 @@
 #include "manager/VectorWrapper.h"
 #include "registry/XercesLibraryInit.h"
 
-#include <optional>
-
 namespace kivo::configuration {
 
 namespace {
@@ -54,8 +52,7 @@ CommandLine splitCommandLine(std::vector<std::string> const& arguments) {
     commandLine.kept.push_back(arguments[0]);
     for (std::size_t i = 1; i < arguments.size(); ++i) {
         auto const& argument = arguments[i];
-        bool const hasValue =
-            beginsWithDash(argument) && i + 1 < arguments.size() && !beginsWithDash(arguments[i + 1]);
+        bool const hasValue = beginsWithDash(argument) && i + 1 < arguments.size() && !beginsWithDash(arguments[i + 1]);
         auto const* value = hasValue ? &arguments[++i] : nullptr;
         if (!equalIgnoringCase(argument, LOAD_CONFIGURATION_FLAG)) {
             commandLine.kept.push_back(argument);
@@ -83,14 +80,6 @@ void Manager::Impl::enableConfiguration(bool allowMachineConfig, char const* app
     ContextMgr const context;
     mProviders.clear();
     auto const commandLine = arguments.empty() ? CommandLine{} : splitCommandLine(arguments);
-    auto const machineFile = installationDirectory(kvGetConfigDir) + MACHINE_CONFIGURATION_FILE_NAME;
-    bool const readsMachineFile = allowMachineConfig && kvLocalExists(machineFile.c_str()) != KV_FILE_MISSING;
-
-    // Opening the XML library takes longer than all the rest: once for all files, not at all without one.
-    std::optional<XercesLibraryInit> xml;
-    if (!commandLine.fileNames.empty() || !applicationFile.empty() || readsMachineFile) {
-        xml.emplace();
-    }
     for (auto const& fileName : commandLine.fileNames) {
         loadAndLogConfigurationFile(fileName, false);
     }
@@ -105,7 +94,7 @@ void Manager::Impl::enableConfiguration(bool allowMachineConfig, char const* app
         loadAndLogConfigurationFile(applicationFile, false);
     }
     if (allowMachineConfig) {
-        loadAndLogConfigurationFile(machineFile, true);
+        loadAndLogConfigurationFile(installationDirectory(kvGetConfigDir) + MACHINE_CONFIGURATION_FILE_NAME, true);
     }
 }
 
@@ -120,6 +109,7 @@ bool Manager::Impl::loadConfigurationFile(std::string const& path, bool allowMis
         }
         throw ConfigurationException("File \"%s\" was not found", resolved.c_str());
     }
+    XercesLibraryInit::keepOpen();
     addProvider<XmlFileValueProvider>(mNextProviderPriority++).enableProvider(resolved.c_str(), 0);
     return true;
 }

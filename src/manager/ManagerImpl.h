@@ -20,9 +20,9 @@
 
 namespace kivo::configuration {
 
-/// The state of the manager. Its operations are spread over files by job: configuration_Manager.cpp keeps the registries,
-/// ManagerRetrieval.cpp collects values, ManagerEnabling.cpp sets providers up, ManagerStartUp.cpp loads what an
-/// installation offers, ManagerTexts.cpp composes texts.
+/// The state of the manager. Its operations are spread over files by job: configuration_Manager.cpp keeps the
+/// registries, ManagerRetrieval.cpp collects values, ManagerEnabling.cpp sets providers up, ManagerStartUp.cpp loads
+/// what an installation offers, ManagerTexts.cpp composes texts.
 class Manager::Impl {
 public:
     Impl();

@@ -16,8 +16,8 @@ std::atomic<Manager*> Manager::smInstance{nullptr};
 
 namespace {
 
-/// The lock of getInstance() and shutdown(). It must outlive the manager: it is made before shutdown() is registered with atexit, and so
-/// destroyed after shutdown() has run.
+/// The lock of getInstance() and shutdown(). It must outlive the manager: it is made before shutdown() is registered
+/// with atexit, and so destroyed after shutdown() has run.
 class SingletonMutex {
 public:
     SingletonMutex() { pthread_mutex_init(&mMutex, nullptr); }

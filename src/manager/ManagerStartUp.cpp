@@ -52,8 +52,7 @@ void Manager::Impl::loadDefaultConfigurationRegistry() {
     if (main == paths.end()) {
         throw ConfigurationException("Unable to find the %s file.", MAIN_CONFIGURATION_REGISTRY_FILE_NAME);
     }
-    // One use of the XML library for all files: opening it takes longer than reading them.
-    XercesLibraryInit const xml;
+    XercesLibraryInit::keepOpen();
     ConfigurationRegistryLoader loader;
     loader.loadFile(main->c_str());
     paths.erase(main);

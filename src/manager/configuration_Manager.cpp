@@ -96,8 +96,8 @@ ParameterItem* Manager::getParameterItem(char const* id, ParameterItem::ItemType
 
 bool Manager::hasParameterItem(char const* id, ParameterItem::ItemType type) const {
     KIVO_REQUIRE(id != 0);
-    return mImpl->mParameterItems.contains(
-        id, [type](ParameterItem const& item) { return item.getItemType() == type; });
+    return mImpl->mParameterItems.contains(id,
+                                           [type](ParameterItem const& item) { return item.getItemType() == type; });
 }
 
 ParameterEnumDefinition* Manager::getEnumDefinition(char const* name) const {

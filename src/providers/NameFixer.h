@@ -8,8 +8,8 @@ namespace kivo::configuration {
 
 class ParameterGroup;
 
-/// Gives every value whose id is the beginning of exactly one parameter's name that parameter's id. A value that names no
-/// parameter keeps its id. Changes ids, never the structure.
+/// Gives every value whose id is the beginning of exactly one parameter's name that parameter's id. A value that names
+/// no parameter keeps its id. Changes ids, never the structure.
 class NameFixer final : public ParameterValueVisitor {
 public:
     /// @param rootGroup the schema group of the group that the walk begins at
@@ -18,7 +18,8 @@ public:
     /// @throws ConfigurationException "\"%s\" is not a valid group id"
     bool visitGroupStart(ParameterValueGroup& group) override;
     void visitGroupEnd(ParameterValueGroup& group) override;
-    /// @throws ConfigurationException "The flag \"%s\" is ambiguous, matching the following allowed flags: %s. Please be
+    /// @throws ConfigurationException "The flag \"%s\" is ambiguous, matching the following allowed flags: %s. Please
+    /// be
     ///         more specific."
     bool visitParameterValue(ParameterValue& value) override;
 

@@ -68,8 +68,7 @@ bool ValueProvider::Impl::getValues(Specification const* specification, Paramete
     ParameterValueGroup aggregated(nullptr);
     {
         ParameterValueGroup working(mDataCache);
-        runPhase(working, errors,
-                 ParameterMatchingVisitor(*specification, errors, (flags & STRICT_RECOGNITION) != 0));
+        runPhase(working, errors, ParameterMatchingVisitor(*specification, errors, (flags & STRICT_RECOGNITION) != 0));
         runPhase(working, errors,
                  ParameterValueAggregationVisitor(specification, aggregated, errors, false,
                                                   ParameterValueAggregationVisitor::CONSUME));

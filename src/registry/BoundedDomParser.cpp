@@ -20,12 +20,17 @@ namespace kivo::configuration {
 
 namespace {
 
-constexpr unsigned int MAX_DEPTH = 1000;
+constexpr XMLSize_t MAX_DEPTH = 1000;
 constexpr XMLSize_t MAX_ATTRIBUTES = 10000;
-constexpr std::size_t MAX_NAMES = 20000;
+constexpr XMLSize_t MAX_NAMES = 20000;
 constexpr XMLSize_t MAX_ENTITY_EXPANSIONS = 1000;
-constexpr XMLSize_t MAX_DEFAULTED_SIZE = 10000000;
+constexpr XMLSize_t MAX_DEFAULTED_SIZE = 10000000; // in characters, of which a node counts as many as this:
 constexpr XMLSize_t ATTRIBUTE_SIZE = 100;
+
+/// A reason that tells the limit it stands for.
+std::u16string moreThan(std::string const& before, XMLSize_t limit, std::string const& behind) {
+    return toXmlText(before + " more than " + std::to_string(limit) + " " + behind);
+}
 
 } // namespace
 
@@ -52,9 +57,7 @@ void BoundedDomParser::read(RegularFileSource const& source) {
     }
     try {
         parse(source);
-    } catch (InputRefuser::Refused const&) {       // reported already
-    } catch (xercesc::DOMException const& fault) { // a name that no document can hold
-        report(fault.getMessage());
+    } catch (InputRefuser::Refused const&) { // reported already
     } catch (xercesc::OutOfMemoryException const&) {
         throw std::bad_alloc();
     }
@@ -72,10 +75,10 @@ void BoundedDomParser::startElement(xercesc::XMLElementDecl const& declaration, 
                                     xercesc::RefVectorOf<xercesc::XMLAttr> const& attributes, XMLSize_t attributeCount,
                                     bool isEmpty, bool isRoot) {
     if (++mDepth > MAX_DEPTH) {
-        mRefuser.refuse(u"elements are nested deeper than 1000 levels");
+        mRefuser.refuse(moreThan("elements are nested", MAX_DEPTH, "levels deep"));
     }
     if (attributeCount > MAX_ATTRIBUTES) {
-        mRefuser.refuse(u"an element has more than 10000 attributes");
+        mRefuser.refuse(moreThan("an element has", MAX_ATTRIBUTES, "attributes"));
     }
     if (declaration.hasAttDefs()) {
         countDefaults(declaration);
@@ -89,9 +92,13 @@ void BoundedDomParser::startElement(xercesc::XMLElementDecl const& declaration, 
         lastUriId = std::max(lastUriId, attribute.getURIId());
     }
     if (mNames.size() > MAX_NAMES || lastUriId > MAX_NAMES) { // ids count the namespaces of the document
-        mRefuser.refuse(u"more than 20000 different names are used");
+        mRefuser.refuse(moreThan("there are", MAX_NAMES, "different names"));
     }
-    XercesDOMParser::startElement(declaration, uriId, prefix, attributes, attributeCount, isEmpty, isRoot);
+    try {
+        XercesDOMParser::startElement(declaration, uriId, prefix, attributes, attributeCount, isEmpty, isRoot);
+    } catch (xercesc::DOMException const& fault) { // a declared default can have a name that no document holds
+        mRefuser.refuse(fault.getMessage());
+    }
 }
 
 void BoundedDomParser::endElement(xercesc::XMLElementDecl const& declaration, unsigned int uriId, bool isRoot,
@@ -123,7 +130,7 @@ void BoundedDomParser::checkName(XMLCh const* name) {
 }
 
 void BoundedDomParser::checkText(XMLCh const* text) const {
-    if (!mChecksTexts || !text) {
+    if (!mChecksTexts) {
         return;
     }
     if (auto const problem = findConversionProblem(text); !problem.empty()) {

@@ -2,6 +2,8 @@
 
 #include "registry/DocumentTypeGuard.h"
 
+#include "registry/XmlText.h"
+
 #include <xercesc/validators/DTD/DTDEntityDecl.hpp>
 
 namespace kivo::configuration {
@@ -12,9 +14,11 @@ constexpr unsigned int MAX_ENTITIES = 1000;
 constexpr XMLSize_t MAX_ENTITY_LENGTH = 1000;
 constexpr unsigned int MAX_ATTRIBUTE_DEFINITIONS = 1000;
 
-std::u16string describe(XMLCh const* kind, xercesc::DTDEntityDecl const& entity, XMLCh const* problem) {
+std::u16string describe(XMLCh const* kind, xercesc::DTDEntityDecl const& entity, std::u16string const& problem) {
     return std::u16string(kind).append(u" '").append(entity.getName()).append(u"' ").append(problem);
 }
+
+std::u16string moreThan(XMLSize_t limit) { return toXmlText("more than " + std::to_string(limit) + " "); }
 
 } // namespace
 
@@ -35,10 +39,10 @@ void DocumentTypeGuard::entityDecl(xercesc::DTDEntityDecl const& entity, bool is
         mRefuser.refuse(describe(u"the external entity", entity, u"is not accepted"));
     }
     if (entity.getValueLen() > MAX_ENTITY_LENGTH) {
-        mRefuser.refuse(describe(u"the entity", entity, u"is longer than 1000 characters"));
+        mRefuser.refuse(describe(u"the entity", entity, u"has " + moreThan(MAX_ENTITY_LENGTH) + u"characters"));
     }
     if (++mEntities > MAX_ENTITIES) {
-        mRefuser.refuse(u"more than 1000 entities are declared");
+        mRefuser.refuse(moreThan(MAX_ENTITIES) + u"entities are declared");
     }
 }
 
@@ -50,7 +54,7 @@ void DocumentTypeGuard::startAttList(xercesc::DTDElementDecl const&) {
 
 void DocumentTypeGuard::attDef(xercesc::DTDElementDecl const&, xercesc::DTDAttDef const&, bool) {
     if (++mAttributes > MAX_ATTRIBUTE_DEFINITIONS) {
-        mRefuser.refuse(u"more than 1000 attributes are declared");
+        mRefuser.refuse(moreThan(MAX_ATTRIBUTE_DEFINITIONS) + u"attributes are declared");
     }
 }
 

@@ -5,6 +5,8 @@
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
+#include <memory>
+
 namespace kivo::configuration {
 
 XercesLibraryInit::XercesLibraryInit() {
@@ -12,5 +14,10 @@ XercesLibraryInit::XercesLibraryInit() {
 }
 
 XercesLibraryInit::~XercesLibraryInit() { xercesc::XMLPlatformUtils::Terminate(); }
+
+void XercesLibraryInit::keepOpen() {
+    // Never closed, hence never destroyed.
+    [[maybe_unused]] static auto const* const scope = std::make_unique<XercesLibraryInit>().release();
+}
 
 } // namespace kivo::configuration

@@ -10,6 +10,10 @@ public:
     XercesLibraryInit();
     ~XercesLibraryInit();
 
+    /// Keeps the library open for the rest of the process: scopes that follow cost nothing. Opening it again would
+    /// fail, too, when the process ends, since libraries that it uses are gone before the last static objects are.
+    static void keepOpen();
+
     XercesLibraryInit(XercesLibraryInit const&) = delete;
     XercesLibraryInit& operator=(XercesLibraryInit const&) = delete;
 };

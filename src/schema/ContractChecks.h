@@ -18,7 +18,8 @@ namespace kivo {
     (static_cast<bool>(__VA_ARGS__) ? static_cast<void>(0)                                                             \
                                     : ::kivo::throwContractViolation("Contract violation: \"" text "\""))
 
-/// Requires a condition, reported in its own words. Not to be wrapped in another macro: its arguments would be expanded.
+/// Requires a condition, reported in its own words. Not to be wrapped in another macro: its arguments would be
+/// expanded.
 #define KIVO_REQUIRE(...)                                                                                              \
     (static_cast<bool>(__VA_ARGS__) ? static_cast<void>(0)                                                             \
                                     : ::kivo::throwContractViolation("Contract violation: \"" #__VA_ARGS__ "\""))

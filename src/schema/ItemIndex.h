@@ -10,8 +10,8 @@
 namespace kivo::configuration {
 
 /// Finds items by key in about constant time: the first one added under a key, as a scan of the list would, or all of
-/// them in order. At most 2^32 - 2 items. Keys are compared ignoring letter case. Neither items nor key texts are owned: a key text must stay
-/// where it is for as long as its item is in the index.
+/// them in order. At most 2^32 - 2 items. Keys are compared ignoring letter case. Neither items nor key texts are
+/// owned: a key text must stay where it is for as long as its item is in the index.
 template <class Item>
 class ItemIndex {
 public:
@@ -42,8 +42,8 @@ public:
         }
     }
 
-    /// Takes an item out, if it is one of the first of its key. What it used stays in use, so that others are still found
-    /// behind it.
+    /// Takes an item out, if it is one of the first of its key. What it used stays in use, so that others are still
+    /// found behind it.
     /// @return false when the item was not found, or so much was removed that it is cheaper to build the index anew
     bool remove(std::string_view key, Item const* item) {
         if (mSlots.empty()) {

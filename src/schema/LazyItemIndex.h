@@ -9,8 +9,8 @@
 
 namespace kivo::configuration {
 
-/// The index that stands beside a group's list of items. A short list is scanned; for a longer one the index is built by
-/// the first look-up and kept right by whoever changes the list.
+/// The index that stands beside a group's list of items. A short list is scanned; for a longer one the index is built
+/// by the first look-up and kept right by whoever changes the list.
 ///
 /// Several threads may look up at once in a list that nobody changes: each may build the index, one of them is kept.
 ///

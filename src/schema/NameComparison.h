@@ -1,7 +1,7 @@
 #pragma once
 
-// The one rule by which ids, names and other keys are compared: letters A to Z equal a to z, every other byte stands for
-// itself, in every locale. Nothing here allocates.
+// The one rule by which ids, names and other keys are compared: letters A to Z equal a to z, every other byte stands
+// for itself, in every locale. Nothing here allocates.
 
 #include <cstddef>
 #include <cstdint>
@@ -31,8 +31,8 @@ namespace name_blocks {
 
 inline constexpr std::size_t SIZE = sizeof(std::uint64_t);
 
-/// foldCase() on eight bytes at once: the high bit of every byte that holds A to Z is found by two additions that do not
-/// carry into the next byte, and moved to the bit that makes a letter small.
+/// foldCase() on eight bytes at once: the high bit of every byte that holds A to Z is found by two additions that do
+/// not carry into the next byte, and moved to the bit that makes a letter small.
 constexpr std::uint64_t fold(std::uint64_t bytes) noexcept {
     constexpr std::uint64_t eachByte = 0x0101010101010101u;
     auto const low = bytes & (0x7f * eachByte);
@@ -49,10 +49,12 @@ inline std::uint64_t load(char const* position) noexcept {
     return fold(bytes);
 }
 
-/// All bytes of a text of fewer than eight, folded, each of them at least once: texts of one size are equal exactly when
-/// their blocks are.
+/// All bytes of a text of fewer than eight, folded, each of them at least once: texts of one size are equal exactly
+/// when their blocks are.
 inline std::uint64_t loadShort(std::string_view text) noexcept {
-    auto const byte = [text](std::size_t position) { return static_cast<std::uint64_t>(static_cast<unsigned char>(text[position])); };
+    auto const byte = [text](std::size_t position) {
+        return static_cast<std::uint64_t>(static_cast<unsigned char>(text[position]));
+    };
     auto const size = text.size();
     if (size >= 4) {
         std::uint32_t first;

@@ -6,7 +6,8 @@
 
 namespace kivo::configuration {
 
-/// Finds the first item of an id, letter case ignored, in a group and all below it: a group before its items. Reads only.
+/// Finds the first item of an id, letter case ignored, in a group and all below it: a group before its items. Reads
+/// only.
 class ParameterItemFinder final : public ParameterVisitor {
 public:
     explicit ParameterItemFinder(std::string const& id);

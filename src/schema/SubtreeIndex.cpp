@@ -37,8 +37,8 @@ public:
     explicit Collector(std::vector<Node>& nodes) : mNodes(nodes) {}
 
     bool visitGroupStart(ParameterGroup const& group) override {
-        bool const isOpen = std::ranges::any_of(
-            mOpenGroups, [&](Position position) { return mNodes[position].item == &group; });
+        bool const isOpen =
+            std::ranges::any_of(mOpenGroups, [&](Position position) { return mNodes[position].item == &group; });
         mIsComplete = mIsComplete && !isOpen && mNodes.size() < NODE_LIMIT;
         if (mIsComplete) {
             markIndexed(group);

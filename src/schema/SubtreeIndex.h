@@ -16,14 +16,14 @@ class Parameter;
 class ParameterGroup;
 class ParameterItem;
 
-/// Answers, without a walk, what walks over a large group and all below it would find. Each answer is the same as that of
-/// the visitor that walks for it (ParameterItemFinder, ConstraintFinderVisitor, ParameterSearchVisitor), which serves
-/// small groups. Immutable: read by any number of threads.
+/// Answers, without a walk, what walks over a large group and all below it would find. Each answer is the same as that
+/// of the visitor that walks for it (ParameterItemFinder, ConstraintFinderVisitor, ParameterSearchVisitor), which
+/// serves small groups. Immutable: read by any number of threads.
 class SubtreeIndex {
 public:
     /// The index of a group, made anew when any group's list of items was changed since it was made. Null for a group
-    /// that is quicker to walk: a small one, one that was not asked about often enough, and one for which the indexes of
-    /// all groups together would take too much memory.
+    /// that is quicker to walk: a small one, one that was not asked about often enough, and one for which the indexes
+    /// of all groups together would take too much memory.
     static std::shared_ptr<SubtreeIndex const> of(ParameterGroup const& group);
 
     /// To be called when the list of a group changes that was marked: all indexes made before are out of date.
@@ -36,11 +36,12 @@ public:
     /// The first item of an id in the order of a walk, the group itself included; letter case is ignored. Null: none.
     ParameterItem const* firstById(std::string_view id) const;
 
-    /// The groups from this one down to the one that holds the first parameter of a name, compared exactly; empty: none.
+    /// The groups from this one down to the one that holds the first parameter of a name, compared exactly; empty:
+    /// none.
     std::vector<ParameterGroup const*> pathToParameter(std::string_view name) const;
 
-    /// The parameters that are not hidden and whose name begins with a text, letter case ignored, in the order of a walk.
-    /// A parameter that stands in several places is there several times.
+    /// The parameters that are not hidden and whose name begins with a text, letter case ignored, in the order of a
+    /// walk. A parameter that stands in several places is there several times.
     std::vector<Parameter const*> visibleParametersBeginning(std::string_view text) const;
 
 private:

@@ -47,10 +47,8 @@ char const* implicitDefault(Parameter::ValueType type) {
     switch (type) {
     case Parameter::BOOLEAN_PARAMETER:
     case Parameter::INT_PARAMETER:
-    case Parameter::DOUBLE_PARAMETER:
-        return "0";
-    default:
-        return nullptr;
+    case Parameter::DOUBLE_PARAMETER: return "0";
+    default: return nullptr;
     }
 }
 
@@ -62,8 +60,8 @@ std::unique_ptr<ParameterValue> makeDefaultValue(Parameter const& parameter, cha
         ParameterErrors errors;
         SecondPhaseValidationVisitor::validate(value.get(), type, errors, validator);
         if (errors.getNumberOfErrors() > 0) {
-            throw ConfigurationParameterException(
-                errors, "\"%s\" is not a valid default value for parameter \"%s\"", text, parameter.getName());
+            throw ConfigurationParameterException(errors, "\"%s\" is not a valid default value for parameter \"%s\"",
+                                                  text, parameter.getName());
         }
     }
     return value;
@@ -142,9 +140,7 @@ void Parameter::addValidatorConfigurationParameterValue(char const* name, char c
     mImpl->mValidatorConfiguration->addValue(name, value);
 }
 
-ParameterValueGroup const* Parameter::getValidatorConfiguration() const {
-    return mImpl->mValidatorConfiguration.get();
-}
+ParameterValueGroup const* Parameter::getValidatorConfiguration() const { return mImpl->mValidatorConfiguration.get(); }
 
 Parameter* Parameter::Create(char const* id, char const* name, char const* description, bool optional, bool unbounded,
                              ValueType valueType, char const* defaultValue, char const* valueName,

@@ -7,8 +7,8 @@
 
 #include "schema/ContractChecks.h"
 #include "schema/LazyItemIndex.h"
-#include "schema/ParameterItemImpl.h"
 #include "schema/ParameterItemFinder.h"
+#include "schema/ParameterItemImpl.h"
 #include "schema/SubtreeIndex.h"
 
 #include <algorithm>
@@ -160,15 +160,15 @@ ParameterGroup* registerGroup(std::unique_ptr<ParameterGroup> group) {
 
 ParameterGroup* ParameterGroup::CreateGroup(char const* id, char const* name, char const* description) {
     requireUniqueId(Manager::getInstance()->hasParameterItem(id, PARAMETER_GROUP), "Group", id);
-    return registerGroup(std::make_unique<ParameterGroup>(id, name, description, true, ITEMS_NOT_EXCLUSIVE, false,
-                                                          CONSTRAINT));
+    return registerGroup(
+        std::make_unique<ParameterGroup>(id, name, description, true, ITEMS_NOT_EXCLUSIVE, false, CONSTRAINT));
 }
 
 ParameterGroup* ParameterGroup::CreateContainer(char const* id, char const* name, char const* description,
                                                 bool optional, bool unbounded) {
     requireUniqueId(Manager::getInstance()->hasParameterItem(id, PARAMETER_GROUP), "Container", id);
-    return registerGroup(std::make_unique<ParameterGroup>(id, name, description, optional, ITEMS_NOT_EXCLUSIVE,
-                                                          unbounded, CONTAINER));
+    return registerGroup(
+        std::make_unique<ParameterGroup>(id, name, description, optional, ITEMS_NOT_EXCLUSIVE, unbounded, CONTAINER));
 }
 
 ParameterGroup* ParameterGroup::CreateMutuallyExclusive(char const* id, char const* name, char const* description,

@@ -42,17 +42,16 @@ ParameterGroupSpecialization* ParameterGroupSpecialization::CreateGroup(char con
         base.getId(), base.getDescription(), true, ITEMS_NOT_EXCLUSIVE, false, CONSTRAINT));
 }
 
-ParameterGroupSpecialization* ParameterGroupSpecialization::CreateMutuallyExclusive(char const* id,
-                                                                                    char const* description,
-                                                                                    bool optional) {
+ParameterGroupSpecialization*
+ParameterGroupSpecialization::CreateMutuallyExclusive(char const* id, char const* description, bool optional) {
     auto const& base = findBase("Mutually Exclusive", id);
     if (base.getGroupType() != CONSTRAINT || !base.itemsAreExclusive()) {
         throw ConfigurationException("Mutually Exclusive to specialize \"%s\" is not a mutually exclusive constraint",
                                      id);
     }
-    return registerSpecialization(std::make_unique<ParameterGroupSpecialization>(
-        base.getId(), description ? description : base.getDescription(), optional, ITEMS_MUTUALLY_EXCLUSIVE, false,
-        CONSTRAINT));
+    return registerSpecialization(
+        std::make_unique<ParameterGroupSpecialization>(base.getId(), description ? description : base.getDescription(),
+                                                       optional, ITEMS_MUTUALLY_EXCLUSIVE, false, CONSTRAINT));
 }
 
 ParameterGroupSpecialization* ParameterGroupSpecialization::CreateContainer(char const* id, char const* description,
@@ -61,9 +60,9 @@ ParameterGroupSpecialization* ParameterGroupSpecialization::CreateContainer(char
     if (base.getGroupType() != CONTAINER) {
         throw ConfigurationException("Container to specialize \"%s\" is not a container", id);
     }
-    return registerSpecialization(std::make_unique<ParameterGroupSpecialization>(
-        base.getId(), description ? description : base.getDescription(), optional, ITEMS_NOT_EXCLUSIVE, unbounded,
-        CONTAINER));
+    return registerSpecialization(
+        std::make_unique<ParameterGroupSpecialization>(base.getId(), description ? description : base.getDescription(),
+                                                       optional, ITEMS_NOT_EXCLUSIVE, unbounded, CONTAINER));
 }
 
 } // namespace kivo::configuration

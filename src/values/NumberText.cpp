@@ -40,8 +40,7 @@ IntegerText parseInteger(char const* text) {
             return {value, true};
         }
     }
-    return parseWhole<IntegerText>(text,
-                                   [](char const* s, char** end) { return strtol_l(s, end, 10, plainLocale()); });
+    return parseWhole<IntegerText>(text, [](char const* s, char** end) { return strtol_l(s, end, 10, plainLocale()); });
 }
 
 DoubleText parseDouble(char const* text) {
@@ -50,7 +49,8 @@ DoubleText parseDouble(char const* text) {
 
 std::string formatDouble(double value) {
     std::array<char, 32> buffer; // the longest is "-1.23457e-308"
-    auto const result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, 6);
+    auto const result =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, 6);
     return {buffer.data(), result.ptr};
 }
 

@@ -14,9 +14,10 @@ class ParameterValue::Impl : public ParameterValueItem::Impl {
 public:
     explicit Impl(char const* value) : mValues(value) {}
     explicit Impl(Impl const& other)
-        : ParameterValueItem::Impl(), mValueType(other.mValueType), mUsingDefaultValue(other.mUsingDefaultValue),
+        : ParameterValueItem::Impl(),
+          mValueType(other.mValueType),
+          mUsingDefaultValue(other.mUsingDefaultValue),
           mValues(other.mValues) {}
-
 
     /// The parameter that the value is bound to, or null.
     Parameter const* parameter() const { return static_cast<Parameter const*>(mParameterItem); }

@@ -18,8 +18,8 @@ public:
     ItemState mItemState = NOT_ASSIGNED;
     ParameterItem const* mParameterItem = nullptr;
     ParameterValueGroup* mParentGroup = nullptr;
-    /// The group whose list the item is in. Not the same as the parent: a copy has the parent of its source at first, and
-    /// that may be gone by the time the copy is changed.
+    /// The group whose list the item is in. Not the same as the parent: a copy has the parent of its source at first,
+    /// and that may be gone by the time the copy is changed.
     ParameterValueGroup* mHolder = nullptr;
 
     /// Copies the fields; an item in a list stays there, whatever the source's parent.

@@ -21,7 +21,8 @@ public:
     ValueText(ValueText const& other)
         : mText(other.mText), mIsPresent(other.mIsPresent), mIsFlag(other.mIsFlag.load(std::memory_order_relaxed)) {}
     ValueText(ValueText&& other) noexcept
-        : mText(std::move(other.mText)), mIsPresent(other.mIsPresent),
+        : mText(std::move(other.mText)),
+          mIsPresent(other.mIsPresent),
           mIsFlag(other.mIsFlag.load(std::memory_order_relaxed)) {}
     ValueText& operator=(ValueText other) noexcept {
         mText = std::move(other.mText);

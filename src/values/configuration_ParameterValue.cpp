@@ -21,8 +21,7 @@ bool parseBoolean(char const* text) {
 
 } // namespace
 
-ParameterValue::ParameterValue(char const* id, char const* value)
-    : ParameterValue(std::make_unique<Impl>(value), id) {}
+ParameterValue::ParameterValue(char const* id, char const* value) : ParameterValue(std::make_unique<Impl>(value), id) {}
 
 ParameterValue::ParameterValue(Parameter const* parameter, char const* value)
     : ParameterValueItem(std::make_unique<Impl>(value), static_cast<ParameterItem const*>(parameter)),

@@ -26,8 +26,7 @@ ParameterValueItem::ParameterValueItem(std::unique_ptr<Impl> impl, char const* i
     }
 }
 
-ParameterValueItem::ParameterValueItem(std::unique_ptr<Impl> impl, ParameterItem const* item)
-    : mImpl(std::move(impl)) {
+ParameterValueItem::ParameterValueItem(std::unique_ptr<Impl> impl, ParameterItem const* item) : mImpl(std::move(impl)) {
     KIVO_REQUIRE_AS("mParameterItem != 0", item != nullptr);
     mImpl->mParameterItemId = item->getId();
     mImpl->mItemState = ASSIGNED;

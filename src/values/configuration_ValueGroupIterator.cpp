@@ -51,7 +51,8 @@ bool ValueGroupIterator::next() {
     auto const count = static_cast<long>(mImpl->count());
     while (mImpl->mIndex < count) {
         ++mImpl->mIndex;
-        if (mImpl->mIndex < count && mImpl->isOccurrence(*mImpl->mParent->getItem(static_cast<unsigned long>(mImpl->mIndex)))) {
+        if (mImpl->mIndex < count &&
+            mImpl->isOccurrence(*mImpl->mParent->getItem(static_cast<unsigned long>(mImpl->mIndex)))) {
             return true;
         }
     }

@@ -28,8 +28,8 @@ std::vector<ParameterGroup const*> constraintsAbove(Parameter const& parameter, 
     if (!path.empty()) {
         path.erase(path.begin());
     }
-    bool const behindContainer = std::ranges::any_of(
-        path, [](auto const* group) { return group->getGroupType() == ParameterGroup::CONTAINER; });
+    bool const behindContainer =
+        std::ranges::any_of(path, [](auto const* group) { return group->getGroupType() == ParameterGroup::CONTAINER; });
     return behindContainer ? std::vector<ParameterGroup const*>{} : path;
 }
 

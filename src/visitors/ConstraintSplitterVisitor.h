@@ -10,9 +10,9 @@ namespace kivo::configuration {
 class ParameterErrors;
 class ParameterGroup;
 
-/// Moves every bound value whose parameter lies under constraints of its container's schema group into value groups bound
-/// to those constraints, which it adds at the end of the container. Values of one constraint gather in one group. A
-/// parameter behind a container is left where it is. Changes the tree; adds no message.
+/// Moves every bound value whose parameter lies under constraints of its container's schema group into value groups
+/// bound to those constraints, which it adds at the end of the container. Values of one constraint gather in one group.
+/// A parameter behind a container is left where it is. Changes the tree; adds no message.
 class ConstraintSplitterVisitor final : public ParameterValueVisitor {
 public:
     explicit ConstraintSplitterVisitor(ParameterErrors& errors);

@@ -22,7 +22,8 @@ private:
     unsigned long countOccurrences(ParameterValueGroup const& parent, ParameterItem const* container);
 
     ParameterErrors& mErrors;
-    /// The number of children by schema item, counted once for each parent: counting for every child would be quadratic.
+    /// The number of children by schema item, counted once for each parent: counting for every child would be
+    /// quadratic.
     std::unordered_map<ParameterValueGroup const*, std::unordered_map<ParameterItem const*, unsigned long>> mCounts;
 };
 

@@ -26,7 +26,9 @@ ParameterGroup const* asGroup(ParameterItem const* item) {
 
 ParameterMatchingVisitor::ParameterMatchingVisitor(Specification const& specification, ParameterErrors& errors,
                                                    bool reportUnrecognized)
-    : ParameterValueVisitor(false), mErrors(errors), mRootGroup(specification.getParameterGroup()),
+    : ParameterValueVisitor(false),
+      mErrors(errors),
+      mRootGroup(specification.getParameterGroup()),
       mReportUnrecognized(reportUnrecognized) {}
 
 bool ParameterMatchingVisitor::visitGroupStart(ParameterValueGroup& group) {

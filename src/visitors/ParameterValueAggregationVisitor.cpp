@@ -26,8 +26,12 @@ void appendTexts(ParameterValue& target, ParameterValue const& source) {
 ParameterValueAggregationVisitor::ParameterValueAggregationVisitor(Specification const* specification,
                                                                    ParameterValueGroup& target, ParameterErrors& errors,
                                                                    bool flattenConstraints, SourceUse sourceUse)
-    : ParameterValueVisitor(false), mRootGroup(rootGroupOf(specification)), mErrors(&errors), mTargetStack{&target},
-      mFlattenConstraints(flattenConstraints), mSourceUse(sourceUse) {}
+    : ParameterValueVisitor(false),
+      mRootGroup(rootGroupOf(specification)),
+      mErrors(&errors),
+      mTargetStack{&target},
+      mFlattenConstraints(flattenConstraints),
+      mSourceUse(sourceUse) {}
 
 bool ParameterValueAggregationVisitor::visitGroupStart(ParameterValueGroup& group) {
     bool const inSpecification = isInSpecification(group);

@@ -10,9 +10,9 @@ class ParameterErrors;
 class ParameterGroup;
 class Specification;
 
-/// Copies the bound items of a value tree into a target group and merges them with what is there: a bounded parameter or
-/// group that is there already wins, an unbounded parameter collects the texts of all, an unbounded group stays a group
-/// for each occurrence. What is unbound or not under the specification's root is left out. Adds no message.
+/// Copies the bound items of a value tree into a target group and merges them with what is there: a bounded parameter
+/// or group that is there already wins, an unbounded parameter collects the texts of all, an unbounded group stays a
+/// group for each occurrence. What is unbound or not under the specification's root is left out. Adds no message.
 class ParameterValueAggregationVisitor final : public ParameterValueVisitor {
 public:
     /// What happens to the values of the visited tree.

@@ -13,8 +13,8 @@ class ParameterValidator;
 class ParameterValue;
 class ParameterValueGroup;
 
-/// Walks a specification's schema beside the merged values and reports texts that fail their checks, required parameters
-/// and containers that nobody gave, and alternatives that were given together. Reads only.
+/// Walks a specification's schema beside the merged values and reports texts that fail their checks, required
+/// parameters and containers that nobody gave, and alternatives that were given together. Reads only.
 ///
 /// The checks of single values are static: the default of a parameter undergoes them, too (ValueChecks.cpp).
 class SecondPhaseValidationVisitor final : public ParameterVisitor {

@@ -39,18 +39,12 @@ bool isOid(char const* text) {
 /// The type that a text is not, as messages name it; null when it fits.
 char const* findMisfit(char const* text, Parameter::ValueType type) {
     switch (type) {
-    case Parameter::BOOLEAN_PARAMETER:
-        return isBoolean(text) ? nullptr : "boolean";
-    case Parameter::INT_PARAMETER:
-        return isIntegerOf<int>(text) ? nullptr : "signed integer";
-    case Parameter::UINT_PARAMETER:
-        return isIntegerOf<unsigned int>(text) ? nullptr : "unsigned integer";
-    case Parameter::DOUBLE_PARAMETER:
-        return parseDouble(text).isWhole ? nullptr : "double";
-    case Parameter::OID_PARAMETER:
-        return isOid(text) ? nullptr : "OID";
-    default:
-        return nullptr; // any text is a string; labels are looked up when they are read
+    case Parameter::BOOLEAN_PARAMETER: return isBoolean(text) ? nullptr : "boolean";
+    case Parameter::INT_PARAMETER: return isIntegerOf<int>(text) ? nullptr : "signed integer";
+    case Parameter::UINT_PARAMETER: return isIntegerOf<unsigned int>(text) ? nullptr : "unsigned integer";
+    case Parameter::DOUBLE_PARAMETER: return parseDouble(text).isWhole ? nullptr : "double";
+    case Parameter::OID_PARAMETER: return isOid(text) ? nullptr : "OID";
+    default: return nullptr; // any text is a string; labels are looked up when they are read
     }
 }
 

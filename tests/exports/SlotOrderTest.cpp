@@ -18,8 +18,13 @@ using namespace configuration;
 class SlotOrder : public ManagerTest {};
 
 TEST_F(SlotOrder, ItemsAnswerByPosition) {
-    auto* parameter = createParameter({.id = "a", .name = "n", .optional = true, .type = Parameter::INT_PARAMETER,
-                                       .defaultValue = "8", .valueName = "number", .validator = "storageLocation"});
+    auto* parameter = createParameter({.id = "a",
+                                       .name = "n",
+                                       .optional = true,
+                                       .type = Parameter::INT_PARAMETER,
+                                       .defaultValue = "8",
+                                       .valueName = "number",
+                                       .validator = "storageLocation"});
     EXPECT_EQ(callParameter(parameter), "0 1 0 a n changed 0 Parameter number 2 1 0 1");
     auto* group = createContainer({.id = "g", .name = "group", .unbounded = true});
     EXPECT_EQ(callGroup(group), "1 0 1 g group changed 0 Container");
@@ -43,8 +48,7 @@ TEST_F(SlotOrder, ValidatorsProvidersAndExceptionsAnswerByPosition) {
     auto* specification = createSpecification({.id = "tool"}, {createParameter({.id = "a"})});
     CommandLineValueProvider provider(1);
     ParameterValueGroup result(nullptr);
-    EXPECT_EQ(callProvider(&provider, specification, &result),
-              "CLI 1 1     -a\n-a Description     \n");
+    EXPECT_EQ(callProvider(&provider, specification, &result), "CLI 1 1     -a\n-a Description     \n");
     EXPECT_EQ(result.getNumberOfItems(), 1u);
     EXPECT_FALSE(provider.getEnabled());
 

@@ -1,0 +1,66 @@
+#include <configuration/ValueGroup.h>
+
+#include "support/Schema.h"
+#include "support/ValueTree.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <new>
+
+namespace {
+
+unsigned long allocations = 0;
+
+void* allocate(std::size_t size) noexcept {
+    ++allocations;
+    return std::malloc(size);
+}
+
+} // namespace
+
+void* operator new(std::size_t size) {
+    if (void* memory = allocate(size)) {
+        return memory;
+    }
+    throw std::bad_alloc();
+}
+void* operator new(std::size_t size, std::nothrow_t const&) noexcept { return allocate(size); }
+// Not inlined: the compiler must not see a block of `new` end in free().
+[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+
+using namespace kivo::configuration;
+using namespace kivo::test;
+
+namespace {
+
+template <class Call>
+unsigned long allocationsOf(Call&& call) {
+    auto const before = allocations;
+    call();
+    return allocations - before;
+}
+
+TEST(Allocation, ATypedReadAllocatesItsHandleOnly) {
+    for (int const size : {3, 300}) {
+        SCOPED_TRACE(size);
+        Items items;
+        auto const tree = valueGroup("root");
+        for (int i = 0; i < size; ++i) {
+            auto const id = "a_long_name_that_no_small_string_holds_" + std::to_string(i);
+            auto const type = i % 2 ? Parameter::STRING_PARAMETER : Parameter::INT_PARAMETER;
+            tree->addItem(value(items.parameter({.id = id.c_str(), .type = type}), "7").release());
+        }
+        ValueGroup const root(tree.get());
+        char const* const number = "A_LONG_NAME_THAT_NO_SMALL_STRING_HOLDS_2";
+        char const* const text = "A_LONG_NAME_THAT_NO_SMALL_STRING_HOLDS_1";
+        root.getValue(number); // builds the index of the large group
+        auto const ofHandle = allocationsOf([&] { Value const handle(tree->getValue(number), false); });
+        EXPECT_GT(ofHandle, 0u);
+        EXPECT_EQ(allocationsOf([&] { EXPECT_EQ(root.getValue(number).asInteger(), 7); }), ofHandle);
+        EXPECT_EQ(allocationsOf([&] { EXPECT_STREQ(root.getValue(text).asString(), "7"); }), ofHandle);
+        EXPECT_EQ(allocationsOf([&] { EXPECT_TRUE(root.getValue("none").isNull()); }), ofHandle);
+    }
+}
+
+} // namespace
