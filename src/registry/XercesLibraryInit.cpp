@@ -5,19 +5,22 @@
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
-#include <memory>
-
 namespace kivo::configuration {
 
-XercesLibraryInit::XercesLibraryInit() {
+namespace {
+
+void open() {
     xercesc::XMLPlatformUtils::Initialize(xercesc::XMLUni::fgXercescDefaultLocale, nullptr, nullptr, nullptr);
 }
+
+} // namespace
+
+XercesLibraryInit::XercesLibraryInit() { open(); }
 
 XercesLibraryInit::~XercesLibraryInit() { xercesc::XMLPlatformUtils::Terminate(); }
 
 void XercesLibraryInit::keepOpen() {
-    // Never closed, hence never destroyed.
-    [[maybe_unused]] static auto const* const scope = std::make_unique<XercesLibraryInit>().release();
+    [[maybe_unused]] static bool const isOpen = (open(), true); // never closed
 }
 
 } // namespace kivo::configuration

@@ -84,7 +84,7 @@ TEST(SchemaContract, ThrowsWithTheConditionAndChangesNothing) {
              Row{"null location", "value != 0",
                  [](S) { StorageLocationValidator().validate(static_cast<char const*>(nullptr)); }},
              Row{"null specification", "id != 0", [](S) { Specification const made(nullptr, nullptr); }},
-             Row{"null specification text", "description != 0", [](S) { Specification const made("x", nullptr); }},
+             Row{"null text of a specification", "description != 0", [](S) { Specification const made("x", nullptr); }},
          }) {
         SCOPED_TRACE(row.label);
         Subjects subjects;
