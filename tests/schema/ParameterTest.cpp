@@ -41,7 +41,7 @@ TEST_F(ParameterTest, CreateChecksItsArgumentsInOrder) {
         ParameterFields fields;
         std::string text;
     };
-    for (auto const& [fields, text] : {
+    for (auto const& row : {
              Row{{nullptr, nullptr}, contractText("id != 0")},
              Row{{"", ""}, contractText("objectKey != 0 && *objectKey != '\\0'")},
              Row{{"TAKEN", nullptr}, "Parameter id \"TAKEN\" is not unique"},
@@ -52,7 +52,7 @@ TEST_F(ParameterTest, CreateChecksItsArgumentsInOrder) {
              Row{{.name = "Name", .type = Parameter::INT_PARAMETER, .defaultValue = "5%d"},
                  "\"5%d\" is not a valid default value for parameter \"Name\""},
          }) {
-        EXPECT_EQ(whatOf([&] { createParameter(fields); }), text);
+        EXPECT_EQ(whatOf([&] { createParameter(row.fields); }), row.text);
         EXPECT_EQ(manager().getParameterItem("id"), nullptr); // nothing was registered
     }
     EXPECT_STREQ(manager().getParameterItem("Taken", ParameterItem::PARAMETER)->getId(), "taken");
