@@ -5,7 +5,8 @@
 #   cpack --config CPackSourceConfig.cmake          an archive of the sources
 #
 # Packages hold the installation prefix of the build, below which the kernel library looks for its files: those that are
-# handed out want -DCMAKE_INSTALL_PREFIX=/usr. Where SOURCE_DATE_EPOCH is set, equal builds give equal packages.
+# handed out want -DCMAKE_INSTALL_PREFIX=/usr. Where SOURCE_DATE_EPOCH is set, equal builds give equal packages; Debian
+# ones under equal umasks, which cpack writes into them.
 
 if(NOT PROJECT_IS_TOP_LEVEL)
     return()
