@@ -158,7 +158,8 @@ public:
     ValueGroupIterator getValueGroupIterator(char const* name, int flags) const;
     /// Sets the application's own values, which win over all others, and forgets the kept settings: handles become
     /// invalid. The values replace those of an earlier call.
-    /// @param values an unnamed group that holds a group for each specification, named by its id; copied
+    /// @param values an unnamed group that holds the group of one specification, named by its id; copied. A group of
+    ///               another specification beside it makes every request fail.
     /// @param flags  passed to the provider
     void setApplicationValues(ParameterValueGroup const& values, int flags);
     /// @}

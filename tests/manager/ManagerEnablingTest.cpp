@@ -14,8 +14,6 @@
 
 #include <gmock/gmock.h>
 
-#include <unistd.h>
-
 namespace kivo::test {
 
 using namespace configuration;
@@ -36,7 +34,7 @@ protected:
         installation.write("here/a.xml", "<tool a=\"here\"/>");
         std::filesystem::current_path(installation.at("here"));
     }
-    ~EnablingTest() override { std::filesystem::current_path("/"); }
+    ~EnablingTest() override { std::filesystem::current_path(mBefore); }
 
     static void enable(bool allowMachineConfig, char const* file, Arguments const& arguments) {
         manager().enableConfiguration(allowMachineConfig, file, static_cast<unsigned int>(arguments.size()),
@@ -68,6 +66,9 @@ protected:
         }
         return text;
     }
+
+private:
+    std::filesystem::path mBefore = std::filesystem::current_path();
 };
 
 std::string enabled(std::string const& allow, std::string const& file, std::string const& commandLine) {

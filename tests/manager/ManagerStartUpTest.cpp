@@ -6,9 +6,10 @@
 #include "support/Exceptions.h"
 #include "support/ManagerTest.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 
-#include <sys/stat.h>
+#include <unistd.h>
 
 namespace kivo::test {
 
