@@ -90,11 +90,6 @@ protected:
     KIVO_CONFIGURATION_LOCAL ParameterValue(std::unique_ptr<Impl> impl, ParameterValue const& other);
 
 private:
-    friend class ParameterValueAggregationVisitor;
-
-    /// Takes over the state of another value, which can only be destroyed afterwards.
-    KIVO_CONFIGURATION_LOCAL ParameterValue(TakeOver, ParameterValue& other) noexcept;
-
     Impl* mImpl; // the state that the base owns
 };
 

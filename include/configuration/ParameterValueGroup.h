@@ -88,6 +88,7 @@ public:
 
 private:
     friend class ParameterValueItem;
+    friend class ItemTaker;
     friend ParameterValueItem* findChild(ParameterValueGroup const& parent, char const* id, ItemType type);
 
     /// The id of a child changed.

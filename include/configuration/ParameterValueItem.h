@@ -72,20 +72,16 @@ protected:
     KIVO_CONFIGURATION_LOCAL ParameterValueItem(std::unique_ptr<Impl> impl, ParameterItem const* item);
     /// As the copy constructor, likewise.
     KIVO_CONFIGURATION_LOCAL ParameterValueItem(std::unique_ptr<Impl> impl, ParameterValueItem const& other);
-    /// Tells the constructor that takes over from the copy constructor.
-    struct KIVO_CONFIGURATION_LOCAL TakeOver {};
-    /// Takes over the state of another node, which can only be destroyed afterwards.
-    KIVO_CONFIGURATION_LOCAL ParameterValueItem(TakeOver, ParameterValueItem& other) noexcept;
     /// The state given at construction.
     KIVO_CONFIGURATION_LOCAL Impl* getImpl() const noexcept;
 
     /// Copies id, state and binding, and the parent unless a group holds this node.
     ParameterValueItem& operator=(ParameterValueItem const& other);
 
-    /// Binds the node; the stored id is left as it was. Reached through the helpers of the visitors.
+    /// Binds the node, whose id is that of the schema item from then on. Reached through the helpers of the visitors.
     /// @throws kivo::ContractViolationException "parameterItem != 0"
     virtual void assignParameterItem(ParameterItem const* parameterItem);
-    /// Replaces the stored id.
+    /// Replaces the id of a node that is not bound.
     /// @throws kivo::ContractViolationException "parameterItemId != 0 && *parameterItemId != '\0'"
     void setParameterItemId(char const* parameterItemId);
     /// Sets the state alone.

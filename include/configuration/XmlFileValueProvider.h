@@ -23,8 +23,7 @@ public:
     char const* getName() const override;
     /// As ValueProvider.
     /// @throws ConfigurationException "\"<element>\" is not a valid parameter": an element that names a parameter has
-    /// no
-    ///         attribute `value`
+    ///         no attribute `value`
     bool getValues(Specification const* specification, ParameterValueGroup& result, int flags) override;
     void reset() override;
     using ValueProvider::setArguments;

@@ -6,18 +6,17 @@
 
 #include "kernel/kvDirectories.h"
 #include "kernel/kvFiles.h"
-#include "kernel/kvKivo.h"
 #include "manager/ContextMgr.h"
 #include "manager/InstallationPaths.h"
 #include "manager/ManagerImpl.h"
 #include "manager/VectorWrapper.h"
 #include "registry/XercesLibraryInit.h"
+#include "schema/MainLog.h"
 
 namespace kivo::configuration {
 
 namespace {
 
-constexpr char const* LOG_CATEGORY = "Configuration";
 constexpr char const* LOAD_CONFIGURATION_FLAG = "-loadConfiguration";
 constexpr char const* MACHINE_CONFIGURATION_FILE_NAME = "machine.config";
 
@@ -31,13 +30,13 @@ void logEnabling(bool allowMachineConfig, std::string const& applicationConfigFi
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         text.append(i > 0 ? ", \"" : "\"").append(arguments[i]).append("\"");
     }
-    kvKivo::addToMainLog(LOG_CATEGORY, text.append("]").c_str());
+    addToMainLog(text.append("]"));
 }
 
 void logLoading(char const* outcome, std::string const& path) {
     std::string text = "loadConfigurationFile: [";
     text.append(outcome).append("]\n [file = \"").append(path).append("\"]");
-    kvKivo::addToMainLog(LOG_CATEGORY, text.c_str());
+    addToMainLog(text);
 }
 
 /// A tool's arguments, taken apart.

@@ -4,11 +4,11 @@
 
 #include <configuration/ParameterValueGroup.h>
 
-#include "kernel/kvKivo.h"
 #include "registry/XercesDocument.h"
 #include "registry/XercesLibraryInit.h"
 #include "registry/XmlText.h"
 #include "schema/ContractChecks.h"
+#include "schema/MainLog.h"
 
 #include <xercesc/dom/DOMNamedNodeMap.hpp>
 
@@ -24,7 +24,7 @@ void logWarnings(std::vector<std::string> const& warnings) {
     for (auto const& warning : warnings) {
         text.append(warning).append("\n");
     }
-    kvKivo::addToMainLog("Configuration", text.c_str());
+    addToMainLog(text);
 }
 
 void addAttributes(ParameterValueGroup& group, xercesc::DOMElement const& element) {

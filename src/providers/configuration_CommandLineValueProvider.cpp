@@ -19,7 +19,9 @@ namespace kivo::configuration {
 
 class CommandLineValueProvider::Impl {
 public:
-    ParameterValueGroup mArguments{nullptr};
+    std::unique_ptr<ParameterValueGroup> mArguments = noArguments();
+
+    static std::unique_ptr<ParameterValueGroup> noArguments() { return std::make_unique<ParameterValueGroup>(nullptr); }
 };
 
 namespace {
@@ -83,7 +85,7 @@ CommandLineValueProvider::~CommandLineValueProvider() = default;
 char const* CommandLineValueProvider::getName() const { return Manager::COMMAND_LINE_PROVIDER_NAME; }
 
 void CommandLineValueProvider::setArguments(int argc, char const* const* argv, int flags) {
-    ParameterValueGroup arguments(nullptr);
+    auto arguments = Impl::noArguments();
     for (int i = 1; argv && i < argc; ++i) {
         auto const argument = trim(argv[i]);
         auto const name = nameOf(argument, flags);
@@ -94,14 +96,14 @@ void CommandLineValueProvider::setArguments(int argc, char const* const* argv, i
                 ++i;
             }
         }
-        arguments.addValue(name.c_str(), textOrNull(text));
+        arguments->addValue(name.c_str(), textOrNull(text));
     }
-    mImpl->mArguments = arguments;
+    mImpl->mArguments = std::move(arguments);
 }
 
 bool CommandLineValueProvider::getValues(Specification const* specification, ParameterValueGroup& result, int flags) {
     KIVO_REQUIRE(specification != 0);
-    std::unique_ptr<ParameterValueGroup> values(mImpl->mArguments.clone(ParameterValueItem::DEEP_COPY));
+    std::unique_ptr<ParameterValueGroup> values(mImpl->mArguments->clone(ParameterValueItem::DEEP_COPY));
     ValueItemUtil().setParameterItemId(*values, specification->getId());
     if ((flags & RESOLVE_FLAG_NAMES) != 0) {
         NameFixer fixer(specification->getParameterGroup());
@@ -114,15 +116,15 @@ bool CommandLineValueProvider::getValues(Specification const* specification, Par
 }
 
 void CommandLineValueProvider::reset() {
-    mImpl->mArguments = ParameterValueGroup(nullptr);
+    mImpl->mArguments = Impl::noArguments();
     ValueProvider::reset();
 }
 
 bool CommandLineValueProvider::removeParameter(Specification const* specification, char const* parameterName) {
     KIVO_REQUIRE(specification != 0);
     KIVO_REQUIRE(parameterName != 0 && *parameterName != '\0');
-    std::unique_ptr<ParameterValueItem> found(mImpl->mArguments.getItem(parameterName));
-    mImpl->mArguments.removeItem(parameterName);
+    std::unique_ptr<ParameterValueItem> found(mImpl->mArguments->getItem(parameterName));
+    mImpl->mArguments->removeItem(parameterName);
     return found != nullptr;
 }
 

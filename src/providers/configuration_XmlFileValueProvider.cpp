@@ -8,6 +8,7 @@
 #include "providers/XmlValuesFile.h"
 #include "visitors/UnboundedParameterValueFixer.h"
 
+#include <memory>
 #include <vector>
 
 namespace kivo::configuration {
@@ -17,14 +18,15 @@ namespace {
 /// Makes one group equal to another, whose children move over: they are all that a file holds, and need no copy.
 void moveGroup(ParameterValueGroup& from, ParameterValueGroup& to) {
     to = ParameterValueGroup(from, ParameterValueItem::SHALLOW_COPY);
-    std::vector<ParameterValueItem*> children;
+    std::vector<std::unique_ptr<ParameterValueItem>> children;
     children.reserve(from.getNumberOfItems());
     while (auto const count = from.getNumberOfItems()) {
-        children.push_back(from.getItem(count - 1));
+        auto* const child = from.getItem(count - 1);
         from.removeItem(count - 1);
+        children.emplace_back(child);
     }
     while (!children.empty()) {
-        to.addItem(children.back());
+        to.addItem(children.back().release());
         children.pop_back();
     }
 }

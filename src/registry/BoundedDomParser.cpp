@@ -21,7 +21,10 @@ namespace kivo::configuration {
 namespace {
 
 constexpr XMLSize_t MAX_DEPTH = 1000;
+constexpr XMLSize_t MAX_NAMESPACES = 1000;
 constexpr XMLSize_t MAX_ATTRIBUTES = 10000;
+constexpr XMLSize_t MANY_ATTRIBUTES = 1000;
+constexpr XMLSize_t MAX_ATTRIBUTE_SQUARES = MAX_ATTRIBUTES * MAX_ATTRIBUTES; // of elements that have many
 constexpr XMLSize_t MAX_NAMES = 20000;
 constexpr XMLSize_t MAX_ENTITY_EXPANSIONS = 1000;
 constexpr XMLSize_t MAX_DEFAULTED_SIZE = 10000000; // in characters, of which a node counts as many as this:
@@ -31,6 +34,9 @@ constexpr XMLSize_t ATTRIBUTE_SIZE = 100;
 std::u16string moreThan(std::string const& before, XMLSize_t limit, std::string const& behind) {
     return toXmlText(before + " more than " + std::to_string(limit) + " " + behind);
 }
+
+/// Whether an attribute declares a namespace: "xmlns", "xmlns:p". (Others that begin so may be counted as well.)
+bool declaresNamespace(XMLCh const* name) { return *name == u'x' && std::u16string_view(name).starts_with(u"xmlns"); }
 
 } // namespace
 
@@ -66,7 +72,7 @@ void BoundedDomParser::read(RegularFileSource const& source) {
 void BoundedDomParser::XMLDecl(XMLCh const* version, XMLCh const* encoding, XMLCh const* standalone,
                                XMLCh const* actualEncoding) {
     if (!equalsAscii(version, "1.0") && !equalsAscii(version, "1.1")) {
-        mRefuser.refuse(std::u16string(u"the XML version '").append(version).append(u"' is unknown"));
+        mRefuser.refuse(u"the XML version " + InputRefuser::quote(version) + u" is unknown");
     }
     XercesDOMParser::XMLDecl(version, encoding, standalone, actualEncoding);
 }
@@ -74,26 +80,30 @@ void BoundedDomParser::XMLDecl(XMLCh const* version, XMLCh const* encoding, XMLC
 void BoundedDomParser::startElement(xercesc::XMLElementDecl const& declaration, unsigned int uriId, XMLCh const* prefix,
                                     xercesc::RefVectorOf<xercesc::XMLAttr> const& attributes, XMLSize_t attributeCount,
                                     bool isEmpty, bool isRoot) {
-    if (++mDepth > MAX_DEPTH) {
+    if (mNamespaces.size() == MAX_DEPTH) {
         mRefuser.refuse(moreThan("elements are nested", MAX_DEPTH, "levels deep"));
     }
-    if (attributeCount > MAX_ATTRIBUTES) {
-        mRefuser.refuse(moreThan("an element has", MAX_ATTRIBUTES, "attributes"));
-    }
+    countAttributes(attributeCount);
     if (declaration.hasAttDefs()) {
         countDefaults(declaration);
     }
     checkName(declaration.getBaseName());
     auto lastUriId = uriId;
+    auto namespaces = mNamespaces.empty() ? 0 : mNamespaces.back();
     for (XMLSize_t i = 0; i < attributeCount; ++i) {
         auto const& attribute = *attributes.elementAt(i);
         checkName(attribute.getQName());
         checkText(attribute.getValue());
         lastUriId = std::max(lastUriId, attribute.getURIId());
+        namespaces += declaresNamespace(attribute.getQName());
     }
     if (mNames.size() > MAX_NAMES || lastUriId > MAX_NAMES) { // ids count the namespaces of the document
         mRefuser.refuse(moreThan("there are", MAX_NAMES, "different names"));
     }
+    if (namespaces > MAX_NAMESPACES) {
+        mRefuser.refuse(moreThan("there are", MAX_NAMESPACES, "namespaces around an element"));
+    }
+    mNamespaces.push_back(namespaces);
     try {
         XercesDOMParser::startElement(declaration, uriId, prefix, attributes, attributeCount, isEmpty, isRoot);
     } catch (xercesc::DOMException const& fault) { // a declared default can have a name that no document holds
@@ -103,13 +113,23 @@ void BoundedDomParser::startElement(xercesc::XMLElementDecl const& declaration, 
 
 void BoundedDomParser::endElement(xercesc::XMLElementDecl const& declaration, unsigned int uriId, bool isRoot,
                                   XMLCh const* prefix) {
-    --mDepth;
+    mNamespaces.pop_back();
     XercesDOMParser::endElement(declaration, uriId, isRoot, prefix);
 }
 
 void BoundedDomParser::report(XMLCh const* problem) {
     error(0, xercesc::XMLUni::fgXMLErrDomain, xercesc::XMLErrorReporter::ErrType_Fatal, problem, nullptr, nullptr, 0,
           0);
+}
+
+void BoundedDomParser::countAttributes(XMLSize_t count) {
+    if (count > MAX_ATTRIBUTES) {
+        mRefuser.refuse(moreThan("an element has", MAX_ATTRIBUTES, "attributes"));
+    }
+    mAttributeSquares += count > MANY_ATTRIBUTES ? count * count : 0;
+    if (mAttributeSquares > MAX_ATTRIBUTE_SQUARES) {
+        mRefuser.refuse(moreThan("too many elements have", MANY_ATTRIBUTES, "attributes"));
+    }
 }
 
 /// Each element gets copies of the defaults declared for it.

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <unordered_set>
+#include <vector>
 
 namespace kivo::configuration {
 
@@ -17,7 +18,8 @@ class RegularFileSource;
 /// address, and refuses, as an error with line and column, what would take time or memory out of proportion to the
 /// file:
 ///
-/// - elements nested deeper than 1,000 levels, or with more than 10,000 attributes
+/// - elements nested deeper than 1,000 levels, or within more than 1,000 declarations of namespaces
+/// - elements with more than 10,000 attributes, or many with more than 1,000: their time grows with the square
 /// - more than 20,000 different names: the time that a document takes grows with their square
 /// - more than 1,000 expansions of entities
 /// - what DocumentTypeGuard refuses
@@ -52,6 +54,7 @@ public:
 
 private:
     void report(XMLCh const* problem);
+    void countAttributes(XMLSize_t count);
     void countDefaults(xercesc::XMLElementDecl const& declaration);
     void checkName(XMLCh const* name);
     void checkText(XMLCh const* text) const;
@@ -60,7 +63,9 @@ private:
     InputRefuser mRefuser;
     DocumentTypeGuard mDocumentTypeGuard;
     bool mChecksTexts;
-    unsigned int mDepth = 0;
+    /// For each open element the number of namespaces declared in it and around it.
+    std::vector<XMLSize_t> mNamespaces;
+    XMLSize_t mAttributeSquares = 0;
     /// Hashes of the names seen.
     std::unordered_set<std::size_t> mNames;
     XMLSize_t mDefaultedSize = 0;

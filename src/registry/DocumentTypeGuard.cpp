@@ -15,7 +15,7 @@ constexpr XMLSize_t MAX_ENTITY_LENGTH = 1000;
 constexpr unsigned int MAX_ATTRIBUTE_DEFINITIONS = 1000;
 
 std::u16string describe(XMLCh const* kind, xercesc::DTDEntityDecl const& entity, std::u16string const& problem) {
-    return std::u16string(kind).append(u" '").append(entity.getName()).append(u"' ").append(problem);
+    return std::u16string(kind).append(u" ").append(InputRefuser::quote(entity.getName())).append(u" ").append(problem);
 }
 
 std::u16string moreThan(XMLSize_t limit) { return toXmlText("more than " + std::to_string(limit) + " "); }

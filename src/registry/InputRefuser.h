@@ -20,6 +20,10 @@ public:
     /// @param reason why, without a period
     [[noreturn]] void refuse(std::u16string const& reason) const;
 
+    /// A text of the file for a reason, in quotes. A long one is cut, as by the parser in errors of its own: a message
+    /// is limited, and must still tell the place.
+    static std::u16string quote(XMLCh const* text);
+
 private:
     xercesc::XMLErrorReporter& mReporter;
     xercesc::Locator const& mLocator;

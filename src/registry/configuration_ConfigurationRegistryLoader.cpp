@@ -10,11 +10,11 @@
 #include <configuration/Specification.h>
 
 #include "kernel/kvFiles.h"
-#include "kernel/kvKivo.h"
 #include "registry/ElementReader.h"
 #include "registry/UnfoldedSizes.h"
 #include "registry/XercesDocument.h"
 #include "registry/XercesLibraryInit.h"
+#include "schema/MainLog.h"
 #include "values/NumberText.h"
 
 #include <algorithm>
@@ -67,7 +67,7 @@ void writeLoadLogMessage(char const* fileName, char const* error) {
     if (error) {
         text.append("\n [error = \"").append(error).append("\"]");
     }
-    kvKivo::addToMainLog("Configuration", text.c_str());
+    addToMainLog(text);
 }
 
 } // namespace

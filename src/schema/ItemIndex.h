@@ -18,19 +18,19 @@ public:
     /// Makes room for a number of items, so that adding them does not rehash.
     void reserve(std::size_t count) {
         mNodes.reserve(count);
-        if (count * 2 > mSlots.size()) {
-            rehash(count * 2);
+        if (isCrowded(count)) {
+            rehash(count);
         }
     }
 
     /// Adds an item behind those of the same key.
     void add(std::string_view key, Item* item) {
-        if ((mUsedSlots + 1) * 2 > mSlots.size()) {
-            rehash(mUsedSlots * 2 + 16);
+        if (isCrowded(mUsedSlots + 1)) {
+            rehash(mUsedSlots * 2 + 1);
         }
         auto const hash = hashOf(key);
         auto const node = static_cast<Position>(mNodes.size());
-        mNodes.push_back({Key(key), item, NONE, node});
+        mNodes.push_back({key.data(), item, static_cast<std::uint32_t>(key.size()), NONE, node});
         auto& slot = mSlots[findSlot(key, hash)];
         if (slot.head == NONE) {
             slot = {hash, node};
@@ -88,26 +88,13 @@ private:
         Position head; // the first node of the key
     };
 
-    /// A key text, with a copy of a short one beside the item: a look-up then need not go where the text is.
-    class Key {
-    public:
-        explicit Key(std::string_view text) : mText(text) {
-            if (isShort()) {
-                text.copy(mCopy, text.size());
-            }
-        }
-        std::string_view get() const { return isShort() ? std::string_view(mCopy, mText.size()) : mText; }
-
-    private:
-        bool isShort() const { return mText.size() <= sizeof(mCopy); }
-
-        std::string_view mText;
-        char mCopy[16];
-    };
-
+    /// As small as it gets: the index of a large list competes with the items for the cache.
     struct Node {
-        Key key;
+        std::string_view key() const { return {text, size}; }
+
+        char const* text;
         Item* item;
+        std::uint32_t size;
         Position next; // the next node of the same key
         Position last; // in the head of a list: its end
     };
@@ -118,13 +105,13 @@ private:
         return mSlots.empty() ? NONE : mSlots[findSlot(key, hashOf(key))].head;
     }
 
-    /// The slot of a key, or the free slot where it belongs. At least half of the slots are free, so the search ends.
+    /// The slot of a key, or the free slot where it belongs. A quarter of the slots is free, so the search ends.
     std::size_t findSlot(std::string_view key, std::uint32_t hash) const {
         auto const mask = mSlots.size() - 1;
         for (auto position = hash & mask;; position = (position + 1) & mask) {
             auto const& slot = mSlots[position];
             if (slot.head == NONE ||
-                (slot.hash == hash && slot.head != DELETED && equalIgnoringCase(mNodes[slot.head].key.get(), key))) {
+                (slot.hash == hash && slot.head != DELETED && equalIgnoringCase(mNodes[slot.head].key(), key))) {
                 return position;
             }
         }
@@ -144,9 +131,11 @@ private:
         }
     }
 
-    void rehash(std::size_t atLeast) {
+    bool isCrowded(std::size_t used) const { return used * 4 > mSlots.size() * 3; }
+
+    void rehash(std::size_t used) {
         std::size_t size = 16;
-        while (size < atLeast) {
+        while (used * 4 > size * 3) {
             size *= 2;
         }
         std::vector<Slot> old(size, Slot{0, NONE});
@@ -154,7 +143,7 @@ private:
         mUsedSlots = 0;
         for (auto const& slot : old) {
             if (slot.head != NONE && slot.head != DELETED) {
-                mSlots[findSlot(mNodes[slot.head].key.get(), slot.hash)] = slot;
+                mSlots[findSlot(mNodes[slot.head].key(), slot.hash)] = slot;
                 ++mUsedSlots;
             }
         }

@@ -99,7 +99,7 @@ private:
     template <class List>
     ItemIndex<Item> const& build(List const& items) const {
         auto built = std::make_unique<ItemIndex<Item>>();
-        built->reserve(items.size());
+        built->reserve(items.capacity()); // a list that is still being filled
         for (auto const& item : items) {
             add(*built, *item);
         }

@@ -2,6 +2,7 @@
 
 #include <configuration/ParameterItem.h>
 
+#include <memory>
 #include <string>
 
 namespace kivo::configuration {
@@ -16,7 +17,7 @@ public:
 
     std::string mId;
     std::string mName;
-    std::string mDescription;
+    std::unique_ptr<char[]> mDescription; // a pointer only: requests read all but this, for every item
     bool mOptional = false;
     bool mUnbounded = false;
 };

@@ -2,6 +2,7 @@
 
 #include <configuration/ConfigurationParameterException.h>
 #include <configuration/Manager.h>
+#include <configuration/Memory.h>
 #include <configuration/Parameter.h>
 #include <configuration/ParameterValidator.h>
 #include <configuration/ParameterValue.h>
@@ -12,21 +13,19 @@
 #include "schema/ParameterItemImpl.h"
 #include "visitors/SecondPhaseValidationVisitor.h"
 
-#include <string>
-
 namespace kivo::configuration {
 
 class Parameter::Impl final : public ParameterItem::Impl {
 public:
     Impl(ValueType valueType, bool hidden) : mValueType(valueType), mHidden(hidden) {}
 
-    std::string mValueName;
-    ValueType mValueType;
+    ValueType mValueType : 8; // small and first: fills up the word that the base leaves
+    bool mHidden;
     std::unique_ptr<ParameterValue> mDefaultValue;
     ParameterValidator const* mValidator = nullptr;
-    std::unique_ptr<ParameterValueGroup> mValidatorConfiguration;
     ParameterEnumDefinition const* mEnumDefinition = nullptr;
-    bool mHidden;
+    std::unique_ptr<ParameterValueGroup> mValidatorConfiguration;
+    std::unique_ptr<char[]> mValueName; // null for an empty one, too
 };
 
 namespace {
@@ -84,8 +83,8 @@ Parameter::Parameter(char const* id, char const* name, char const* description, 
     if (defaultValue) {
         mImpl->mDefaultValue = makeDefaultValue(*this, defaultValue, valueType, mImpl->mValidator);
     }
-    if (valueName) {
-        mImpl->mValueName = valueName;
+    if (valueName && *valueName != '\0') {
+        mImpl->mValueName.reset(cloneString(valueName));
     }
 }
 
@@ -111,7 +110,7 @@ bool Parameter::isSpecialized() const { return false; }
 
 char const* Parameter::getItemTypeName() const { return "Parameter"; }
 
-char const* Parameter::getValueName() const { return mImpl->mValueName.empty() ? nullptr : mImpl->mValueName.c_str(); }
+char const* Parameter::getValueName() const { return mImpl->mValueName.get(); }
 
 Parameter::ValueType Parameter::getValueType() const { return mImpl->mValueType; }
 

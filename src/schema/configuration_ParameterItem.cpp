@@ -1,5 +1,6 @@
 #include "kernel/kvProcessInit.h"
 
+#include <configuration/Memory.h>
 #include <configuration/ParameterItem.h>
 
 #include "schema/ContractChecks.h"
@@ -18,7 +19,7 @@ ParameterItem::ParameterItem(std::unique_ptr<Impl> impl, char const* id, char co
     KIVO_REQUIRE(description && strlen(description) > 0);
     mImpl->mId = id;
     mImpl->mName = name;
-    mImpl->mDescription = description;
+    mImpl->mDescription.reset(cloneString(description));
     mImpl->mOptional = optional;
     mImpl->mUnbounded = unbounded;
 }
@@ -35,11 +36,11 @@ char const* ParameterItem::getId() const { return mImpl->mId.c_str(); }
 
 char const* ParameterItem::getName() const { return mImpl->mName.c_str(); }
 
-char const* ParameterItem::getDescription() const { return mImpl->mDescription.c_str(); }
+char const* ParameterItem::getDescription() const { return mImpl->mDescription.get(); }
 
 void ParameterItem::setDescription(char const* description) {
     KIVO_REQUIRE(description && strlen(description) > 0);
-    mImpl->mDescription = description;
+    mImpl->mDescription.reset(cloneString(description));
 }
 
 bool ParameterItem::isSpecialized() const { return false; }

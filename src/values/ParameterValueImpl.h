@@ -27,7 +27,7 @@ public:
         return mValueType == Parameter::ENUM_PARAMETER && mParameterItem ? parameter()->getEnumDefinition() : nullptr;
     }
 
-    Parameter::ValueType mValueType = Parameter::STRING_PARAMETER; // of the parameter; without one not looked at
+    Parameter::ValueType mValueType : 8 = Parameter::STRING_PARAMETER; // of the parameter; without one not looked at
     bool mUsingDefaultValue = false;
     ValueTexts mValues;
 };

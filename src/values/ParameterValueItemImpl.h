@@ -14,13 +14,13 @@ public:
     Impl(Impl const&) = delete;
     Impl& operator=(Impl const&) = delete;
 
-    std::string mParameterItemId;
-    ItemState mItemState = NOT_ASSIGNED;
+    std::string mParameterItemId; // the same as that of the schema item, but for letter case, when bound to one
     ParameterItem const* mParameterItem = nullptr;
     ParameterValueGroup* mParentGroup = nullptr;
     /// The group whose list the item is in. Not the same as the parent: a copy has the parent of its source at first,
     /// and that may be gone by the time the copy is changed.
     ParameterValueGroup* mHolder = nullptr;
+    ItemState mItemState : 8 = NOT_ASSIGNED; // small and last: what derives from this fills up the word
 
     /// Copies the fields; an item in a list stays there, whatever the source's parent.
     void copyItem(Impl const& other) {

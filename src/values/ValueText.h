@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -59,14 +60,29 @@ class ValueTexts {
 public:
     explicit ValueTexts(char const* first) : mFirst(first) {}
 
-    void add(char const* text) { mOthers.emplace_back(text); }
-    unsigned long size() const { return 1 + mOthers.size(); }
-    ValueText const& operator[](unsigned long index) const { return index == 0 ? mFirst : mOthers[index - 1]; }
-    ValueText& operator[](unsigned long index) { return index == 0 ? mFirst : mOthers[index - 1]; }
+    ValueTexts(ValueTexts const& other)
+        : mOthers(other.mOthers ? std::make_unique<Others>(*other.mOthers) : nullptr), mFirst(other.mFirst) {}
+    ValueTexts& operator=(ValueTexts other) noexcept {
+        mOthers = std::move(other.mOthers);
+        mFirst = std::move(other.mFirst);
+        return *this;
+    }
+    ~ValueTexts() = default;
+
+    void add(char const* text) {
+        if (!mOthers) {
+            mOthers = std::make_unique<Others>();
+        }
+        mOthers->emplace_back(text);
+    }
+    unsigned long size() const { return mOthers ? 1 + mOthers->size() : 1; }
+    ValueText const& operator[](unsigned long index) const { return index == 0 ? mFirst : (*mOthers)[index - 1]; }
+    ValueText& operator[](unsigned long index) { return index == 0 ? mFirst : (*mOthers)[index - 1]; }
 
 private:
+    using Others = std::vector<ValueText>;
+    std::unique_ptr<Others> mOthers;
     ValueText mFirst;
-    std::vector<ValueText> mOthers;
 };
 
 } // namespace kivo::configuration

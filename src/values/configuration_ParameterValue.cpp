@@ -40,9 +40,6 @@ ParameterValue::ParameterValue(std::unique_ptr<Impl> impl, char const* id)
 ParameterValue::ParameterValue(std::unique_ptr<Impl> impl, ParameterValue const& other)
     : ParameterValueItem(std::move(impl), other), mImpl(static_cast<Impl*>(getImpl())) {}
 
-ParameterValue::ParameterValue(TakeOver takeOver, ParameterValue& other) noexcept
-    : ParameterValueItem(takeOver, other), mImpl(static_cast<Impl*>(getImpl())) {}
-
 ParameterValue& ParameterValue::operator=(ParameterValue const& other) {
     if (this != &other) {
         auto values = other.mImpl->mValues; // from here on only the copy of the id can fail, and it comes first

@@ -8,32 +8,12 @@
 #include <configuration/ParameterValueVisitor.h>
 
 #include "schema/ContractChecks.h"
-#include "schema/LazyItemIndex.h"
 #include "values/ChildSearch.h"
-#include "values/ParameterValueItemImpl.h"
+#include "values/ParameterValueGroupImpl.h"
 
 #include <algorithm>
-#include <string>
-#include <vector>
 
 namespace kivo::configuration {
-
-namespace {
-
-std::string_view idOf(ParameterValueItem const& item) {
-    char const* id = item.getParameterItemId();
-    return id ? id : std::string_view();
-}
-
-} // namespace
-
-class ParameterValueGroup::Impl final : public ParameterValueItem::Impl {
-public:
-    std::vector<std::unique_ptr<ParameterValueItem>> mItems;
-    LazyItemIndex<ParameterValueItem, idOf> mIndex;
-
-    ParameterValueItem* first(std::string_view id) const { return mIndex.first(mItems, id); }
-};
 
 ParameterValueGroup::ParameterValueGroup(ParameterGroup const* group)
     : ParameterValueItem(std::make_unique<Impl>(), static_cast<ParameterItem const*>(group)),
@@ -48,8 +28,8 @@ ParameterValueGroup::ParameterValueGroup(ParameterValueGroup const& other) : Par
 
 ParameterValueGroup::ParameterValueGroup(ParameterValueGroup const& other, CopyMethod method)
     : ParameterValueItem(std::make_unique<Impl>(), other), mImpl(static_cast<Impl*>(getImpl())) {
+    mImpl->mItems.reserve(other.mImpl->mItems.size()); // a shallow copy is mostly filled with as many
     if (method == DEEP_COPY) {
-        mImpl->mItems.reserve(other.mImpl->mItems.size());
         for (auto const& item : other.mImpl->mItems) {
             mImpl->mItems.emplace_back(item->clone(DEEP_COPY))->setHolder(this);
         }

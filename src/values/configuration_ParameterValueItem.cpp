@@ -38,8 +38,6 @@ ParameterValueItem::ParameterValueItem(std::unique_ptr<Impl> impl, ParameterValu
     mImpl->copyItem(*other.mImpl);
 }
 
-ParameterValueItem::ParameterValueItem(TakeOver, ParameterValueItem& other) noexcept : mImpl(std::move(other.mImpl)) {}
-
 ParameterValueItem& ParameterValueItem::operator=(ParameterValueItem const& other) {
     if (this != &other) {
         mImpl->copyItem(*other.mImpl);
@@ -67,19 +65,20 @@ ParameterValueGroup* ParameterValueItem::getParentGroup() const { return mImpl->
 
 void ParameterValueItem::assignParameterItem(ParameterItem const* parameterItem) {
     KIVO_REQUIRE(parameterItem != 0);
-    char const* const before = ParameterValueItem::getParameterItemId();
-    // Matching binds every item to a schema item of its own id: the group that holds it need not hear of that, and goes
-    // on finding it by the stored text.
-    bool const sameId = !mImpl->mParameterItem && before && equalIgnoringCase(before, parameterItem->getId());
-    mImpl->mParameterItem = parameterItem;
-    mImpl->mItemState = ASSIGNED;
-    if (!sameId) {
+    // Matching binds every item to a schema item of its own id: the group that holds it need not hear of that.
+    if (!equalIgnoringCase(mImpl->mParameterItemId, parameterItem->getId())) {
+        mImpl->mParameterItemId = parameterItem->getId();
         idChanged();
     }
+    mImpl->mParameterItem = parameterItem;
+    mImpl->mItemState = ASSIGNED;
 }
 
 void ParameterValueItem::setParameterItemId(char const* parameterItemId) {
     KIVO_REQUIRE(parameterItemId != 0 && *parameterItemId != '\0');
+    if (mImpl->mParameterItem) {
+        return; // a bound item has the id of its schema item, and is never unbound
+    }
     mImpl->mParameterItemId = parameterItemId;
     idChanged();
 }

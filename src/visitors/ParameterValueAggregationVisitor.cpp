@@ -9,8 +9,6 @@
 #include "values/ChildSearch.h"
 #include "visitors/RootGroup.h"
 
-#include <typeinfo>
-
 namespace kivo::configuration {
 
 namespace {
@@ -37,6 +35,9 @@ bool ParameterValueAggregationVisitor::visitGroupStart(ParameterValueGroup& grou
     bool const inSpecification = isInSpecification(group);
     mInSpecificationStack.push_back(inSpecification);
     mTargetStack.push_back(inSpecification ? &findTarget(group) : mTargetStack.back());
+    if (mSourceUse == CONSUME) {
+        mTakerStack.emplace_back(group);
+    }
     return true;
 }
 
@@ -69,6 +70,9 @@ ParameterValueGroup& ParameterValueAggregationVisitor::findTarget(ParameterValue
 }
 
 void ParameterValueAggregationVisitor::visitGroupEnd(ParameterValueGroup&) {
+    if (mSourceUse == CONSUME) {
+        mTakerStack.pop_back();
+    }
     mTargetStack.pop_back();
     mInSpecificationStack.pop_back();
 }
@@ -81,19 +85,16 @@ bool ParameterValueAggregationVisitor::visitParameterValue(ParameterValue& value
     auto& target = *mTargetStack.back();
     auto* existing = findChildValue(target, parameter->getId());
     if (!existing) {
-        target.addItem(makeCopy(value));
+        target.addItem(takeOrCopy(value).release());
     } else if (parameter->isUnbounded()) {
         appendTexts(*existing, value);
     }
     return true;
 }
 
-/// A value of a derived class is cloned in any case: only it knows what it has beside the state of a value.
-ParameterValue* ParameterValueAggregationVisitor::makeCopy(ParameterValue& value) const {
-    if (mSourceUse == CONSUME && typeid(value) == typeid(ParameterValue)) {
-        return new ParameterValue(ParameterValue::TakeOver(), value);
-    }
-    return value.clone(ParameterValueItem::DEEP_COPY);
+std::unique_ptr<ParameterValueItem> ParameterValueAggregationVisitor::takeOrCopy(ParameterValue& value) {
+    auto taken = mSourceUse == CONSUME ? mTakerStack.back().take(value) : nullptr;
+    return taken ? std::move(taken) : std::unique_ptr<ParameterValueItem>(value.clone(ParameterValueItem::DEEP_COPY));
 }
 
 bool ParameterValueAggregationVisitor::isGroupInSpecification(ParameterValueGroup const* group) const {

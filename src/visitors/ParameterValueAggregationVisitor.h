@@ -2,6 +2,9 @@
 
 #include <configuration/ParameterValueVisitor.h>
 
+#include "values/ItemTaker.h"
+
+#include <memory>
 #include <vector>
 
 namespace kivo::configuration {
@@ -18,7 +21,7 @@ public:
     /// What happens to the values of the visited tree.
     enum SourceUse {
         COPY,   ///< they stay as they are
-        CONSUME ///< they are taken over where that saves a copy: the tree can only be destroyed afterwards
+        CONSUME ///< they move to the target, unless it has them already
     };
 
     /// @param target             receives the copies; it may hold those of earlier trees
@@ -37,13 +40,14 @@ public:
 private:
     bool isInSpecification(ParameterValueGroup const& group) const;
     ParameterValueGroup& findTarget(ParameterValueGroup& group);
-    ParameterValue* makeCopy(ParameterValue& value) const;
+    std::unique_ptr<ParameterValueItem> takeOrCopy(ParameterValue& value);
 
     ParameterGroup const* mRootGroup;
     [[maybe_unused]] ParameterErrors* mErrors;
     /// The group into which the items of each open group go; at the bottom the target.
     std::vector<ParameterValueGroup*> mTargetStack;
     std::vector<bool> mInSpecificationStack;
+    std::vector<ItemTaker> mTakerStack; // of the open groups, when their values are consumed
     bool mFlattenConstraints;
     SourceUse mSourceUse;
 };

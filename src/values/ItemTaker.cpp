@@ -1,0 +1,27 @@
+#include "kernel/kvProcessInit.h"
+
+#include "values/ItemTaker.h"
+
+#include "values/ParameterValueGroupImpl.h"
+
+namespace kivo::configuration {
+
+std::unique_ptr<ParameterValueItem> ItemTaker::take(ParameterValueItem const& item) {
+    auto& items = mGroup->mImpl->mItems;
+    for (auto position = mPosition; position < items.size(); ++position) {
+        if (items[position].get() == &item) {
+            mPosition = position + 1;
+            mGroup->mImpl->mIndex.drop();
+            return std::move(items[position]);
+        }
+    }
+    return nullptr;
+}
+
+ItemTaker::~ItemTaker() {
+    if (mGroup && mPosition > 0) {
+        std::erase(mGroup->mImpl->mItems, nullptr);
+    }
+}
+
+} // namespace kivo::configuration
