@@ -1,4 +1,5 @@
-# What `cmake --install` puts where: the two libraries, the public headers, the CMake package and the pkg-config file.
+# What `cmake --install` puts where: the two libraries, the public headers, the CMake package, the pkg-config file, the
+# main registry file and the copyright notice.
 # Everything is found relative to where it lies, so an installed tree can be moved.
 
 include(CMakePackageConfigHelpers)
@@ -6,8 +7,9 @@ include(CMakePackageConfigHelpers)
 set(packageDirectory "${CMAKE_INSTALL_LIBDIR}/cmake/kivo-configuration")
 set(pkgConfigDirectory "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 
-# The two libraries lie side by side; $ORIGIN lets the one find the other wherever that is.
-set_target_properties(kivo-configuration PROPERTIES INSTALL_RPATH "$ORIGIN")
+# The two libraries lie side by side; $ORIGIN lets the one find the other wherever that is. Before it is installed, too:
+# the folder of the build would leave traces.
+set_target_properties(kivo-configuration PROPERTIES INSTALL_RPATH "$ORIGIN" BUILD_RPATH_USE_ORIGIN ON)
 set_target_properties(kivo-kernel PROPERTIES EXPORT_NAME kernel)
 
 install(TARGETS kivo-configuration kivo-kernel
@@ -53,6 +55,7 @@ cmake_path(IS_PREFIX CMAKE_INSTALL_PREFIX "${registryDirectory}" NORMALIZE regis
 if(registryIsBelowPrefix)
     cmake_path(RELATIVE_PATH registryDirectory BASE_DIRECTORY "${CMAKE_INSTALL_PREFIX}")
 endif()
-if(EXISTS "${PROJECT_SOURCE_DIR}/etc/kivobase.crg")
-    install(FILES "${PROJECT_SOURCE_DIR}/etc/kivobase.crg" DESTINATION "${registryDirectory}")
-endif()
+install(FILES "${PROJECT_SOURCE_DIR}/etc/kivobase.crg" DESTINATION "${registryDirectory}")
+
+# In the folder of the package's name, where Debian looks for it.
+install(FILES "${PROJECT_SOURCE_DIR}/COPYRIGHT" DESTINATION "${CMAKE_INSTALL_DOCDIR}" RENAME copyright)

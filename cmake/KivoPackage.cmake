@@ -14,7 +14,7 @@ endif()
 
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_PACKAGE_VENDOR "Kivo")
-set(CPACK_PACKAGE_CONTACT "The developers of Kivo configuration")
+set(CPACK_PACKAGE_CONTACT "Kivo" CACHE STRING "Who maintains the packages: a name, and where there is one an <address>")
 set(CPACK_PACKAGE_DESCRIPTION "\
 Each setting is described once, in code or in XML; values from the command line,
 from files and from the application are merged, checked, and explained to users.

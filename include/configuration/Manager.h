@@ -140,10 +140,9 @@ public:
     /// @param values        an unnamed group that holds the group named by the specification's id
     /// @param flags         STRICT_RECOGNITION
     /// @throws kivo::ContractViolationException "specification != 0"
-    /// @throws ConfigurationParameterException all faults of the first phase that found any. The tree then is as far as
-    /// the
-    ///         phases before left it: bound, and split under its constraints. When the values ask for "help", it is
-    ///         left bound, without further checks.
+    /// @throws ConfigurationParameterException all faults of the first phase that found any. The tree then is as far
+    ///         as the phases before left it: bound, and split under its constraints. When the values ask for "help",
+    ///         it is left bound, without further checks.
     /// @throws ConfigurationException what getValues() throws
     void validateValues(Specification const* specification, ParameterValueGroup& values, int flags);
     /// The settings of a specification. They are collected once, and kept until setApplicationValues(), reset() or

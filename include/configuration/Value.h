@@ -21,8 +21,7 @@ public:
     /// @param value       the value to read, or null for a null handle; not owned
     /// @param multiValued whether getCurrentValueIndex() will pick one of several texts
     /// @throws kivo::ContractViolationException unless multiValued or null: "mValue->getParameterItem() != 0" (the
-    /// value
-    ///         is unbound), "mValue->getNumberOfValues() == 1" (read it through a ValueIterator)
+    ///         value is unbound), "mValue->getNumberOfValues() == 1" (read it through a ValueIterator)
     Value(ParameterValue const* value, bool multiValued);
     /// A handle on the same value.
     Value(Value const& other);

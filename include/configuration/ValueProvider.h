@@ -28,7 +28,7 @@ public:
     /// may prepare it for the specification first.
     /// @param specification the specification asked for
     /// @param result        receives the values; may hold those of earlier providers, which win where only one can
-    /// stand
+    ///                      stand
     /// @param flags         RESOLVE_FLAG_NAMES, STRICT_RECOGNITION
     /// @return false when help was asked for, and no further provider is to be asked
     /// @throws kivo::ContractViolationException "specification != 0"
@@ -36,7 +36,8 @@ public:
     virtual bool getValues(Specification const* specification, ParameterValueGroup& result, int flags);
     /// The help text of a specification: a name column and a description column, word-wrapped.
     /// @param specification         the specification to describe
-    /// @param screenWidth           width of the whole, in characters
+    /// @param screenWidth           width of the whole, in characters; lines are padded to one less, but no column
+    ///                              beyond 65,535
     /// @param maxParameterNameWidth upper limit of the name column, in characters
     /// @return a text that lives until the next call of this operation on this provider
     /// @throws kivo::ContractViolationException "specification != 0", "screenWidth > 0",

@@ -74,6 +74,9 @@ public:
     ValidatorExtensionPoint mValidatorExtensionPoint;
     std::string mUsageMessage;
     std::string mHelpMessage;
+    /// The last representations, one of each kind in the process.
+    static std::string smParameterItemRepresentationCache;
+    static std::string smParameterValueItemRepresentationCache;
 };
 
 } // namespace kivo::configuration

@@ -41,27 +41,17 @@ char const* Manager::composeHelpMessage(char const* providerName, char const* sp
     });
 }
 
-namespace {
-
-/// The last representation of a kind in the process. Never destroyed: it may be asked for while the process ends.
-std::string& representationCache(ParameterItem const*) {
-    static auto& smParameterItemRepresentationCache = *new std::string;
-    return smParameterItemRepresentationCache;
-}
-
-std::string& representationCache(ParameterValueItem const*) {
-    static auto& smParameterValueItemRepresentationCache = *new std::string;
-    return smParameterValueItemRepresentationCache;
-}
-
-} // namespace
+std::string Manager::Impl::smParameterItemRepresentationCache;
+std::string Manager::Impl::smParameterValueItemRepresentationCache;
 
 char const* Manager::getRepresentation(ParameterItem const& item) const {
-    return representationCache(&item).assign(ParameterItemRepresentationVisitor::getRepresentation(item)).c_str();
+    Impl::smParameterItemRepresentationCache = ParameterItemRepresentationVisitor::getRepresentation(item);
+    return Impl::smParameterItemRepresentationCache.c_str();
 }
 
 char const* Manager::getRepresentation(ParameterValueItem const& item) const {
-    return representationCache(&item).assign(ParameterValueItemRepresentationVisitor::getRepresentation(item)).c_str();
+    Impl::smParameterValueItemRepresentationCache = ParameterValueItemRepresentationVisitor::getRepresentation(item);
+    return Impl::smParameterValueItemRepresentationCache.c_str();
 }
 
 } // namespace kivo::configuration

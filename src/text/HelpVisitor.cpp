@@ -17,6 +17,8 @@ namespace {
 
 char const* const BREAK_CHARACTERS = " /\\";
 constexpr unsigned long NAME_CONTINUATION_INDENT = 3;
+/// As many columns as a terminal can have. No column is padded beyond: the width may stand for "unlimited".
+constexpr unsigned long WIDEST_PADDING = 65535;
 
 std::stringstream wrapToColumn(std::string const& text, unsigned long columnWidth, unsigned long indent) {
     std::stringstream column;
@@ -32,7 +34,7 @@ std::string nextLine(std::istream& column) {
 }
 
 void writePadded(std::ostream& text, std::string const& line, unsigned long width) {
-    text << line << std::string(roomBeside(line.size(), width), ' ');
+    text << line << std::string(roomBeside(line.size(), std::min(width, WIDEST_PADDING)), ' ');
 }
 
 } // namespace

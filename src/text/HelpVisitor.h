@@ -11,7 +11,8 @@ namespace kivo::configuration {
 /// entry for each parameter, in the order of the schema. Hidden parameters are left out. Serves one text. Reads only.
 class HelpVisitor final : public ParameterVisitor {
 public:
-    /// @param screenWidth           characters of the whole; lines are one character shorter
+    /// @param screenWidth           characters of the whole; lines are one character shorter, and not padded beyond
+    ///                              the 65,535 columns that a terminal can have
     /// @param maxParameterNameWidth upper limit of the name column
     HelpVisitor(unsigned long screenWidth, unsigned long maxParameterNameWidth);
 

@@ -1,12 +1,16 @@
 #include "exports/SlotCalls.h"
 #include "support/ManagerTest.h"
 #include "support/Schema.h"
+#include "support/VirtualSlot.h"
 
 #include <configuration/CommandLineValueProvider.h>
 #include <configuration/ConfigurationException.h>
 #include <configuration/ParameterValue.h>
 #include <configuration/ParameterValueGroup.h>
+#include <configuration/ParameterValueVisitor.h>
+#include <configuration/ParameterVisitor.h>
 #include <configuration/Value.h>
+#include <configuration/ValueGroup.h>
 
 #include <gtest/gtest.h>
 
@@ -17,43 +21,69 @@ using namespace configuration;
 
 class SlotOrder : public ManagerTest {};
 
-TEST_F(SlotOrder, ItemsAnswerByPosition) {
-    auto* parameter = createParameter({.id = "a",
+TEST_F(SlotOrder, ObjectsAnswerByPosition) {
+    auto* parameter = createParameter({.id = "p",
                                        .name = "n",
                                        .optional = true,
                                        .type = Parameter::INT_PARAMETER,
                                        .defaultValue = "8",
                                        .valueName = "number",
                                        .validator = "storageLocation"});
-    EXPECT_EQ(callParameter(parameter), "0 1 0 a n changed 0 Parameter number 2 1 0 1");
-    auto* group = createContainer({.id = "g", .name = "group", .unbounded = true});
-    EXPECT_EQ(callGroup(group), "1 0 1 g group changed 0 Container");
-}
-
-TEST_F(SlotOrder, ValuesAnswerByPosition) {
-    auto* parameter = createParameter({.id = "a", .type = Parameter::INT_PARAMETER});
-    ParameterValue value(parameter, "7");
-    EXPECT_EQ(callValue(&value), "a 0 7 1 7 7 7 a");
-    Value handle(&value, false);
-    EXPECT_EQ(callHandle(&handle), "42 0 1");
-    ParameterValueGroup group("g");
-    EXPECT_EQ(callValueGroup(&group), "g 1");
-}
-
-TEST_F(SlotOrder, ValidatorsProvidersAndExceptionsAnswerByPosition) {
-    RejectingValidator validator("v");
-    ParameterValue const value("a", "bad one");
-    EXPECT_EQ(callValidator(&validator, &value), "bad one was rejected\nbad was rejected");
-
-    auto* specification = createSpecification({.id = "tool"}, {createParameter({.id = "a"})});
+    EXPECT_EQ(callParameter(parameter), "0 1 0 p n changed 0 Parameter number 2 1 0 1 ");
     CommandLineValueProvider provider(1);
     ParameterValueGroup result(nullptr);
-    EXPECT_EQ(callProvider(&provider, specification, &result), "CLI 1 1     -a\n-a Description     \n");
+    EXPECT_EQ(callProvider(&provider, createSpecification({.id = "tool"}, {createParameter({.id = "a"})}), &result),
+              "CLI 1 1     -a -a Description     \n ");
     EXPECT_EQ(result.getNumberOfItems(), 1u);
     EXPECT_FALSE(provider.getEnabled());
-
     ConfigurationException exception("%s", "text");
-    EXPECT_EQ(callException(&exception), "text text -1 0");
+    EXPECT_EQ(callException(&exception), "text text -1 0 ");
+}
+
+/// Expects these operations to stand one behind the other.
+template <class... Members>
+void expectFrom(std::uintptr_t first, Members... members) {
+    for (auto const slot : slotsOf(members...)) {
+        EXPECT_EQ(slot, first++);
+    }
+}
+
+TEST(Slots, StandInTheirOrder) {
+    using Item = ParameterItem;
+    using Provider = ValueProvider;
+    struct ValueItem : ParameterValueItem {
+        static auto assign() { return &ValueItem::assignParameterItem; }
+    };
+    using Text = char const*;
+    expectFrom(2, &Item::getItemType, &Item::isOptional, &Item::isUnbounded, &Item::getId, &Item::getName,
+               &Item::getDescription, &Item::setDescription, &Item::accept, &Item::isSpecialized,
+               &Parameter::getItemTypeName, &Parameter::getValueName, &Parameter::getValueType,
+               &Parameter::getDefaultValue, &Parameter::setEnumDefinition, &Parameter::getEnumDefinition,
+               &Parameter::getValidator);
+    expectFrom(11, &ParameterGroup::getItemTypeName);
+    expectFrom(2, &ParameterVisitor::visitGroupStart, &ParameterVisitor::visitGroupMiddle,
+               &ParameterVisitor::visitGroupEnd, &ParameterVisitor::visitParameter);
+    expectFrom(2, &ParameterValueVisitor::visitGroupStart, &ParameterValueVisitor::visitGroupEnd,
+               &ParameterValueVisitor::visitParameterValue);
+    expectFrom(2, &ValueItem::getParameterItemId, &ValueItem::getItemType, &ValueItem::accept, &ValueItem::clone,
+               ValueItem::assign(), &ParameterValue::getValue, &ParameterValue::getBooleanValue,
+               &ParameterValue::getIntValue, &ParameterValue::getUIntValue, &ParameterValue::getDoubleValue);
+    expectFrom(2, &Value::asBoolean, &Value::asString, &Value::asInteger, &Value::asUnsignedInteger, &Value::asDouble,
+               &Value::setBoolean, &Value::setString, &Value::setInteger, &Value::setUnsignedInteger, &Value::setDouble,
+               &Value::getCurrentValueIndex, &Value::getParameterValue);
+    expectFrom(2, &ValueGroup::getCurrentValueGroup);
+    expectFrom(2,
+               static_cast<char* (ParameterValidator::*)(ParameterValue const&) const>(&ParameterValidator::validate),
+               static_cast<char* (ParameterValidator::*)(Text) const>(&ParameterValidator::validate));
+    expectFrom(2, &Provider::getName, &Provider::getValues, &Provider::composeHelpMessage,
+               &Provider::composeUsageMessage, &Provider::reset,
+               static_cast<void (Provider::*)(ParameterValueGroup const&, int)>(&Provider::setArguments),
+               static_cast<void (Provider::*)(Text, int)>(&Provider::setArguments),
+               static_cast<void (Provider::*)(int, Text const*, int)>(&Provider::setArguments),
+               &CommandLineValueProvider::removeParameter);
+    expectFrom(2, &kvException::what, &kvException::operator Text, &kvException::get_kind, &kvException::reportErrors,
+               &kvException::asKernelException);
+    expectFrom(2, &Manager::enableConfiguration);
 }
 
 } // namespace

@@ -1,7 +1,10 @@
 #include "kernel/kvFiles.h"
 
-#include "KernelTest.h"
+#include "kernel/kvDirectories.h"
+#include "support/TemporaryInstallation.h"
 
+#include <gtest/gtest.h>
+#include <map>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -9,79 +12,82 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Without the right to look below a directory of mode 0, which the superuser has.
-class OrdinaryUser {
-public:
-    OrdinaryUser() { EXPECT_TRUE(mUser != 0 || seteuid(65534) == 0); }
-    ~OrdinaryUser() { EXPECT_EQ(seteuid(mUser), 0); }
+using namespace kivo::test;
 
-private:
-    uid_t mUser = geteuid();
-};
-
-class kvFilesTest : public KernelTest {
-protected:
-    kvFilesTest() {
-        fs::create_directory(at("dir"));
-        writeFile("file");
-        EXPECT_EQ(mkfifo(at("pipe").c_str(), 0600), 0);
-        fs::create_symlink("file", at("to-file"));
-        fs::create_symlink("dir", at("to-dir"));
-        fs::create_symlink("nowhere", at("dangling"));
-        fs::create_symlink("circle", at("circle"));
-    }
-};
-
-TEST_F(kvFilesTest, ExistsTellsWhatIsThere) {
-    struct Row {
-        std::string path;
-        int status;
+TEST(kvFilesTest, TellWhatIsThereAndListDirectoriesInByteOrder) {
+    TemporaryDirectory const directory;
+    auto const at = [&](std::string const& name) { return directory.at(name); };
+    fs::create_directory(at("dir"));
+    directory.write("file", "text");
+    ASSERT_EQ(mkfifo(at("pipe").c_str(), 0600), 0);
+    fs::create_symlink("dir", at("to-dir"));
+    fs::create_symlink("no", at("no"));
+    std::map<int, std::vector<std::string>> const paths = {
+        {0, {"file"}},
+        {2, {"missing", "file/below", "no", std::string(300, 'n'), std::string(5000, 'n')}},
+        {4, {"", "dir", "dir/", "to-dir"}},
+        {8, {"pipe"}},
     };
-    for (Row const& row : {Row{"file", 0},
-                           {"to-file", 0},
-                           {"dir", 4},
-                           {"dir/", 4},
-                           {"to-dir", 4},
-                           {"pipe", 8},
-                           {"missing", 2},
-                           {"file/below", 2},
-                           {"dangling", 2},
-                           {"circle", 2},
-                           {std::string(5000, 'n'), 2},
-                           {std::string(300, 'n'), 2}}) {
-        EXPECT_EQ(kvLocalExists(at(row.path).c_str()), row.status) << row.path;
+    for (auto const& [status, pathsOfStatus] : paths) {
+        for (auto const& path : pathsOfStatus) {
+            EXPECT_EQ(kvLocalExists(at(path).c_str()), status) << path;
+        }
     }
     EXPECT_EQ(kvLocalExists(nullptr), 2);
-    EXPECT_EQ(kvLocalExists(""), 2);
-    EXPECT_EQ(kvLocalExists("/dev/null"), 8);
 
-    fs::permissions(at("dir"), fs::perms::none);
-    OrdinaryUser const user;
-    EXPECT_EQ(kvLocalExists(at("dir/hidden").c_str()), 0) << "cannot be told to be missing";
-}
-
-TEST_F(kvFilesTest, ListsNamesInByteOrderAndHoldsNoDescriptor) {
-    auto const openDescriptors = [] {
-        return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
-    };
+    auto const openDescriptors = [] { return std::distance(fs::directory_iterator("/proc/self/fd"), {}); };
     auto const before = openDescriptors();
-    kvDirListing* const listing = kvLocalOpenDir(at("").c_str());
+    auto* const listing = kvLocalOpenDir(at("").c_str());
     ASSERT_NE(listing, nullptr);
     EXPECT_EQ(openDescriptors(), before);
-
     std::string names;
     while (char const* const name = listing->next()) {
-        names += std::string(names.empty() ? "" : " ") + name;
+        names.append(name).append(" ");
     }
-    EXPECT_EQ(names, ". .. circle dangling dir file pipe to-dir to-file");
-    EXPECT_EQ(listing->next(), nullptr);
+    EXPECT_EQ(names, ". .. dir file no pipe to-dir ");
     listing->close();
+    EXPECT_EQ(kvLocalOpenDir(nullptr), nullptr);
+    EXPECT_EQ(kvLocalOpenDir(at("file").c_str()), nullptr);
+
+    fs::permissions(at("dir"), fs::perms::none);
+    auto const user = geteuid(); // the superuser may look into everything
+    ASSERT_TRUE(user != 0 || seteuid(65534) == 0);
+    EXPECT_EQ(kvLocalExists(at("dir/hidden").c_str()), 0) << "cannot be told to be missing";
+    ASSERT_EQ(seteuid(user), 0);
 }
 
-TEST_F(kvFilesTest, ListsDirectoriesOnly) {
-    EXPECT_EQ(kvLocalOpenDir(nullptr), nullptr);
-    for (char const* const name : {"missing", "file", "pipe", "dangling", "circle"}) {
-        EXPECT_EQ(kvLocalOpenDir(at(name).c_str()), nullptr) << name;
+TEST(kvDirectoriesTest, OwnVariableThenHomeThenInstalled) {
+    struct {
+        bool (*get)(char* buffer, unsigned int size);
+        char const *variable, *folder, *installed;
+    } const rows[] = {{kvGetEtcDir, "KIVO_ETC_DIR", "home/etc", KIVO_DEFAULT_ETC_DIR},
+                      {kvGetPluginsDir, "KIVO_PLUGINS_DIR", "home/plugins", KIVO_DEFAULT_PLUGINS_DIR},
+                      {kvGetConfigDir, "KIVO_CONFIG_DIR", "home/config", KIVO_DEFAULT_CONFIG_DIR}};
+    for (auto const& row : rows) {
+        SCOPED_TRACE(row.variable);
+        using Value = std::optional<std::string>;
+        auto const get = [&](Value const& own, Value const& home, unsigned int size = 1024) {
+            ScopedEnvironment const ownVariable(row.variable, own);
+            ScopedEnvironment const homeVariable("KIVO_HOME", home);
+            std::string buffer(1024, '#');
+            bool const isWritten = row.get(buffer.data(), size);
+            EXPECT_NE(isWritten, buffer == std::string(1024, '#'));
+            return isWritten ? buffer.c_str() : std::string("none");
+        };
+        EXPECT_FALSE(row.get(nullptr, 1024));
+        TemporaryDirectory const directory;
+        auto const home = directory.at("home");
+        EXPECT_EQ(get({}, {}), fs::is_directory(row.installed) ? row.installed : "none");
+        EXPECT_EQ(get({}, home), "none");
+        fs::create_directories(directory.at(row.folder));
+        EXPECT_EQ(get({}, home), directory.at(row.folder));
+        EXPECT_EQ(get("", home + "/"), directory.at(row.folder)) << "empty is unset";
+        EXPECT_EQ(get(directory.at("own"), home), "none") << "a missing directory is not replaced by another";
+        EXPECT_EQ(get(directory.write("file", ""), home), "none") << "a file is no directory";
+        auto const length = static_cast<unsigned int>(home.size());
+        EXPECT_EQ(get(home, {}, length + 1), home);
+        EXPECT_EQ(get(home, {}, length), "none");
+        EXPECT_EQ(get(home, {}, 0), "none");
     }
 }
 

@@ -1,9 +1,14 @@
 #include "kernel/kvKivo.h"
 
-#include "KernelTest.h"
+#include "kernel/kvException.h"
+#include "support/TemporaryInstallation.h"
 
 #include <algorithm>
 #include <csignal>
+#include <fstream>
+#include <gmock/gmock.h>
+#include <iterator>
+#include <ranges>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -12,113 +17,87 @@
 
 namespace {
 
-class kvKivoTest : public KernelTest {
-protected:
-    kvKivoTest() { logTo(mLog); }
+using namespace kivo::test;
+using testing::ElementsAre;
 
-    // Runs `work` in another process; yields its process number.
-    template <typename Work>
-    static pid_t startProcess(Work work) {
-        pid_t const child = fork();
-        if (child == 0) {
-            work();
-            _exit(0);
-        }
-        return child;
-    }
-
-    static void waitFor(pid_t child) {
-        int status = -1;
-        ASSERT_EQ(waitpid(child, &status, 0), child);
-        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
-    }
-
-    std::string const mLog = at("log");
+struct MainLogTest : testing::Test {
+    TemporaryInstallation const installation;
 };
 
-TEST_F(kvKivoTest, WritesHeaderAndUnchangedLines) {
-    mode_t const mask = umask(0);
+TEST_F(MainLogTest, GetsHeadersAndUnchangedLines) {
     kvKivo::addToMainLog("Configuration", "100 %s %n\n  second\tline");
-    umask(mask);
-    EXPECT_THAT(contentOf(mLog), testing::MatchesRegex(headerPattern(std::to_string(getpid()), "Configuration") +
-                                                       "\n100 %s %n\n  second\tline\n"));
-    EXPECT_EQ(std::filesystem::status(mLog).permissions(), std::filesystem::perms(0600));
-
-    kvKivo::addToMainLog("Next", "appended");
     kvKivo::addToMainLog(nullptr, nullptr);
-    EXPECT_EQ(recordsOf(mLog),
-              (std::vector<std::string>{"Configuration|100 %s %n\n  second\tline", "Next|appended", "|"}));
+    auto const log = installation.at("main.log");
+    EXPECT_EQ(std::filesystem::status(log).permissions(), std::filesystem::perms(0600));
+    std::string const header =
+        "[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}\\.[0-9]{3}Z " + std::to_string(getpid());
+    std::ifstream file(log);
+    EXPECT_THAT(std::string(std::istreambuf_iterator<char>(file), {}),
+                testing::MatchesRegex(header + " Configuration\n100 %s %n\n  second\tline\n" + header + " \n\n"));
 }
 
-TEST_F(kvKivoTest, DropsTheRecordWithoutARegularFile) {
-    std::string const pipe = at("pipe");
-    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    for (std::string const& target : {at("missing/log"), at(""), pipe}) {
-        logTo(target);
-        kvKivo::addToMainLog("Kernel", "lost"); // returns: a pipe without a reader does not stop it
-    }
-    unsetenv("KIVO_MAIN_LOG");
-    kvKivo::addToMainLog("Kernel", "lost");
-    EXPECT_FALSE(std::filesystem::exists(mLog));
-}
-
-TEST_F(kvKivoTest, DashIsStandardError) {
-    logTo("-");
+TEST_F(MainLogTest, IsARegularFileOrStandardError) {
+    ASSERT_EQ(mkfifo(installation.at("pipe").c_str(), 0600), 0);
     testing::internal::CaptureStderr();
-    kvKivo::addToMainLog("Kernel", "to the terminal");
-    std::string const written = testing::internal::GetCapturedStderr();
-    EXPECT_TRUE(written.ends_with(" Kernel\nto the terminal\n")) << written;
-    EXPECT_FALSE(std::filesystem::exists("-"));
+    for (auto const& target :
+         {installation.at("missing/log"), installation.at("pipe"), std::string("-"), std::string()}) {
+        ScopedEnvironment const variable("KIVO_MAIN_LOG", target);
+        kvKivo::addToMainLog("To", target.c_str()); // a pipe without a reader does not stop it
+    }
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::MatchesRegex("[^ ]* [^ ]* To\n-\n"));
+    EXPECT_FALSE(std::filesystem::exists(installation.at("main.log")));
 }
 
-TEST_F(kvKivoTest, NeverMixesRecordsOfThreadsAndProcesses) {
-    constexpr int PROCESSES = 3, THREADS = 3, RECORDS = 60, ALL = PROCESSES * THREADS * RECORDS;
-    auto const textOf = [](int process, int thread, int record) {
-        std::string const line = std::to_string(process) + '.' + std::to_string(thread) + '.' + std::to_string(record);
-        std::string text = line;
-        for (int i = 0; i < 1000; ++i) {
-            text += '\n' + line;
-        }
-        return text;
-    };
-    std::vector<pid_t> children;
-    children.reserve(PROCESSES);
+TEST_F(MainLogTest, NeverMixesRecordsOfThreadsAndProcesses) {
+    constexpr int PROCESSES = 3, THREADS = 3, RECORDS = 540;
+    auto const textOf = [](int i) { return std::to_string(100 + i) + std::string(6000, 'x') + "\nend"; };
     for (int process = 0; process < PROCESSES; ++process) {
-        children.push_back(startProcess([&] {
+        if (fork() == 0) {
             std::vector<std::jthread> threads;
-            threads.reserve(THREADS);
             for (int thread = 0; thread < THREADS; ++thread) {
-                threads.emplace_back([&textOf, process, thread] {
-                    for (int record = 0; record < RECORDS; ++record) {
-                        kvKivo::addToMainLog("Test", textOf(process, thread, record).c_str());
+                threads.emplace_back([&, first = process * THREADS + thread] {
+                    for (int i = first; i < RECORDS; i += PROCESSES * THREADS) {
+                        kvKivo::addToMainLog("Test", textOf(i).c_str());
                     }
                 });
             }
-        }));
+            threads.clear();
+            _exit(0);
+        }
     }
-    std::for_each(children.begin(), children.end(), waitFor);
-
-    std::vector<std::string> expected;
-    expected.reserve(ALL);
-    for (int i = 0; i < ALL; ++i) {
-        expected.push_back("Test|" + textOf(i / (THREADS * RECORDS), i / RECORDS % THREADS, i % RECORDS));
+    while (wait(nullptr) > 0) {
     }
-    std::vector<std::string> records = recordsOf(mLog);
-    std::sort(records.begin(), records.end());
-    std::sort(expected.begin(), expected.end());
-    EXPECT_TRUE(records == expected) << records.size() << " records";
+    auto records = installation.mainLog("Test");
+    std::ranges::sort(records);
+    auto const expected = std::views::iota(0, RECORDS) | std::views::transform(textOf);
+    EXPECT_TRUE(std::ranges::equal(records, expected)) << records.size() << " records";
 }
 
-TEST_F(kvKivoTest, LeavesNoHalfRecordWhenTheFileCannotGrow) {
+TEST_F(MainLogTest, HasNoHalfRecordWhenTheFileCannotGrow) {
     kvKivo::addToMainLog("Test", "whole");
-    waitFor(startProcess([&] {
+    auto const writeTooMuch = [] {
         std::signal(SIGXFSZ, SIG_IGN);
         rlimit const limit{1000, 1000};
         setrlimit(RLIMIT_FSIZE, &limit);
         kvKivo::addToMainLog("Test", std::string(5000, 'x').c_str());
-    }));
+        _exit(0);
+    };
+    EXPECT_EXIT(writeTooMuch(), testing::ExitedWithCode(0), "");
     kvKivo::addToMainLog("Test", "whole again");
-    EXPECT_EQ(recordsOf(mLog), (std::vector<std::string>{"Test|whole", "Test|whole again"}));
+    EXPECT_THAT(installation.mainLog("Test"), ElementsAre("whole", "whole again"));
+}
+
+TEST_F(MainLogTest, GetsExceptionsWhereReportingIsEnabled) {
+    struct Fault : kvException {
+        char const* what() const noexcept override { return nullptr; }
+    };
+    kvException().reportErrors("not enabled");
+    kvException::setEnabled(nullptr, true);
+    kvException().reportErrors("Loading %d");
+    Fault().reportErrors("");
+    kvException().reportErrors(nullptr);
+    kvException::setEnabled(nullptr, false);
+    EXPECT_THAT(installation.mainLog("Kernel"), ElementsAre("Loading %d: Kernel exception", "", "Kernel exception"));
 }
 
 } // namespace

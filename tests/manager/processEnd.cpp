@@ -1,7 +1,6 @@
 // Uses the manager outside main(); built twice. The exit status says whether all went well.
 
 #include <configuration/Manager.h>
-#include <configuration/ParameterValidator.h>
 #include <configuration/Specification.h>
 
 #include <cstdlib>
@@ -11,6 +10,8 @@ namespace {
 
 using namespace kivo::configuration;
 
+bool isManagerUsed() { return Manager::getInstance()->getSpecification("TOOL"); }
+
 void require(bool condition, int status) {
     if (!condition) {
         std::_Exit(status);
@@ -18,31 +19,20 @@ void require(bool condition, int status) {
 }
 
 void useNewManager(int status) {
-    auto& manager = *Manager::getInstance();
-    require(manager.getValidator("storageLocation") && manager.getNumberOfSpecifications() == 0, status);
-    manager.registerSpecification(std::make_unique<Specification>("tool", "Description").release());
+    require(Manager::getInstance()->getValidator("storageLocation") && !isManagerUsed(), status);
+    Manager::getInstance()->registerSpecification(std::make_unique<Specification>("tool", "Description").release());
 }
 
-bool isManagerUsed() { return Manager::getInstance()->getSpecification("TOOL"); }
-
-#ifdef BEFORE_MAIN
-/// Makes the manager before main(), and is destroyed before it.
+/// Makes the manager before main(), and is destroyed before it. Or is there before the manager, so destroyed after it:
+/// the manager is made again, and has to go again.
 struct User {
-    User() { useNewManager(1); }
-    ~User() { require(isManagerUsed(), 2); }
+    User() { IS_BEFORE_MAIN ? useNewManager(1) : void(); }
+    ~User() { IS_BEFORE_MAIN ? require(isManagerUsed(), 2) : useNewManager(3); }
 } const user;
-#else
-/// There before the manager, so destroyed after it: the manager is made again, and has to go again.
-struct User {
-    ~User() { useNewManager(3); }
-} const user;
-#endif
 
 } // namespace
 
 int main() {
-#ifndef BEFORE_MAIN
-    useNewManager(4);
-#endif
+    IS_BEFORE_MAIN ? void() : useNewManager(4);
     return isManagerUsed() ? 0 : 5;
 }

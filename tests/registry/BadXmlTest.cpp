@@ -9,15 +9,17 @@
 #include <gtest/gtest.h>
 
 #include <arpa/inet.h>
-#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <filesystem>
+#include <fstream>
 #include <functional>
+#include <iterator>
+#include <regex>
 
 namespace kivo::test {
 
@@ -32,34 +34,14 @@ std::string faultsOf(std::string const& file) {
     return document.getErrors().getNumberOfErrors() == 0 ? "" : composeMessage(document.getErrors());
 }
 
-struct Outcome {
-    std::string faults;
-    double seconds;
-    long megabytes;
-};
-
-/// Reads a file in a process of its own, so that what it costs can be told.
-Outcome readApart(std::string const& file) {
-    int pipeEnds[2] = {};
-    EXPECT_EQ(pipe(pipeEnds), 0);
-    auto const child = fork();
-    if (child == 0) {
-        auto const faults = faultsOf(file);
-        bool const isWritten = write(pipeEnds[1], faults.data(), faults.size()) == static_cast<ssize_t>(faults.size());
-        _exit(isWritten ? 0 : 1);
-    }
-    close(pipeEnds[1]);
-    std::string faults(10000, '\0');
-    auto const length = read(pipeEnds[0], faults.data(), faults.size());
-    close(pipeEnds[0]);
-    int status = 0;
-    rusage usage{};
-    timeval time{};
-    EXPECT_EQ(wait4(child, &status, 0, &usage), child);
-    EXPECT_EQ(status, 0);
-    timeradd(&usage.ru_utime, &usage.ru_stime, &time);
-    return {faults.substr(0, static_cast<std::size_t>(length)),
-            static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6, usage.ru_maxrss / 1024};
+/// Keeps a fault that is not refused from harming the machine.
+void limitProcess() {
+    rlimit const seconds{10, 10};
+    setrlimit(RLIMIT_CPU, &seconds);
+#ifndef __SANITIZE_ADDRESS__ // which reserves a large part of the address space
+    rlimit const bytes{1U << 31, 1U << 31};
+    setrlimit(RLIMIT_AS, &bytes);
+#endif
 }
 
 std::string repeat(int count, std::function<std::string(int)> const& piece) {
@@ -98,78 +80,75 @@ struct HostileCase {
 
 class Hostile : public testing::TestWithParam<HostileCase> {};
 
+/// Reads each file in a process of its own, so that what it costs can be told and limited.
 TEST_P(Hostile, CostsLittleAndIsRefusedWithItsPlace) {
     TemporaryDirectory const directory;
     auto const file = directory.write("f.xml", GetParam().content());
-    auto const outcome = readApart(file);
-#ifdef __SANITIZE_ADDRESS__ // which slows everything down, and keeps what is released
-    EXPECT_LT(outcome.seconds, 10.0);
-#else
-    EXPECT_LT(outcome.seconds, 1.0);
-    EXPECT_LT(outcome.megabytes, 200);
+    auto const child = fork();
+    if (child == 0) {
+        limitProcess();
+        directory.write("faults", faultsOf(file));
+        _exit(0);
+    }
+    int status = -1;
+    rusage usage{};
+    ASSERT_EQ(wait4(child, &status, 0, &usage), child);
+    ASSERT_EQ(status, 0);
+#ifndef __SANITIZE_ADDRESS__ // which slows everything down, and keeps what is released
+    EXPECT_LT(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec, 1);
+    EXPECT_LT(usage.ru_maxrss / 1024, 200);
 #endif
+    std::ifstream stream(directory.at("faults"));
+    std::string const faults(std::istreambuf_iterator<char>(stream), {});
     std::string const fault = GetParam().fault;
     auto const beginning = fault.empty() ? "" : "XML ERROR: " + fault + ". File: \"" + file + "\". Line: 1. Column: ";
-    EXPECT_EQ(outcome.faults.substr(0, beginning.size()), beginning);
-    EXPECT_EQ(outcome.faults.empty(), fault.empty());
-    EXPECT_EQ(outcome.faults.find('\n'), std::string::npos);
+    EXPECT_EQ(faults.substr(0, beginning.size()), beginning);
+    EXPECT_EQ(faults.empty(), fault.empty());
+    EXPECT_EQ(faults.find('\n'), std::string::npos);
 }
 
 constexpr char const* TOO_DEEP = "elements are nested more than 1000 levels deep";
-constexpr char const* TOO_MANY_ATTRIBUTES = "an element has more than 10000 attributes";
 constexpr char const* TOO_MANY_NAMES = "there are more than 20000 different names";
+constexpr char const* TOO_MANY_NAMESPACES = "there are more than 1000 namespaces around an element";
+std::string const LONG_NAME = "the external entity '" + repeat(1000, "e") + "' is not accepted";
 constexpr char const* TOO_MANY_EXPANSIONS =
     "parser has encountered more than '1000' entity expansions in the document; "
     "this is the limit imposed by the application";
 
 // clang-format off
-INSTANTIATE_TEST_SUITE_P(Sizes, Hostile, testing::Values(
+INSTANTIATE_TEST_SUITE_P(Files, Hostile, testing::Values(
     HostileCase{"Depth1000", [] { return repeat(1000, "<a>") + repeat(1000, "</a>"); }, ""},
     HostileCase{"Depth1001", [] { return repeat(1001, "<a>"); }, TOO_DEEP},
     HostileCase{"Depth200000", [] { return repeat(200000, "<a>") + repeat(200000, "</a>"); }, TOO_DEEP},
     HostileCase{"Siblings100000", [] { return "<r>" + repeat(100000, "<a b='c'/>\n") + "</r>"; }, ""},
     HostileCase{"Attributes10000", [] { return "<r" + attributes(10000) + "/>"; }, ""},
-    HostileCase{"Attributes10001", [] { return "<r" + attributes(10001) + "/>"; }, TOO_MANY_ATTRIBUTES},
-    HostileCase{"Attributes100000", [] { return "<r" + attributes(100000) + "/>"; }, TOO_MANY_ATTRIBUTES},
+    HostileCase{"Attributes100000", [] { return "<r" + attributes(100000) + "/>"; }, "an element has more than 10000 attributes"},
+    HostileCase{"LargeElements", [] { return "<r>" + repeat(20, "<e" + attributes(9900) + "/>") + "</r>"; }, "too many elements have more than 1000 attributes"},
     HostileCase{"AttributeOf1MB", [] { return "<r a='" + repeat(1000000, "x") + "'/>"; }, ""},
     HostileCase{"Names", [] { return "<r>" + repeat(100000, [](int i) { return numbered("<a", i, "/>"); }); }, TOO_MANY_NAMES},
-    HostileCase{"AttributeNames", [] { return "<r>" + repeat(100000, [](int i) { return numbered("<a b", i, "=''/>"); }); }, TOO_MANY_NAMES},
     HostileCase{"Namespaces", [] { return "<r>" + repeat(100000, [](int i) { return numbered("<p:a xmlns:p='u", i, "'/>"); }); }, TOO_MANY_NAMES},
-    HostileCase{"TextAndComments", [] { return "<r>" + repeat(1000000, "x<!--c-->") + "</r>"; }, ""}),
-    [](auto const& row) { return std::string(row.param.label); });
-
-INSTANTIATE_TEST_SUITE_P(Entities, Hostile, testing::Values(
+    HostileCase{"NamespacesAgain", [] { return repeat(900, "<a xmlns:p='u' xmlns='v'>") + repeat(100000, "<b/>"); }, TOO_MANY_NAMESPACES},
+    HostileCase{"TextAndComments", [] { return "<r>" + repeat(1000000, "x<!--c-->") + "</r>"; }, ""},
     HostileCase{"Expansions1000", [] { return "<!DOCTYPE r [<!ENTITY e 'x'>]><r a='" + repeat(1000, "&e;&amp;") + "'/>"; }, ""},
     HostileCase{"Expansions1001", [] { return "<!DOCTYPE r [<!ENTITY e '<a/>'>]><r>" + repeat(1001, "&e;") + "</r>"; }, TOO_MANY_EXPANSIONS},
-    HostileCase{"BombInText", [] { return bomb("]><r>&e9;</r>"); }, TOO_MANY_EXPANSIONS},
     HostileCase{"BombInAnAttribute", [] { return bomb("]><r a='&e9;'/>"); }, TOO_MANY_EXPANSIONS},
     HostileCase{"BombInADefault", [] { return bomb("<!ATTLIST r a CDATA '&e9;'>]><r/>"); }, "an attribute list behind an entity is not accepted"},
     HostileCase{"BombOfParameterEntities", [] { return std::string("<!DOCTYPE r [<!ENTITY % p '<!ELEMENT x ANY>'>%p;]><r/>"); }, "the parameter entity 'p' is not accepted"},
     HostileCase{"LongEntity", [] { return "<!DOCTYPE r [<!ENTITY e '" + repeat(1001, "x") + "'>]><r a='" + repeat(1000, "&e;") + "'/>"; }, "the entity 'e' has more than 1000 characters"},
     HostileCase{"LongestEntity", [] { return "<!DOCTYPE r [<!ENTITY e '" + repeat(250, "<a/>") + "'>]><r>" + repeat(1000, "&e;") + "</r>"; }, ""},
     HostileCase{"ManyEntities", [] { return "<!DOCTYPE r [" + repeat(200000, [](int i) { return numbered("<!ENTITY e", i, " 'x'>"); }) + "]><r/>"; }, "more than 1000 entities are declared"},
-    HostileCase{"Recursion", [] { return std::string("<!DOCTYPE r [<!ENTITY a '&b;'><!ENTITY b '&a;'>]><r>&a;</r>"); }, "recursive entity expansion 'a'"}),
-    [](auto const& row) { return std::string(row.param.label); });
-
-INSTANTIATE_TEST_SUITE_P(Declarations, Hostile, testing::Values(
+    HostileCase{"LongName", [] { return "<!DOCTYPE r [<!ENTITY " + repeat(4000, "e") + " SYSTEM 'x'>]><r/>"; }, LONG_NAME.c_str()},
+    HostileCase{"Recursion", [] { return std::string("<!DOCTYPE r [<!ENTITY a '&b;'><!ENTITY b '&a;'>]><r>&a;</r>"); }, "recursive entity expansion 'a'"},
     HostileCase{"ManyAttributes", [] { return "<!DOCTYPE r [<!ATTLIST r" + repeat(100000, [](int i) { return numbered(" a", i, " CDATA 'x'"); }) + ">]><r/>"; }, "more than 1000 attributes are declared"},
     HostileCase{"LongDefault", [] { return "<!DOCTYPE r [<!ATTLIST e a CDATA '" + repeat(100000, "x") + "'>]><r>" + repeat(20000, "<e/>") + "</r>"; }, "the declared defaults of attributes make the document too large"},
     HostileCase{"ManyDefaults", [] { return "<!DOCTYPE r [<!ATTLIST e" + repeat(1000, [](int i) { return numbered(" a", i, " CDATA ''"); }) + ">]><r>" + repeat(20000, "<e/>") + "</r>"; }, "the declared defaults of attributes make the document too large"},
     HostileCase{"NameOfADefault", [] { return std::string("<!DOCTYPE r [<!ATTLIST r xml:a:b CDATA 'x'>]><r/>"); }, "attempt is made to create or change an object in a way which is incorrect with respect to namespaces"},
     HostileCase{"FewDefaults", [] { return "<!DOCTYPE r [<!ATTLIST e a CDATA '12345678'>]><r>" + repeat(20000, "<e/>") + "</r>"; }, ""},
     HostileCase{"DeepContent", [] { return "<!DOCTYPE r [<!ELEMENT r " + repeat(200000, "(") + "a" + repeat(200000, ")") + ">]><r/>"; }, ""},
-    HostileCase{"WideContent", [] { return "<!DOCTYPE r [<!ELEMENT r (a" + repeat(200000, ",a") + ")>]><r/>"; }, ""}),
-    [](auto const& row) { return std::string(row.param.label); });
-
-INSTANTIATE_TEST_SUITE_P(Syntax, Hostile, testing::Values(
+    HostileCase{"WideContent", [] { return "<!DOCTYPE r [<!ELEMENT r (a" + repeat(200000, ",a") + ")>]><r/>"; }, ""},
     HostileCase{"Empty", [] { return std::string(); }, "invalid document structure"},
     HostileCase{"NoXml", [] { return std::string("MZ\x7F\x00\x03", 5); }, "invalid document structure"},
-    HostileCase{"CutInATag", [] { return std::string("<r><a b='c'"); }, "whitespace expected"},
     HostileCase{"CutInAnElement", [] { return std::string("<r><a>"); }, "input ended before all started tags were ended; last tag started is 'a'"},
-    HostileCase{"Crossed", [] { return std::string("<r><a></r></a>"); }, "expected end of tag 'a'"},
-    HostileCase{"TwoRoots", [] { return std::string("<r/><r/>"); }, "comment or processing instruction expected"},
-    HostileCase{"SameAttribute", [] { return std::string("<r a='' a=''/>"); }, "attribute 'a' is already specified for element 'r'"},
-    HostileCase{"UnknownPrefix", [] { return std::string("<p:r/>"); }, "prefix 'p' can not be resolved to namespace URI"},
     HostileCase{"UnknownEntity", [] { return std::string("<r a='&%s%n;'/>"); }, "expected entity name for reference"}),
     [](auto const& row) { return std::string(row.param.label); });
 // clang-format on
@@ -188,34 +167,22 @@ TEST(Outside, NoOtherFileIsReadAndNothingIsFetched) {
     TemporaryDirectory const directory;
     // What no element may get: the text of the entity, the default of the attribute.
     auto const secret = directory.write("secret", "<!ENTITY e 'SECRET'><!ATTLIST r a CDATA 'SECRET'>");
-    struct {
-        std::string content;
-        char const* fault;
-    } const cases[] = {
-        {"<!DOCTYPE r SYSTEM '@'><r/>", "an external document type declaration is not accepted"},
-        {"<!DOCTYPE r SYSTEM '@' [<!ENTITY f 'x'>]><r b='&e;'/>",
-         "an external document type declaration is not accepted"},
-        {"<!DOCTYPE r PUBLIC 'p' '@'><r/>", "an external document type declaration is not accepted"},
+    constexpr char const* EXTERNAL = "an external document type declaration is not accepted";
+    std::pair<std::string, std::string> const cases[] = {
+        {"<!DOCTYPE r SYSTEM '@' [<!ENTITY f 'x'>]><r b='&e;'/>", EXTERNAL},
+        {"<!DOCTYPE r PUBLIC 'p' '@'><r/>", EXTERNAL},
         {"<!DOCTYPE r [<!ENTITY e SYSTEM '@'>]><r>&e;</r>", "the external entity 'e' is not accepted"},
         {"<!DOCTYPE r [<!ENTITY % e SYSTEM '@'>%e;]><r/>", "the parameter entity 'e' is not accepted"},
-        {"<r xmlns:i='http://www.w3.org/2001/XInclude'><i:include href='@' parse='text'/></r>", nullptr},
-        {"<r xmlns:x='http://www.w3.org/2001/XMLSchema-instance' x:schemaLocation='u @' "
-         "x:noNamespaceSchemaLocation='@'/>",
-         nullptr},
-        {"<?xml-stylesheet href='@'?><r xmlns='@'/>", nullptr},
+        {"<r xmlns:i='http://www.w3.org/2001/XInclude'><i:include href='@' parse='text'/></r>", ""},
+        {"<r xmlns:x='http://www.w3.org/2001/XMLSchema-instance' x:schemaLocation='u @'/>", ""},
+        {"<?xml-stylesheet href='@'?><r xmlns='@'/>", ""},
     };
-    for (auto const& row : cases) {
+    for (auto const& [content, fault] : cases) {
         for (auto const& target : {secret, "file://" + secret, url}) {
-            auto content = row.content;
-            for (auto at = content.find('@'); at != std::string::npos; at = content.find('@')) {
-                content.replace(at, 1, target);
-            }
-            auto const file = directory.write("f.xml", content);
-            auto const faults = faultsOf(file);
-            auto const expected =
-                row.fault ? std::string("XML ERROR: ") + row.fault + ". File: \"" + file + "\". Line: 1. Column: " : "";
-            EXPECT_EQ(faults.substr(0, expected.size()), expected);
-            EXPECT_EQ(faults.empty(), expected.empty()) << faults;
+            auto const file = directory.write("f.xml", std::regex_replace(content, std::regex("@"), target));
+            auto const expected = "XML ERROR: " + fault + ". File: \"" + file + "\". Line: 1. Column: ";
+            EXPECT_THAT(faultsOf(file), testing::StartsWith(fault.empty() ? "" : expected));
+            EXPECT_EQ(faultsOf(file).empty(), fault.empty());
         }
     }
     EXPECT_EQ(faultsOf(url), "XML ERROR: the file does not exist. File: \"" + url + "\".");
@@ -226,29 +193,22 @@ TEST(Outside, NoOtherFileIsReadAndNothingIsFetched) {
 TEST(Outside, OnlyRegularFilesAreOpened) {
     TemporaryDirectory const directory;
     auto const file = directory.write("f.xml", "<r/>");
-    auto const pipe = directory.at("pipe");
-    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    auto const link = directory.at("link");
-    ASSERT_EQ(symlink(file.c_str(), link.c_str()), 0);
-    auto const circle = directory.at("circle");
-    ASSERT_EQ(symlink(circle.c_str(), circle.c_str()), 0);
-    struct {
-        std::string path;
-        std::string fault;
-    } const cases[] = {
-        {link, ""},
-        {pipe, "this is not a regular file"},
+    ASSERT_EQ(mkfifo(directory.at("pipe").c_str(), 0600), 0);
+    std::filesystem::create_symlink("f.xml", directory.at("link"));
+    std::filesystem::create_symlink("circle", directory.at("circle"));
+    std::pair<std::string, std::string> const cases[] = {
+        {directory.at("pipe"), "this is not a regular file"},
         {directory.at(""), "this is not a regular file"},
         {"/dev/zero", "this is not a regular file"},
-        {directory.at("none"), "the file does not exist"},
         {file + "/x", "the file cannot be read (system error " + std::to_string(ENOTDIR) + ")"},
-        {circle, "the file cannot be read (system error " + std::to_string(ELOOP) + ")"},
+        {directory.at("circle"), "the file cannot be read (system error " + std::to_string(ELOOP) + ")"},
     };
     for (auto const& [path, fault] : cases) {
-        EXPECT_EQ(faultsOf(path), fault.empty() ? "" : "XML ERROR: " + fault + ". File: \"" + path + "\".");
+        EXPECT_EQ(faultsOf(path), "XML ERROR: " + fault + ". File: \"" + path + "\".");
     }
+    EXPECT_EQ(faultsOf(directory.at("link")), "");
     if (geteuid() != 0) { // who may read everything
-        ASSERT_EQ(chmod(file.c_str(), 0), 0);
+        std::filesystem::permissions(file, std::filesystem::perms::none);
         EXPECT_EQ(faultsOf(file), "XML ERROR: the file may not be read. File: \"" + file + "\".");
     }
 }
