@@ -30,10 +30,12 @@ public:
     /// Reads a file. Warnings go to the kernel's main log. When the file is refused, the values read before stay.
     /// @param argument path of the file
     /// @param flags    not used
+    /// @throws kivo::ContractViolationException "argument != 0"
     /// @throws ConfigurationParameterException "XML ERROR: …", one line for each fault of the file
     void setArguments(char const* argument, int flags) override;
     /// Reads the file named by the first argument; the others are ignored.
     /// @throws ConfigurationException "Must provide at least one argument"
+    /// @throws kivo::ContractViolationException "argv != 0", "argument != 0"
     void setArguments(int argc, char const* const* argv, int flags) override;
 
 private:

@@ -6,6 +6,7 @@
 #include <configuration/XmlFileValueProvider.h>
 
 #include "providers/XmlValuesFile.h"
+#include "schema/ContractChecks.h"
 #include "visitors/UnboundedParameterValueFixer.h"
 
 #include <memory>
@@ -63,6 +64,7 @@ void XmlFileValueProvider::reset() {
 }
 
 void XmlFileValueProvider::setArguments(char const* argument, int) {
+    KIVO_REQUIRE(argument != 0);
     std::unique_ptr<ParameterValueGroup> const values(loadFromXmlFile(argument));
     mImpl->fixed = false;
     moveGroup(*values, getDataCache());
@@ -72,6 +74,7 @@ void XmlFileValueProvider::setArguments(int argc, char const* const* argv, int f
     if (argc <= 0) {
         throw ConfigurationException("Must provide at least one argument");
     }
+    KIVO_REQUIRE(argv != 0);
     setArguments(argv[0], flags);
 }
 

@@ -15,9 +15,12 @@ public:
     Impl(Impl const&) = delete;
     Impl& operator=(Impl const&) = delete;
 
+    char const* getName() const { return mName ? mName.get() : mId.c_str(); }
+
+    // Requests read the state of every item: what they seldom need is a pointer only.
     std::string mId;
-    std::string mName;
-    std::unique_ptr<char[]> mDescription; // a pointer only: requests read all but this, for every item
+    std::unique_ptr<char[]> mName; // null when it is the id, as it mostly is
+    std::unique_ptr<char[]> mDescription;
     bool mOptional = false;
     bool mUnbounded = false;
 };

@@ -18,7 +18,9 @@ ParameterItem::ParameterItem(std::unique_ptr<Impl> impl, char const* id, char co
     KIVO_REQUIRE(name && strlen(name) > 0);
     KIVO_REQUIRE(description && strlen(description) > 0);
     mImpl->mId = id;
-    mImpl->mName = name;
+    if (mImpl->mId != name) {
+        mImpl->mName.reset(cloneString(name));
+    }
     mImpl->mDescription.reset(cloneString(description));
     mImpl->mOptional = optional;
     mImpl->mUnbounded = unbounded;
@@ -34,7 +36,7 @@ bool ParameterItem::isUnbounded() const { return mImpl->mUnbounded; }
 
 char const* ParameterItem::getId() const { return mImpl->mId.c_str(); }
 
-char const* ParameterItem::getName() const { return mImpl->mName.c_str(); }
+char const* ParameterItem::getName() const { return mImpl->getName(); }
 
 char const* ParameterItem::getDescription() const { return mImpl->mDescription.get(); }
 
