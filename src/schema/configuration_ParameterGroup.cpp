@@ -124,7 +124,7 @@ ParameterItem* ParameterGroup::getItem(char const* id, bool recursive) const {
         return direct();
     }
     // A walk hands out const items; the group itself holds them as they were added.
-    if (mImpl->mNumberOfGroups == 0) {
+    if (!SubtreeIndex::hasGroups(*this)) {
         return equalIgnoringCase(getId(), id) ? const_cast<ParameterGroup*>(this) : direct();
     }
     if (auto const subtree = SubtreeIndex::of(*this)) {
@@ -138,6 +138,8 @@ ParameterItem* ParameterGroup::getItem(char const* id, bool recursive) const {
 std::shared_ptr<SubtreeIndex const> SubtreeIndex::of(ParameterGroup const& group) {
     return group.mImpl->mSubtree.get(group);
 }
+
+bool SubtreeIndex::hasGroups(ParameterGroup const& group) { return group.mImpl->mNumberOfGroups > 0; }
 
 void SubtreeIndex::markIndexed(ParameterGroup const& group) {
     group.mImpl->mIsIndexed.store(true, std::memory_order_relaxed);

@@ -20,11 +20,11 @@ public:
         }
     }
     ValueText(ValueText const& other)
-        : mText(other.mText), mIsPresent(other.mIsPresent), mIsFlag(other.mIsFlag.load(std::memory_order_relaxed)) {}
+        : mIsPresent(other.mIsPresent), mIsFlag(other.mIsFlag.load(std::memory_order_relaxed)), mText(other.mText) {}
     ValueText(ValueText&& other) noexcept
-        : mText(std::move(other.mText)),
-          mIsPresent(other.mIsPresent),
-          mIsFlag(other.mIsFlag.load(std::memory_order_relaxed)) {}
+        : mIsPresent(other.mIsPresent),
+          mIsFlag(other.mIsFlag.load(std::memory_order_relaxed)),
+          mText(std::move(other.mText)) {}
     ValueText& operator=(ValueText other) noexcept {
         mText = std::move(other.mText);
         mIsPresent = other.mIsPresent;
@@ -50,9 +50,9 @@ public:
 private:
     static constexpr char const* FLAG_TEXT = "1";
 
-    std::string mText;
     bool mIsPresent;
     mutable std::atomic<bool> mIsFlag{false};
+    std::string mText;
 };
 
 /// The entries of a ParameterValue. There is at least one, and mostly just one, which takes no memory of its own.
