@@ -62,6 +62,8 @@ protected:
     KIVO_CONFIGURATION_LOCAL Impl* getImpl() const noexcept;
 
 private:
+    friend class ParameterGroup;
+
     std::unique_ptr<Impl> mImpl;
 };
 

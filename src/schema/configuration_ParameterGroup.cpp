@@ -7,6 +7,7 @@
 
 #include "schema/ContractChecks.h"
 #include "schema/LazyItemIndex.h"
+#include "schema/LoadAhead.h"
 #include "schema/ParameterItemFinder.h"
 #include "schema/ParameterItemImpl.h"
 #include "schema/SubtreeIndex.h"
@@ -71,6 +72,7 @@ bool ParameterGroup::accept(ParameterVisitor& visitor) const {
     }
     auto const count = getNumberOfItems();
     for (unsigned long i = 0; i < count; ++i) {
+        loadAhead(mImpl->mItems, i, [](ParameterItem const& item) { return item.getImpl(); });
         getItem(i)->accept(visitor);
         if (i + 1 < count) {
             visitor.visitGroupMiddle(*this);

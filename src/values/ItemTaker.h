@@ -13,9 +13,7 @@ namespace kivo::configuration {
 class ItemTaker {
 public:
     explicit ItemTaker(ParameterValueGroup& group) : mGroup(&group) {}
-    ItemTaker(ItemTaker&& other) noexcept : mGroup(other.mGroup), mPosition(other.mPosition) {
-        other.mGroup = nullptr;
-    }
+    ItemTaker(ItemTaker&& other) noexcept : mGroup(other.mGroup), mPosition(other.mPosition) { other.mGroup = nullptr; }
     ItemTaker& operator=(ItemTaker&&) = delete;
     ~ItemTaker();
 

@@ -62,6 +62,7 @@ public:
 
     ValueTexts(ValueTexts const& other)
         : mOthers(other.mOthers ? std::make_unique<Others>(*other.mOthers) : nullptr), mFirst(other.mFirst) {}
+    ValueTexts(ValueTexts&&) noexcept = default;
     ValueTexts& operator=(ValueTexts other) noexcept {
         mOthers = std::move(other.mOthers);
         mFirst = std::move(other.mFirst);

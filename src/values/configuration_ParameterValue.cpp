@@ -66,8 +66,8 @@ void ParameterValue::assignParameterItem(ParameterItem const* parameterItem) {
     if (parameterItem->getItemType() != ParameterItem::PARAMETER) {
         throw ConfigurationException("\"%s\" must be a parameter", parameterItem->getName());
     }
-    mImpl->mValueType = static_cast<Parameter const*>(parameterItem)->getValueType();
     ParameterValueItem::assignParameterItem(parameterItem);
+    mImpl->mValueType = static_cast<Parameter const*>(parameterItem)->getValueType();
 }
 
 char const* ParameterValue::getValue(unsigned long index, bool ignoreDefault) const {

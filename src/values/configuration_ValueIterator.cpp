@@ -32,11 +32,7 @@ bool ValueIterator::next() {
     if (isNull()) {
         return false;
     }
-    auto const count = static_cast<long>(getNumberOfValues());
-    if (mImpl->mIndex < count) {
-        ++mImpl->mIndex;
-    }
-    return mImpl->mIndex < count;
+    return ++mImpl->mIndex < static_cast<long>(getNumberOfValues());
 }
 
 void ValueIterator::reset() { mImpl->mIndex = -1; }
