@@ -23,7 +23,8 @@ public:
     char const* getName() const override;
     /// As ValueProvider. With RESOLVE_FLAG_NAMES, a flag may be any beginning of the name of a parameter that is not
     /// hidden; it must be the beginning of only one, even when it is a full name.
-    /// @throws kivo::ContractViolationException "specification != 0"
+    /// @throws kivo::ContractViolationException "specification != 0"; for a specification without an id
+    ///         "parameterItemId != 0 && *parameterItemId != '\0'"
     /// @throws ConfigurationException "The flag \"<flag>\" is ambiguous, matching the following allowed flags: <names>.
     ///         Please be more specific."
     bool getValues(Specification const* specification, ParameterValueGroup& result, int flags) override;

@@ -33,6 +33,8 @@ public:
     /// @return false when help was asked for, and no further provider is to be asked
     /// @throws kivo::ContractViolationException "specification != 0"
     /// @throws ConfigurationParameterException all faults of the first phase that found any
+    /// @throws ConfigurationException a value where a group belongs or the other way round; a specification without its
+    ///         root group
     virtual bool getValues(Specification const* specification, ParameterValueGroup& result, int flags);
     /// The help text of a specification: a name column and a description column, word-wrapped.
     /// @param specification         the specification to describe

@@ -127,6 +127,7 @@ std::vector<ParameterGroup const*> SubtreeIndex::pathToParameter(std::string_vie
 }
 
 void SubtreeIndex::sortNames() const {
+    mVisibleByName.clear(); // of an attempt for which memory ran out
     for (Position position = 0; position < mNodes.size(); ++position) {
         auto const* item = mNodes[position].item;
         if (item->getItemType() == ParameterItem::PARAMETER && !static_cast<Parameter const*>(item)->isHidden()) {

@@ -26,9 +26,6 @@ public:
     /// of all groups together would take too much memory.
     static std::shared_ptr<SubtreeIndex const> of(ParameterGroup const& group);
 
-    /// Whether a group has groups below it. Of one that has none, its list tells all.
-    static bool hasGroups(ParameterGroup const& group);
-
     /// To be called when the list of a group changes that was marked: all indexes made before are out of date.
     static void schemaChanged() noexcept;
 

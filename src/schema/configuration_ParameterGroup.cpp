@@ -126,7 +126,7 @@ ParameterItem* ParameterGroup::getItem(char const* id, bool recursive) const {
         return direct();
     }
     // A walk hands out const items; the group itself holds them as they were added.
-    if (!SubtreeIndex::hasGroups(*this)) {
+    if (mImpl->mNumberOfGroups == 0) {
         return equalIgnoringCase(getId(), id) ? const_cast<ParameterGroup*>(this) : direct();
     }
     if (auto const subtree = SubtreeIndex::of(*this)) {
@@ -140,8 +140,6 @@ ParameterItem* ParameterGroup::getItem(char const* id, bool recursive) const {
 std::shared_ptr<SubtreeIndex const> SubtreeIndex::of(ParameterGroup const& group) {
     return group.mImpl->mSubtree.get(group);
 }
-
-bool SubtreeIndex::hasGroups(ParameterGroup const& group) { return group.mImpl->mNumberOfGroups > 0; }
 
 void SubtreeIndex::markIndexed(ParameterGroup const& group) {
     group.mImpl->mIsIndexed.store(true, std::memory_order_relaxed);

@@ -6,7 +6,6 @@
 #include <configuration/ParameterValue.h>
 #include <configuration/ParameterValueGroup.h>
 
-#include "schema/SubtreeIndex.h"
 #include "values/ChildSearch.h"
 #include "values/GroupEditing.h"
 #include "visitors/ConstraintFinderVisitor.h"
@@ -39,10 +38,7 @@ std::vector<ParameterGroup const*> constraintsAbove(Parameter const& parameter, 
 ConstraintSplitterVisitor::ConstraintSplitterVisitor(ParameterErrors& errors)
     : ParameterValueVisitor(true), mErrors(errors) {}
 
-bool ConstraintSplitterVisitor::visitGroupStart(ParameterValueGroup& group) {
-    if (auto const* schemaGroup = group.getParameterGroup(); schemaGroup && !SubtreeIndex::hasGroups(*schemaGroup)) {
-        return false; // no constraints, and no groups of values: most values need not be visited
-    }
+bool ConstraintSplitterVisitor::visitGroupStart(ParameterValueGroup&) {
     mMoved.emplace_back();
     return true;
 }

@@ -14,7 +14,8 @@ namespace kivo::configuration {
 namespace {
 
 void appendTexts(ParameterValue& target, ParameterValue const& source) {
-    for (unsigned long i = 0; i < source.getNumberOfValues(); ++i) {
+    auto const count = source.getNumberOfValues(); // taken first: the two may be one, which grows
+    for (unsigned long i = 0; i < count; ++i) {
         target.addValue(source.getValue(i, false));
     }
 }
