@@ -8,8 +8,8 @@
 #include "kernel/standalone/kvTrace.h"
 #include "support/Exceptions.h"
 #include "support/ManagerTest.h"
+#include "support/Notation.h"
 #include "support/ValueTree.h"
-#include "visitors/Notation.h"
 
 #include <gmock/gmock.h>
 #include <iterator>

@@ -10,8 +10,8 @@
 
 #include "support/Exceptions.h"
 #include "support/ManagerTest.h"
+#include "support/Notation.h"
 #include "support/ValueTree.h"
-#include "visitors/Notation.h"
 
 #include <algorithm>
 #include <barrier>

@@ -1,10 +1,15 @@
 #include <configuration/ConfigurationParameterException.h>
 #include <configuration/ContractViolationException.h>
+#include <configuration/ParameterEnumDefinition.h>
+#include <configuration/ParameterSpecialization.h>
+#include <configuration/Specification.h>
 
+#include "schema/StorageLocationValidator.h"
 #include "support/Exceptions.h"
-#include "support/VirtualSlot.h"
+#include "support/Schema.h"
+#include "support/WalkLog.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 using namespace kivo::configuration;
 using namespace kivo::test;
@@ -13,84 +18,87 @@ namespace {
 
 std::string const LONGEST(4095, '%');
 
-ParameterErrors listOf(std::vector<std::string> const& messages) {
-    ParameterErrors errors;
-    for (auto const& message : messages) {
-        errors.addError("%s", message.c_str());
-    }
-    return errors;
-}
-
 TEST(ParameterErrors, AreThrownTogetherOneALine) {
-    struct Row {
-        char const* label;
-        std::vector<std::string> messages;
-        std::string composed;
-    };
-    for (auto const& row : {Row{"one", {"a"}, "a"}, Row{"equal messages stay", {"b", "a", "b"}, "b\na\nb"},
-                            Row{"percent signs", {"100%s", "%n%d"}, "100%s\n%n%d"},
-                            Row{"a message is cut", {LONGEST + "cut", "z"}, LONGEST + "\nz"},
-                            Row{"the whole is not", {LONGEST, LONGEST, "z"}, LONGEST + "\n" + LONGEST + "\nz"}}) {
-        SCOPED_TRACE(row.label);
-        auto const errors = listOf(row.messages);
-        EXPECT_EQ(errors.getNumberOfErrors(), row.messages.size());
-        EXPECT_EQ(composeMessage(errors), row.composed);
-        EXPECT_EQ(whatOf<ConfigurationParameterException>([&] { errors.throwIfErrors(); }), row.composed);
+    using Messages = std::vector<std::string>;
+    for (auto const& [messages, composed] : {
+             std::pair(Messages{"b", "a", "b"}, std::string("b\na\nb")),
+             {{"100%s", "%n%d"}, "100%s\n%n%d"},
+             {{LONGEST + "cut", "z"}, LONGEST + "\nz"},
+             {{LONGEST, LONGEST, "z"}, LONGEST + "\n" + LONGEST + "\nz"}, // the whole is not cut
+         }) {
+        ParameterErrors errors;
+        EXPECT_EQ(whatOf([&] { errors.throwIfErrors(); }), "<nothing>");
+        for (auto const& message : messages) {
+            errors.addError("%s", message.c_str());
+        }
+        EXPECT_EQ(whatOf<ConfigurationParameterException>([&] { errors.throwIfErrors(); }), composed);
     }
-    EXPECT_EQ(composeMessage(ParameterErrors()), "No errors were detected");
-    EXPECT_EQ(whatOf([] { ParameterErrors().throwIfErrors(); }), "<nothing>");
-}
-
-TEST(ParameterErrors, CopiesShareNothing) {
-    auto errors = listOf({"a", "b"});
-    ParameterErrors const copy(errors);
-    auto assigned = listOf({"old"});
-    assigned = errors;
-    auto const& alias = errors;
-    errors = alias;
-    EXPECT_EQ(composeMessage(errors), "a\nb");
-    errors.clear();
-    errors.addError("%d%%", 50);
-    EXPECT_EQ(composeMessage(errors), "50%");
-    EXPECT_EQ(composeMessage(copy), "a\nb");
-    EXPECT_EQ(composeMessage(assigned), "a\nb");
 }
 
 TEST(ConfigurationException, OwnsMessageAndList) {
-    auto errors = listOf({"a", "b"});
-    ConfigurationParameterException const composed(errors, nullptr);
+    ParameterErrors errors;
+    errors.addError("a");
     auto source = std::make_unique<ConfigurationParameterException>(errors, "%d%s", 5, LONGEST.c_str());
     auto const copy = *source;
-    errors.clear();
     source.reset();
-    EXPECT_STREQ(composed.what(), "a\nb");
+    ParameterErrors assigned;
+    assigned = errors;
+    errors.clear();
     EXPECT_EQ(copy.what(), "5" + LONGEST.substr(1));
-    EXPECT_EQ(composeMessage(copy.getErrors()), "a\nb");
-    EXPECT_EQ(ConfigurationException("%s", (LONGEST + "cut").c_str()).what(), LONGEST);
+    EXPECT_EQ(composeMessage(copy.getErrors()) + composeMessage(assigned), "aa");
     ConfigurationException const silent(nullptr);
     EXPECT_EQ(ConfigurationException(silent).what(), nullptr);
 }
 
-TEST(ConfigurationException, IsAKernelExceptionOfNoKind) {
-    try {
-        listOf({"a"}).throwIfErrors();
-        FAIL();
-    } catch (kvException& caught) {
-        EXPECT_STREQ(static_cast<char const*>(caught), "a");
-        EXPECT_EQ(caught.get_kind(), -1);
-        EXPECT_EQ(caught.asKernelException(), nullptr);
-    }
-    EXPECT_THAT(slotsOf(&ConfigurationException::what, &ConfigurationException::operator char const*,
-                        &ConfigurationException::get_kind, &ConfigurationException::reportErrors,
-                        &ConfigurationException::asKernelException),
-                testing::ElementsAre(2, 3, 4, 5, 6));
-}
+struct Subjects {
+    Items items;
+    ParameterErrors errors;
+    Parameter* parameter = items.parameter({.id = "a"});
+    ParameterGroup* group = items.group({.id = "g"}, {parameter});
 
-TEST(ContractViolationException, KeepsThePointer) {
-    static char const text[] = "Contract violation: \"x\"";
-    kivo::ContractViolationException const thrown(text);
-    EXPECT_EQ(kivo::ContractViolationException(thrown).what(), text);
-    EXPECT_EQ(slotOf(&kivo::ContractViolationException::what), 2u);
+    void make(char const* id, char const* name, char const* text) { items.parameter({id, name, text}); }
+    void set(char const* name, char const* text) { parameter->addValidatorConfigurationParameterValue(name, text); }
+};
+
+auto const addErrorUnchecked = &ParameterErrors::addError; // the compiler does not know this format
+
+// A text holds the whole condition: one row for each place that checks one.
+TEST(SchemaContract, ThrowsWithTheConditionAndChangesNothing) {
+    constexpr char const* text = "description && strlen(description) > 0";
+    constexpr char const* name = "name != 0 && strlen(name) > 0";
+    using S = Subjects&;
+    struct Row {
+        char const *label, *condition;
+        void (*call)(Subjects&);
+    };
+    for (auto const& row : {
+             Row{"format", "format != 0 && strlen(format) > 0", [](S s) { (s.errors.*addErrorUnchecked)(""); }},
+             Row{"error index", "index < getNumberOfErrors()", [](S s) { s.errors.getError(0); }},
+             Row{"id first", "id && strlen(id) > 0", [](S s) { s.make("", "", ""); }},
+             Row{"name second", "name && strlen(name) > 0", [](S s) { s.make("x", "", ""); }},
+             Row{"description", text, [](S s) { s.make("x", "x", nullptr); }},
+             Row{"change to null", text, [](S s) { s.parameter->setDescription(nullptr); }},
+             Row{"definition", "enumDef != 0", [](S s) { s.parameter->setEnumDefinition(nullptr); }},
+             Row{"setting's name", name, [](S s) { s.set(nullptr, nullptr); }},
+             Row{"setting's text", "value != 0", [](S s) { s.set("unit", nullptr); }},
+             Row{"base", "base != 0", [](S) { ParameterSpecialization(nullptr, "x", false, false, "", false); }},
+             Row{"add null", "item != 0", [](S s) { s.group->addItem(nullptr); }},
+             Row{"remove null", "id != 0", [](S s) { s.group->removeItem(nullptr); }},
+             Row{"search null", "id != 0", [](S s) { s.group->getItem(nullptr, true); }},
+             Row{"item index", "index < getNumberOfItems()", [](S s) { s.group->getItem(1); }},
+             Row{"enumeration", name, [](S) { ParameterEnumDefinition const made(nullptr); }},
+             Row{"validator", name, [](S) { RejectingValidator const made(""); }},
+             Row{"location", "value != 0",
+                 [](S) { StorageLocationValidator().validate(static_cast<char const*>(nullptr)); }},
+             Row{"specification", "id != 0", [](S) { Specification const made(nullptr, nullptr); }},
+             Row{"specification's text", "description != 0", [](S) { Specification const made("x", nullptr); }},
+         }) {
+        SCOPED_TRACE(row.label);
+        Subjects subjects;
+        EXPECT_EQ(whatOf<kivo::ContractViolationException>([&] { row.call(subjects); }), contractText(row.condition));
+        EXPECT_EQ(walkLog(*subjects.group) + composeMessage(subjects.errors), "<g a >gNo errors were detected");
+        EXPECT_EQ(subjects.parameter->getValidatorConfiguration(), nullptr);
+    }
 }
 
 } // namespace

@@ -1,148 +1,128 @@
 #include <configuration/ConfigurationParameterException.h>
 #include <configuration/ParameterEnumDefinition.h>
+#include <configuration/ParameterSpecialization.h>
 
 #include "support/Exceptions.h"
 #include "support/ManagerTest.h"
 #include "support/Schema.h"
 #include "support/ValueTree.h"
-#include "support/VirtualSlot.h"
-
-#include <gmock/gmock.h>
 
 using namespace kivo::configuration;
 using namespace kivo::test;
 
 namespace {
 
-class ParameterTest : public ManagerTest {
-protected:
-    ParameterTest() { manager().addValidator(std::make_unique<RejectingValidator>("rejecting").release()); }
-};
+class ParameterTest : public ManagerTest {};
 
-/// The default, bound and marked as one ("port*=0"), "none", or the exception: its faults if it lists them.
-std::string defaultOf(ParameterFields fields) {
+/// The default, bound and marked as one ("id*=0"), "none", or the exception with the faults that it lists.
+std::string defaultOf(auto const& make) {
     try {
-        fields.id = "port";
-        Items items;
-        auto const* value = items.parameter(fields)->getDefaultValue();
+        auto const* value = make()->getDefaultValue();
         return value ? toText(*value) : "none";
     } catch (ConfigurationParameterException const& thrown) {
-        EXPECT_EQ(thrown.what(),
-                  "\"" + std::string(fields.defaultValue) + "\" is not a valid default value for parameter \"port\"");
-        return composeMessage(thrown.getErrors());
-    } catch (ConfigurationException const& thrown) {
+        return thrown.what() + (": " + composeMessage(thrown.getErrors()));
+    } catch (std::exception const& thrown) {
         return thrown.what();
     }
 }
 
 TEST_F(ParameterTest, CreateChecksItsArgumentsInOrder) {
+    auto const create = [](ParameterFields const& fields) { return whatOf([&] { createParameter(fields); }); };
     createParameter({.id = "taken"});
-    struct Row {
-        ParameterFields fields;
-        std::string text;
-    };
-    for (auto const& row : {
-             Row{{nullptr, nullptr}, contractText("id != 0")},
-             Row{{"", ""}, contractText("objectKey != 0 && *objectKey != '\\0'")},
-             Row{{"TAKEN", nullptr}, "Parameter id \"TAKEN\" is not unique"},
-             Row{{"id", "", nullptr}, contractText("name && strlen(name) > 0")},
-             Row{{.description = "", .validator = "none"}, contractText("description && strlen(description) > 0")},
-             Row{{.optional = true, .validator = "none%s"}, "Validator \"none%s\" was not found"},
-             Row{{.name = "Name", .optional = true}, "Optional parameter \"Name\" is missing a default value"},
-             Row{{.name = "Name", .type = Parameter::INT_PARAMETER, .defaultValue = "5%d"},
-                 "\"5%d\" is not a valid default value for parameter \"Name\""},
-         }) {
-        EXPECT_EQ(whatOf([&] { createParameter(row.fields); }), row.text);
-        EXPECT_EQ(manager().getParameterItem("id"), nullptr); // nothing was registered
-    }
-    EXPECT_STREQ(manager().getParameterItem("Taken", ParameterItem::PARAMETER)->getId(), "taken");
-}
-
-TEST_F(ParameterTest, OptionalFlagsAndNumbersDefaultToZero) {
-    std::string const missing = "Optional parameter \"port\" is missing a default value";
-    struct Row {
-        Parameter::ValueType type;
-        std::string optional, optionalUnbounded;
-    };
-    for (auto const& [type, optional, optionalUnbounded] :
-         {Row{Parameter::BOOLEAN_PARAMETER, "port*=0", "port*=0"}, Row{Parameter::STRING_PARAMETER, missing, "none"},
-          Row{Parameter::INT_PARAMETER, "port*=0", "port*=0"}, Row{Parameter::UINT_PARAMETER, missing, "none"},
-          Row{Parameter::DOUBLE_PARAMETER, "port*=0", "port*=0"}, Row{Parameter::OID_PARAMETER, missing, "none"},
-          Row{Parameter::ENUM_PARAMETER, missing, "none"}}) {
-        SCOPED_TRACE(type);
-        EXPECT_EQ(defaultOf({.type = type}), "none");
-        EXPECT_EQ(defaultOf({.unbounded = true, .type = type}), "none");
-        EXPECT_EQ(defaultOf({.optional = true, .type = type}), optional);
-        EXPECT_EQ(defaultOf({.optional = true, .unbounded = true, .type = type}), optionalUnbounded);
-        EXPECT_EQ(defaultOf({.optional = true, .type = type, .defaultValue = "", .validator = "rejecting"}), "port*=");
-    }
+    EXPECT_EQ(create({nullptr, ""}), contractText("id != 0"));
+    EXPECT_EQ(create({"TAKEN", ""}), "Parameter id \"TAKEN\" is not unique");
+    EXPECT_EQ(create({"id", "", ""}), contractText("name && strlen(name) > 0"));
+    EXPECT_EQ(create({.description = "", .validator = "x"}), contractText("description && strlen(description) > 0"));
+    EXPECT_EQ(create({.optional = true, .validator = "none%s"}), "Validator \"none%s\" was not found");
+    EXPECT_EQ(create({.name = "Name", .optional = true}), "Optional parameter \"Name\" is missing a default value");
+    EXPECT_EQ(manager().getParameterItem("id"), nullptr); // nothing was registered
+    createGroup({.id = "id"});
+    EXPECT_EQ(create({.id = "id"}), "<nothing>"); // unique among parameters only
 }
 
 TEST_F(ParameterTest, ADefaultHasToFitTypeAndValidator) {
     struct Row {
         Parameter::ValueType type;
-        std::string text, misfit; // the type's name in the message; empty: the text fits
+        bool isZero; // what an optional one has when none is declared
+        std::string kind;
+        std::vector<std::string> fits, misfits;
     };
-    for (auto const& [type, text, misfit] :
-         {Row{Parameter::BOOLEAN_PARAMETER, "tRUE", ""}, Row{Parameter::BOOLEAN_PARAMETER, "42", ""},
-          Row{Parameter::BOOLEAN_PARAMETER, "yes", "boolean"}, Row{Parameter::STRING_PARAMETER, "100%s", ""},
-          Row{Parameter::INT_PARAMETER, " -2147483648", ""}, Row{Parameter::INT_PARAMETER, "7 ", "signed integer"},
-          Row{Parameter::INT_PARAMETER, "2147483648", "signed integer"},
-          Row{Parameter::UINT_PARAMETER, "4294967295", ""}, Row{Parameter::UINT_PARAMETER, "-1", "unsigned integer"},
-          Row{Parameter::UINT_PARAMETER, "99999999999999999999", "unsigned integer"},
-          Row{Parameter::DOUBLE_PARAMETER, "-1.5e3", ""}, Row{Parameter::DOUBLE_PARAMETER, "1,5", "double"},
-          Row{Parameter::DOUBLE_PARAMETER, "1e999", "double"}, Row{Parameter::OID_PARAMETER, "#1-2-3-4 ", ""},
-          Row{Parameter::OID_PARAMETER, "1-2-3", "OID"}, Row{Parameter::OID_PARAMETER, "1-2-3-4%s", "OID"},
-          Row{Parameter::ENUM_PARAMETER, "anything", ""}}) {
-        EXPECT_EQ(defaultOf({.type = type, .defaultValue = text.c_str(), .validator = "REJECTING"}),
-                  misfit.empty() ? "port*=" + text : "port: \"" + text + "\" is not a valid " + misfit);
+    auto const made = [](ParameterFields const& fields) {
+        Items items;
+        return defaultOf([&] { return items.parameter(fields); });
+    };
+    for (auto const& [type, isZero, kind, fits, misfits] : {
+             Row{Parameter::BOOLEAN_PARAMETER, true, "boolean", {"tRUE", "42"}, {"yes"}},
+             Row{Parameter::STRING_PARAMETER, false, "", {"100%s"}, {}},
+             Row{Parameter::INT_PARAMETER, true, "signed integer", {" -2147483648"}, {"7 ", "2147483648"}},
+             Row{Parameter::UINT_PARAMETER, false, "unsigned integer", {"4294967295"}, {"-1", "99999999999999999999"}},
+             Row{Parameter::DOUBLE_PARAMETER, true, "double", {"-1.5e3"}, {"1,5", "1e999"}},
+             Row{Parameter::OID_PARAMETER, false, "OID", {"#1-2-3-4 ", ""}, {"1-2-3", "1-2-3-4%s"}},
+             Row{Parameter::ENUM_PARAMETER, false, "", {"anything"}, {}},
+         }) {
+        EXPECT_EQ(made({.optional = true, .unbounded = true, .type = type}), isZero ? "id*=0" : "none");
+        EXPECT_EQ(made({.optional = true, .type = type}),
+                  isZero ? "id*=0" : "Optional parameter \"id\" is missing a default value");
+        for (auto const& text : fits) {
+            EXPECT_EQ(made({.type = type, .defaultValue = text.c_str(), .validator = "STORAGElocation"}),
+                      "id*=" + text);
+        }
+        for (auto const& text : misfits) {
+            auto const invalid = "\"" + text + "\" is not a valid ";
+            EXPECT_EQ(made({.type = type, .defaultValue = text.c_str(), .validator = "storageLocation"}),
+                      invalid + "default value for parameter \"id\": id: " + invalid + kind);
+        }
     }
-    EXPECT_EQ(defaultOf({.defaultValue = "bad%s", .validator = "rejecting"}), "bad%s was rejected\n");
-    EXPECT_EQ(defaultOf({.type = Parameter::INT_PARAMETER, .defaultValue = "bad", .validator = "rejecting"}),
-              "port: \"bad\" is not a valid signed integer\nbad was rejected\n");
+    EXPECT_EQ(made({.type = Parameter::INT_PARAMETER, .defaultValue = "%s::", .validator = "storageLocation"}),
+              "\"%s::\" is not a valid default value for parameter \"id\": "
+              "id: \"%s::\" is not a valid signed integer\nValue is not properly formatted\n");
 }
 
-TEST_F(ParameterTest, HasNoValueNameValidatorOrLabelsUnlessGiven) {
-    auto const* full = createParameter({.id = "full", .valueName = "COUNT", .validator = "REJECTING", .hidden = true});
-    EXPECT_STREQ(full->getValueName(), "COUNT");
-    EXPECT_EQ(full->getValidator(), manager().getValidator("rejecting"));
-    EXPECT_TRUE(full->isHidden());
-    Items items;
-    auto* bare = items.parameter({.valueName = ""});
-    EXPECT_FALSE(bare->getValueName() || items.parameter({})->getValueName() || bare->getValidator() ||
-                 bare->getEnumDefinition() || bare->getValidatorConfiguration() || bare->isHidden());
-    EXPECT_FALSE(bare->isOptional() || bare->isUnbounded() || bare->isSpecialized());
-    EXPECT_STREQ(bare->getItemTypeName(), "Parameter");
-    bare->addValidatorConfigurationParameterValue("Limit", "1");
-    bare->addValidatorConfigurationParameterValue("unit", "");
-    bare->addValidatorConfigurationParameterValue("LIMIT", "2");
-    EXPECT_EQ(toText(*bare->getValidatorConfiguration()), "Limit?{Limit?=1,2 unit?=}");
-    bare->setDescription("100%s");
-    EXPECT_STREQ(bare->getDescription(), "100%s");
+TEST_F(ParameterTest, ASpecializationTakesWhatItDoesNotChange) {
+    ParameterEnumDefinition const levels("levels");
+    createParameter({.id = "count", .type = Parameter::INT_PARAMETER});
+    auto* base = createParameter({.id = "Level", .type = Parameter::ENUM_PARAMETER, .defaultValue = "low"});
+    base->setEnumDefinition(&levels);
+    base->addValidatorConfigurationParameterValue("unit", "kb");
+    auto const optional = [](char const* id, char const* description, char const* defaultValue) {
+        return defaultOf(
+            [&] { return ParameterSpecialization::Create(id, description, true, false, defaultValue, false); });
+    };
+    EXPECT_EQ(optional("LEVEL", nullptr, nullptr), "Level*=low");
+    EXPECT_EQ(optional("level", "Other", "high"), "Level*=high");
+    EXPECT_EQ(optional("count", "Other", nullptr), "count*=0"); // the implicit default
+    EXPECT_EQ(optional("none%s", nullptr, nullptr), "Parameter to specialize \"none%s\" was not found");
+    EXPECT_EQ(optional("count", "", "x"), contractText("description && strlen(description) > 0"));
+    auto const* special = ParameterSpecialization::Create("level", nullptr, false, false, nullptr, false);
+    EXPECT_EQ(special->getEnumDefinition(), &levels);
+    EXPECT_EQ(special->getValidatorConfiguration(), nullptr);
+    EXPECT_EQ(special->getDefaultValue()->getParameter(), special);
+
+    auto* text = createParameter({.id = "Text%s", .valueName = ""});
+    EXPECT_EQ(text->getValueName(), nullptr);
+    EXPECT_EQ(whatOf([&] { text->setEnumDefinition(&levels); }), "\"Text%s\" is not an enumeration parameter");
+    text->addValidatorConfigurationParameterValue("Limit", "1");
+    text->addValidatorConfigurationParameterValue("unit", "");
+    EXPECT_EQ(toText(*text->getValidatorConfiguration()), "Limit?{Limit?=1 unit?=}");
 }
 
-TEST_F(ParameterTest, OnlyAnEnumerationTakesADefinition) {
-    ParameterEnumDefinition const first("first");
-    ParameterEnumDefinition const second("second");
-    Items items;
-    auto* level = items.parameter({.type = Parameter::ENUM_PARAMETER});
-    level->setEnumDefinition(&first);
-    level->setEnumDefinition(&second);
-    EXPECT_EQ(level->getEnumDefinition(), &second);
-    auto* text = items.parameter({.name = "Text%s"});
-    EXPECT_EQ(whatOf<ConfigurationException>([&] { text->setEnumDefinition(&first); }),
-              "\"Text%s\" is not an enumeration parameter");
-    EXPECT_EQ(text->getEnumDefinition(), nullptr);
-}
+TEST_F(ParameterTest, ValidatorsCheckEveryTextOfAValue) {
+    auto const check = [](ParameterValidator const& validator, auto const& checked) -> std::string {
+        std::unique_ptr<char[]> const message(validator.validate(checked));
+        return message ? message.get() : "<passed>";
+    };
+    RejectingValidator const rejecting("rejecting");
+    auto const* text = createParameter({.id = "t", .optional = true, .defaultValue = "good default"});
+    EXPECT_EQ(check(rejecting, *value("a", "bad%s", "ok", nullptr, "bad")), "bad%s was rejected\nbad was rejected\n");
+    EXPECT_EQ(check(rejecting, *value(text, nullptr, "good")), "<passed>");
 
-TEST_F(ParameterTest, KeepsTheOrderOfVirtualOperations) {
-    EXPECT_THAT(slotsOf(&Parameter::getItemType, &Parameter::isOptional, &Parameter::isUnbounded, &Parameter::getId,
-                        &Parameter::getName, &Parameter::getDescription, &Parameter::setDescription, &Parameter::accept,
-                        &Parameter::isSpecialized, &Parameter::getItemTypeName, &Parameter::getValueName,
-                        &Parameter::getValueType, &Parameter::getDefaultValue, &Parameter::setEnumDefinition,
-                        &Parameter::getEnumDefinition, &Parameter::getValidator),
-                testing::ElementsAre(2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17));
-    EXPECT_EQ(slotOf(&ParameterGroup::getItemTypeName), 11u);
+    auto const& location = *manager().getValidator("storageLocation"); // looks at the first separator
+    for (char const* good : {"", "/data/db", "a:b", "host::/data", "a::b::c", "a::b::", "host:::", "h::%s"}) {
+        EXPECT_EQ(check(location, good), "<passed>") << good;
+    }
+    for (char const* bad : {"::/data", "host::", "::", ":::"}) {
+        EXPECT_EQ(check(location, bad), "Value is not properly formatted") << bad;
+    }
 }
 
 } // namespace

@@ -10,8 +10,7 @@
 
 namespace kivo::test {
 
-/// The what() of the exception that a call throws, which must be of a type (or derived from it). A call that throws
-/// nothing, or something else, yields a text in angle brackets, which no message of the library looks like.
+/// A call that throws nothing, or another type, yields a text in angle brackets, which no message looks like.
 template <class Exception = std::exception, class Call>
 std::string whatOf(Call&& call) {
     try {
@@ -24,7 +23,6 @@ std::string whatOf(Call&& call) {
     return "<nothing>";
 }
 
-/// The text of a contract violation.
 inline std::string contractText(std::string const& condition) { return "Contract violation: \"" + condition + "\""; }
 
 } // namespace kivo::test

@@ -2,9 +2,6 @@
 
 // The fixture of every test that touches the Manager: each test gets a new one, in an installation of its own, and
 // leaves none behind. A test with rows derives from testing::WithParamInterface<Row>, too.
-//
-//     class MyTest : public ManagerTest {};
-//     TEST_F(MyTest, Finds) { EXPECT_EQ(manager().getParameterItem("none"), nullptr); }
 
 #include "support/TemporaryInstallation.h"
 

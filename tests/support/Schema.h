@@ -1,19 +1,15 @@
 #pragma once
 
-// Schema items by named fields. The create… functions register with the Manager, which owns the items:
+// Schema items by named fields. The create… functions register with the Manager, which owns the items; an Items object
+// makes items that no manager knows, and owns them:
 //
-//     createSpecification({.id = "tool"}, {createParameter({.id = "port", .type = Parameter::INT_PARAMETER}),
-//                                          createContainer({.id = "disk", .unbounded = true}, {...})});
-//
-// An Items object makes items that no manager knows, and owns them:
-//
-//     Items items;
+//     createContainer({.id = "tool"}, {createParameter({.id = "port", .type = Parameter::INT_PARAMETER})});
 //     auto* root = items.group({.id = "root"}, {items.parameter({.id = "a"}), items.parameter({.id = "b"})});
 
+#include <configuration/Memory.h>
 #include <configuration/Parameter.h>
 #include <configuration/ParameterGroup.h>
 #include <configuration/ParameterValidator.h>
-#include <configuration/Specification.h>
 
 #include <memory>
 #include <string>
@@ -21,16 +17,16 @@
 
 namespace kivo::test {
 
-/// Stands for a name that is the same text as the id.
-inline constexpr char SAME_AS_ID[] = "<id>";
+using configuration::Parameter;
+using configuration::ParameterGroup;
 
 struct ParameterFields {
     char const* id = "id";
-    char const* name = SAME_AS_ID;
+    char const* name = nullptr; ///< null for the same text as the id
     char const* description = "Description";
     bool optional = false;
     bool unbounded = false;
-    configuration::Parameter::ValueType type = configuration::Parameter::STRING_PARAMETER;
+    Parameter::ValueType type = Parameter::STRING_PARAMETER;
     char const* defaultValue = nullptr;
     char const* valueName = nullptr;
     char const* validator = nullptr;
@@ -40,42 +36,80 @@ struct ParameterFields {
 /// What a role does not take, its create… function ignores.
 struct GroupFields {
     char const* id = "id";
-    char const* name = SAME_AS_ID;
+    char const* name = nullptr; ///< null for the same text as the id
     char const* description = "Description";
     bool optional = false;
     bool unbounded = false;
     bool exclusive = false;
-    configuration::ParameterGroup::GroupType type = configuration::ParameterGroup::CONTAINER;
+    ParameterGroup::GroupType type = ParameterGroup::CONTAINER;
 };
-
-/// The role of a group, such as "Container optional unbounded" or "Constraint exclusive".
-std::string describe(configuration::ParameterGroup const& group);
 
 using ItemList = std::vector<configuration::ParameterItem*>;
 
-configuration::Parameter* createParameter(ParameterFields const& fields);
-configuration::ParameterGroup* createGroup(GroupFields const& fields, ItemList const& items = {});
-configuration::ParameterGroup* createContainer(GroupFields const& fields, ItemList const& items = {});
-configuration::ParameterGroup* createMutuallyExclusive(GroupFields const& fields, ItemList const& items = {});
-/// Registers a container and a specification of its id.
-configuration::Specification* createSpecification(GroupFields const& root, ItemList const& items = {});
+inline char const* nameOf(auto const& fields) { return fields.name ? fields.name : fields.id; }
+
+inline ParameterGroup* fill(ParameterGroup* group, ItemList const& items) {
+    for (auto* item : items) {
+        group->addItem(item);
+    }
+    return group;
+}
+
+inline Parameter* createParameter(ParameterFields const& f) {
+    return Parameter::Create(f.id, nameOf(f), f.description, f.optional, f.unbounded, f.type, f.defaultValue,
+                             f.valueName, f.validator, f.hidden);
+}
+
+inline ParameterGroup* createGroup(GroupFields const& f, ItemList const& items = {}) {
+    return fill(ParameterGroup::CreateGroup(f.id, nameOf(f), f.description), items);
+}
+
+inline ParameterGroup* createContainer(GroupFields const& f, ItemList const& items = {}) {
+    return fill(ParameterGroup::CreateContainer(f.id, nameOf(f), f.description, f.optional, f.unbounded), items);
+}
+
+inline ParameterGroup* createMutuallyExclusive(GroupFields const& f, ItemList const& items = {}) {
+    return fill(ParameterGroup::CreateMutuallyExclusive(f.id, nameOf(f), f.description, f.optional), items);
+}
 
 class Items {
 public:
-    configuration::Parameter* parameter(ParameterFields const& fields);
-    configuration::ParameterGroup* group(GroupFields const& fields, ItemList const& items = {});
+    Parameter* parameter(ParameterFields const& f) {
+        return own(new Parameter(f.id, nameOf(f), f.description, f.optional, f.unbounded, f.type, f.defaultValue,
+                                 f.valueName, f.validator, f.hidden));
+    }
+    ParameterGroup* group(GroupFields const& f, ItemList const& items = {}) {
+        auto const exclusive =
+            f.exclusive ? ParameterGroup::ITEMS_MUTUALLY_EXCLUSIVE : ParameterGroup::ITEMS_NOT_EXCLUSIVE;
+        return fill(own(new ParameterGroup(f.id, nameOf(f), f.description, f.optional, exclusive, f.unbounded, f.type)),
+                    items);
+    }
 
 private:
+    template <class Item>
+    Item* own(Item* item) {
+        mItems.emplace_back(item);
+        return item;
+    }
+
     std::vector<std::unique_ptr<configuration::ParameterItem>> mItems;
 };
+
+/// The role of a group, such as "Container optional unbounded" or "Constraint exclusive".
+inline std::string describe(ParameterGroup const& group) {
+    return group.getItemTypeName() + std::string(group.itemsAreExclusive() ? " exclusive" : "") +
+           (group.isOptional() ? " optional" : "") + (group.isUnbounded() ? " unbounded" : "");
+}
 
 /// Rejects every text that begins with "bad", with the message "<text> was rejected".
 class RejectingValidator final : public configuration::ParameterValidator {
 public:
-    explicit RejectingValidator(char const* name) : ParameterValidator(name) {}
-
+    using ParameterValidator::ParameterValidator;
     using ParameterValidator::validate;
-    char* validate(char const* value) const override;
+    char* validate(char const* value) const override {
+        std::string const text(value);
+        return text.starts_with("bad") ? configuration::cloneString((text + " was rejected").c_str()) : nullptr;
+    }
 };
 
 } // namespace kivo::test

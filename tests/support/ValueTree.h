@@ -24,7 +24,6 @@ std::unique_ptr<configuration::ParameterValue> value(Key key, char const* text, 
     return made;
 }
 
-/// A group with its children.
 template <class Key, class... Children>
 std::unique_ptr<configuration::ParameterValueGroup> valueGroup(Key key, Children... children) {
     auto made = std::make_unique<configuration::ParameterValueGroup>(key);
@@ -33,12 +32,33 @@ std::unique_ptr<configuration::ParameterValueGroup> valueGroup(Key key, Children
 }
 
 /// The id of a node, empty when it has none.
-std::string idOf(configuration::ParameterValueItem const& item);
+inline std::string idOf(configuration::ParameterValueItem const& item) {
+    char const* id = item.getParameterItemId();
+    return id ? id : "";
+}
 
-/// The texts of a value, joined by commas. The value stays as it is: an absent flag is not turned into "1".
-std::string textsOf(configuration::ParameterValue const& value);
+/// The texts of a value, joined by commas.
+inline std::string textsOf(configuration::ParameterValue const& value) {
+    configuration::ParameterValue const copy(value); // reading turns an absent flag into "1"
+    std::string texts;
+    for (unsigned long i = 0; i < copy.getNumberOfValues(); ++i) {
+        char const* text = copy.getValue(i, true);
+        texts += (i > 0 ? "," : "") + std::string(text ? text : "<none>");
+    }
+    return texts;
+}
 
 /// A node and all below it.
-std::string toText(configuration::ParameterValueItem const& item);
+inline std::string toText(configuration::ParameterValueItem const& item) {
+    auto text = idOf(item) + (item.getItemState() == configuration::ParameterValueItem::ASSIGNED ? "" : "?");
+    if (auto const* value = dynamic_cast<configuration::ParameterValue const*>(&item)) {
+        return text + (value->isUsingDefaultValue() ? "*=" : "=") + textsOf(*value);
+    }
+    auto const& group = static_cast<configuration::ParameterValueGroup const&>(item);
+    for (unsigned long i = 0; i < group.getNumberOfItems(); ++i) {
+        text += (i > 0 ? " " : "{") + toText(*group.getItem(i));
+    }
+    return text + (group.getNumberOfItems() > 0 ? "}" : "{}");
+}
 
 } // namespace kivo::test

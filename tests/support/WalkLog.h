@@ -4,40 +4,71 @@
 //
 //     EXPECT_EQ(walkLog(root), "<root a | <inner b >inner | c >root");                      a schema
 //     EXPECT_EQ(walkLog(values), "<root a=1,2 <inner b=<none> >inner >root");               a value tree
-//     EXPECT_EQ(walkLog(root, {.decline = "inner"}), "<root a | <inner | c >root");
 //     walkLog(root, {.onEvent = doAt(">inner", [&] { root.removeItem("c"); })})
 //
-// When the walk throws, the line ends with "!" and the text of the exception.
+// When it throws, the line ends with "!" and the text of the exception.
+
+#include "support/ValueTree.h"
+
+#include <configuration/Parameter.h>
+#include <configuration/ParameterGroup.h>
+#include <configuration/ParameterValueVisitor.h>
+#include <configuration/ParameterVisitor.h>
 
 #include <functional>
-#include <string>
-
-namespace kivo::configuration {
-class ParameterItem;
-class ParameterValueItem;
-} // namespace kivo::configuration
 
 namespace kivo::test {
 
 struct WalkOptions {
-    /// Id of an item for which the visitor returns false.
-    std::string decline = {};
+    std::string decline = {}; ///< id of an item for which the visitor returns false
     /// Called after each event with its text ("<root", "a", "|", "a=1", ">root").
     std::function<void(std::string const& event)> onEvent = {};
-    /// Whether the visitor of values calls itself a mutator.
-    bool isMutator = false;
+    bool isMutator = false; ///< whether the visitor of values calls itself a mutator
 };
 
 /// Does something at each event of one text.
-inline std::function<void(std::string const&)> doAt(std::string const& event, std::function<void()> const& action) {
-    return [=](std::string const& current) {
-        if (current == event) {
-            action();
-        }
-    };
+inline auto doAt(std::string const& event, std::function<void()> const& action) {
+    return [=](std::string const& current) { current == event ? action() : void(); };
 }
 
-std::string walkLog(configuration::ParameterItem const& item, WalkOptions const& options = {});
-std::string walkLog(configuration::ParameterValueItem& item, WalkOptions const& options = {});
+struct Walk final : configuration::ParameterVisitor, configuration::ParameterValueVisitor {
+    using Group = configuration::ParameterGroup;
+    using ValueGroup = configuration::ParameterValueGroup;
+
+    explicit Walk(WalkOptions const& given) : ParameterValueVisitor(given.isMutator), options(given) {}
+
+    bool visitGroupStart(Group const& group) override { return add("<", group.getId()); }
+    bool visitGroupStart(ValueGroup& group) override { return add("<", idOf(group)); }
+    void visitGroupMiddle(Group const&) override { add("|"); }
+    void visitGroupEnd(Group const& group) override { add(">", group.getId()); }
+    void visitGroupEnd(ValueGroup& group) override { add(">", idOf(group)); }
+    bool visitParameter(configuration::Parameter const& parameter) override { return add("", parameter.getId()); }
+    bool visitParameterValue(configuration::ParameterValue& value) override {
+        return add("", idOf(value), "=" + textsOf(value));
+    }
+
+    /// @return whether the item of this id is not to be declined
+    bool add(std::string const& mark, std::string const& id = "", std::string const& texts = "") {
+        line += (line.empty() ? "" : " ") + mark + id + texts;
+        if (options.onEvent) {
+            options.onEvent(mark + id + texts);
+        }
+        return id.empty() || id != options.decline;
+    }
+
+    WalkOptions const& options;
+    std::string line;
+};
+
+template <class Item>
+std::string walkLog(Item& item, WalkOptions const& options = {}) {
+    Walk walk(options);
+    try {
+        item.accept(walk);
+    } catch (std::exception const& thrown) {
+        walk.line += std::string(" !") + thrown.what();
+    }
+    return walk.line;
+}
 
 } // namespace kivo::test

@@ -5,26 +5,16 @@
 
 #include <cstdlib>
 #include <gtest/gtest.h>
-#include <new>
 
-namespace {
-
-unsigned long allocations = 0;
-
-void* allocate(std::size_t size) noexcept {
-    ++allocations;
-    return std::malloc(size);
-}
-
-} // namespace
+static unsigned long allocations = 0;
 
 void* operator new(std::size_t size) {
-    if (void* memory = allocate(size)) {
+    ++allocations;
+    if (void* memory = std::malloc(size)) {
         return memory;
     }
     throw std::bad_alloc();
 }
-void* operator new(std::size_t size, std::nothrow_t const&) noexcept { return allocate(size); }
 // Not inlined: the compiler must not see a block of `new` end in free().
 [[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
 [[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
@@ -32,10 +22,7 @@ void* operator new(std::size_t size, std::nothrow_t const&) noexcept { return al
 using namespace kivo::configuration;
 using namespace kivo::test;
 
-namespace {
-
-template <class Call>
-unsigned long allocationsOf(Call&& call) {
+static unsigned long allocationsOf(auto&& call) {
     auto const before = allocations;
     call();
     return allocations - before;
@@ -43,7 +30,6 @@ unsigned long allocationsOf(Call&& call) {
 
 TEST(Allocation, ATypedReadAllocatesItsHandleOnly) {
     for (int const size : {3, 300}) {
-        SCOPED_TRACE(size);
         Items items;
         auto const tree = valueGroup("root");
         for (int i = 0; i < size; ++i) {
@@ -56,11 +42,9 @@ TEST(Allocation, ATypedReadAllocatesItsHandleOnly) {
         char const* const text = "A_LONG_NAME_THAT_NO_SMALL_STRING_HOLDS_1";
         root.getValue(number); // builds the index of the large group
         auto const ofHandle = allocationsOf([&] { Value const handle(tree->getValue(number), false); });
+        EXPECT_EQ(allocationsOf([&] { EXPECT_EQ(root.getValue(number).asInteger(), 7); }), ofHandle) << size;
+        EXPECT_EQ(allocationsOf([&] { EXPECT_STREQ(root.getValue(text).asString(), "7"); }), ofHandle) << size;
+        EXPECT_EQ(allocationsOf([&] { EXPECT_TRUE(root.getValue("none").isNull()); }), ofHandle) << size;
         EXPECT_GT(ofHandle, 0u);
-        EXPECT_EQ(allocationsOf([&] { EXPECT_EQ(root.getValue(number).asInteger(), 7); }), ofHandle);
-        EXPECT_EQ(allocationsOf([&] { EXPECT_STREQ(root.getValue(text).asString(), "7"); }), ofHandle);
-        EXPECT_EQ(allocationsOf([&] { EXPECT_TRUE(root.getValue("none").isNull()); }), ofHandle);
     }
 }
-
-} // namespace

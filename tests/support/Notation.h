@@ -2,25 +2,22 @@
 
 // Schemas and value trees as one line of text, so that a case is a row of texts:
 //
-//     auto* specification = createTool("tool?{a b/name:int?=7 u?* h~ in*{c} con(d) choice?[x y]}");
+//     auto* specification = createTool("tool?{a b/name:int?=7 file<path> u?* h~ in*{c} con(d) choice?[x y]}");
 //     auto values = treeOf("{tool{a=1 u=1,2 in{c=<none>}}}");
 //     EXPECT_EQ(toText(*values), "?{tool?{a?=1 u?=1,2 in?{c?=<none>}}}");
 //
 // An item of a schema is its id, then, where they differ from the usual, its name behind "/", its type behind ":"
-// (string else), "?" when it is optional, "*" unbounded, "~" hidden, and a default behind "=". A group's items stand in
-// "{}" for a container, "()" for a group constraint, "[]" for a mutually exclusive one. All nodes of a tree are
-// unbound.
+// (string else), its value name in "<>", "?" when it is optional, "*" unbounded, "~" hidden, and a default behind "=".
+// A group's items stand in "{}" for a container, "()" for a group constraint, "[]" for a mutually exclusive one. The
+// Manager owns the items. All nodes of a tree are unbound.
 
 #include <configuration/ParameterValueGroup.h>
+#include <configuration/Specification.h>
 
 #include <memory>
 #include <string>
 #include <string_view>
 #include <tuple>
-
-namespace kivo::configuration {
-class Specification;
-}
 
 namespace kivo::test {
 
@@ -31,8 +28,8 @@ struct Padding {
     int values = 0; ///< added before the items of groups named "tool"
 };
 
+configuration::ParameterItem* createItem(std::string_view text);
 configuration::Specification* createTool(std::string_view text, Padding const& padding = {});
-
 std::unique_ptr<configuration::ParameterValueGroup> treeOf(std::string_view text, Padding const& padding = {});
 
 /// A tree as toText() shows it, without padding.

@@ -1,0 +1,392 @@
+#include "providers/NameFixer.h"
+#include "providers/ParameterSearchVisitor.h"
+#include "providers/XmlValuesFile.h"
+#include "support/Exceptions.h"
+#include "support/ManagerTest.h"
+#include "support/Notation.h"
+#include "support/ValueTree.h"
+
+#include <configuration/ApplicationValuesProvider.h>
+#include <configuration/CommandLineValueProvider.h>
+#include <configuration/Flags.h>
+#include <configuration/ParameterValue.h>
+#include <configuration/Specification.h>
+#include <configuration/XmlFileValueProvider.h>
+
+#include <algorithm>
+
+namespace kivo::test {
+
+using namespace configuration;
+
+namespace {
+
+class ProviderTest : public ManagerTest {
+protected:
+    static std::string cacheOf(ValueProvider const& provider) { return toText(provider.getDataCache()); }
+
+    /// The values that a provider gives, with "." behind them when no further one is to be asked, or what it throws.
+    static std::string ask(ValueProvider& provider, Specification const* specification, int flags = 0) {
+        ParameterValueGroup result(nullptr);
+        bool goesOn = true;
+        auto const thrown = whatOf([&] { goesOn = provider.getValues(specification, result, flags); });
+        EXPECT_TRUE(thrown == "<nothing>" || result.getNumberOfItems() == 0);
+        return thrown == "<nothing>" ? toText(result) + (goesOn ? "" : ".") : thrown;
+    }
+};
+
+struct PipelineCase {
+    char const* label;
+    char const* schema;
+    char const* values;
+    char const* outcome;
+    int flags = 0;
+};
+
+class Pipeline : public ProviderTest, public testing::WithParamInterface<PipelineCase> {};
+
+TEST_P(Pipeline, MatchesChecksAndAggregatesACopy) {
+    auto const* tool = createTool(GetParam().schema);
+    ApplicationValuesProvider provider(0);
+    provider.enableProvider(*treeOf(GetParam().values), 0);
+    auto const before = cacheOf(provider);
+    for (int round = 0; round < 2; ++round) { // the second as the first: the provider's own tree does not change
+        EXPECT_EQ(ask(provider, tool, GetParam().flags), GetParam().outcome);
+        EXPECT_EQ(cacheOf(provider), before);
+    }
+}
+
+constexpr char const* HELPFUL = "tool{must n:int help:bool? quiet:bool? notitle:bool?}";
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Values, Pipeline, testing::Values(
+    PipelineCase{"Nothing", "tool{a}", "{}", "?{}"},
+    PipelineCase{"AnEmptyGroup", "tool{a}", "{tool{}}", "?{}"},
+    // The constraint's id and name differ: two groups are split off, and merged again.
+    PipelineCase{"Constraints", "tool{a u* con/Name(c d)}", "{tool{c=1 u=x A=2 d=3}}", "?{tool{u=x a=2 con{c=1 d=3}}}"},
+    // Merged before the first phase sees them.
+    PipelineCase{"RepeatedOnes", "tool{a in{q r}}", "{tool{a=1 in{q=1} a=2 in{q=2 r=3}}}", "?{tool{a=1 in{q=1 r=3}}}"},
+    PipelineCase{"UnknownOnesAreLeftOut", "tool{a}", "{tool{a=1 zzz=1,2 nope{}}}", "?{tool{a=1}}"},
+    PipelineCase{"UnknownOnesAreFaults", "tool{a}", "{tool{a=1,2 zzz=1 yyy=2}}",
+        "\"zzz\" is not a recognized parameter\n\"yyy\" is not a recognized parameter", STRICT_RECOGNITION},
+    PipelineCase{"AllFaultsOfThePhase", "tool{a b%s}", "{tool{a=1,2 b%s=3,4}}",
+        "\"a\" cannot be provided more than once\n\"b%s\" cannot be provided more than once"},
+
+    PipelineCase{"HelpWithItsManners", HELPFUL, "{tool{notitle=true n=x,y quiet=<none> HELP=<none>}}",
+        "?{help=1 quiet=1 notitle=true}."},
+    PipelineCase{"HelpByItsFirstText", HELPFUL, "{tool{help=no,0 quiet=false notitle=0,1}}", "?{help=no,0}."},
+    PipelineCase{"HelpDeclined", HELPFUL, "{tool{help=FALSE quiet=1}}", "?{tool{help=FALSE quiet=1}}"},
+    PipelineCase{"HelpInAConstraint", "tool{con(help:bool?)}", "{tool{help=1}}", "?{help=1}."},
+    PipelineCase{"HelpInAContainer", "tool{in{help:bool?}}", "{tool{in{help=1}}}", "?{tool{in{help=1}}}"},
+    PipelineCase{"HelpWithoutRequiredText", "tool{help:bool}", "{tool{help=<none>}}", "?{tool{help=<none>}}"},
+    PipelineCase{"HelpInOneOfTwoGroups", "tool*{help:bool?}", "{tool{help=1} tool{}}", "?{tool{help=1} tool{}}"},
+    PipelineCase{"HelpAfterFaults", HELPFUL, "{tool{help=1} a=1}", "Unnamed group cannot contain Parameter \"a\""}),
+    Label());
+// clang-format on
+
+TEST_F(ProviderTest, AddsToWhatEarlierProvidersGaveAndKeepsThatWhenItFails) {
+    auto const* tool = createTool("tool{a u* con(c d)}");
+    ApplicationValuesProvider provider(0);
+    ParameterValueGroup result(nullptr);
+    for (char const* values : {"{tool{a=1 u=x c=3}}", "{tool{d=4 a=2 u=y,z c=5}}", "{tool{u=q a=1,2}}"}) {
+        provider.setArguments(*treeOf(values), 0);
+        auto const thrown = whatOf([&] { EXPECT_TRUE(provider.getValues(tool, result, 0)); });
+        EXPECT_EQ(thrown == "<nothing>", std::string(values) != "{tool{u=q a=1,2}}") << thrown;
+    }
+    EXPECT_EQ(toText(result), "?{tool{a=1 u=x,y,z con{c=3 d=4}}}");
+    EXPECT_EQ(ask(provider, nullptr), contractText("specification != 0"));
+}
+
+TEST_F(ProviderTest, IsEnabledUntilItIsResetAndRefusesInputThatItDoesNotTake) {
+    ApplicationValuesProvider application(-7);
+    auto const values = treeOf("{tool{a=1}}");
+    application.setArguments(*values, 0);
+    EXPECT_FALSE(application.getEnabled());
+    application.enableProvider(*values, 0);
+    values->addValue("later", "1");
+    EXPECT_EQ(whatOf([&] { application.enableProvider("x", 0); }), "setArguments(const char*) is not supported");
+    EXPECT_EQ(whatOf([&] { application.enableProvider(0, nullptr, 0); }),
+              "setArguments(int, const char*) is not supported");
+    EXPECT_TRUE(application.getEnabled());
+    EXPECT_EQ(cacheOf(application), "?{tool?{a?=1}}");
+    application.reset();
+    EXPECT_FALSE(application.getEnabled());
+    EXPECT_EQ(cacheOf(application) + std::to_string(application.getPriority()), "?{}-7");
+
+    CommandLineValueProvider commandLine(0);
+    EXPECT_EQ(whatOf([&] { commandLine.enableProvider(*values, 0); }),
+              "setArguments(const ParameterValueGroup&) is not supported");
+    EXPECT_FALSE(commandLine.getEnabled());
+}
+
+using Arguments = std::vector<char const*>;
+
+class CommandLineTest : public ProviderTest {
+protected:
+    /// Sets arguments behind a program's name.
+    void set(Arguments arguments, int flags = 0) {
+        arguments.insert(arguments.begin(), "prog");
+        provider.setArguments(static_cast<int>(arguments.size()), arguments.data(), flags);
+    }
+
+    /// What was parsed.
+    std::string parsed() {
+        manager().reset();
+        ask(provider, createTool("t{}"));
+        return cacheOf(provider);
+    }
+
+    CommandLineValueProvider provider{1};
+};
+
+struct SyntaxCase {
+    char const* label;
+    Arguments arguments;
+    std::string outcome; ///< what is parsed, or what is thrown
+    int flags = 0;
+};
+
+class Syntax : public CommandLineTest, public testing::WithParamInterface<SyntaxCase> {};
+
+TEST_P(Syntax, TakesArgumentsApartOrKeepsTheEarlierOnes) {
+    set({"-kept"});
+    auto const thrown = whatOf([&] { set(GetParam().arguments, GetParam().flags); });
+    EXPECT_EQ(thrown == "<nothing>" ? parsed() : thrown, GetParam().outcome);
+    EXPECT_TRUE(thrown == "<nothing>" || parsed() == "?{t?{kept?=<none>}}");
+}
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(CommandLine, Syntax, testing::Values(
+    SyntaxCase{"FlagsWithAndWithoutValue", {"-port", "80", "-verbose"}, "?{t?{port?=80 verbose?=<none>}}"},
+    SyntaxCase{"AValueBeginsWithNoDash", {"-level", "-5", " \t-6"}, "?{t?{level?=<none> 5?=<none> 6?=<none>}}"},
+    SyntaxCase{"ABlankValueIsNone", {"-a", " \n ", "-b", "", "-c", nullptr}, "?{t?{a?=<none> b?=<none> c?=<none>}}"},
+    SyntaxCase{"RepeatedFlags", {"-Tag", "a", "-x", "-tag", "-TAG", "b"}, "?{t?{Tag?=a,<none>,b x?=<none>}}"},
+    SyntaxCase{"TwoDashesAndNoEqualsSign", {"--port", "1", "---", "-a=b"}, "?{t?{-port?=1 --?=<none> a=b?=<none>}}"},
+    SyntaxCase{"Words", {"word", "-a", "b", "c", "word"}, "?{t?{word?=<none>,<none> a?=b c?=<none>}}"},
+    SyntaxCase{"OuterWhiteSpace", {"\r\n-a b\v", "\f c d\t", "- e"}, "?{t?{a b?=c d  e?=<none>}}"},
+    SyntaxCase{"BytesOfAnyKind", {"-\xff\x80%s", "\xc3(%n", "-a\nb", "\x01"}, "?{t?{\xff\x80%s?=\xc3(%n a\nb?=\x01}}"},
+
+    SyntaxCase{"ADash", {"-a", " -  "}, "A command line parameter cannot be empty", STRICT_RECOGNITION},
+    SyntaxCase{"ABlankWord", {"value", " \t"}, contractText("parameterItemId != 0 && *parameterItemId != '\\0'")},
+    SyntaxCase{"ABlankWordStrictly", {""}, "The \"\" command line argument is not recognized", STRICT_RECOGNITION},
+    SyntaxCase{"AWordStrictly", {"-a", "b", " c%s d "}, "The \"c%s d\" command line argument is not recognized",
+        STRICT_RECOGNITION | RESOLVE_FLAG_NAMES}),
+    Label());
+
+struct FlagCase {
+    char const* label;
+    char const* schema;
+    Arguments arguments;
+    char const* outcome;
+    int flags = RESOLVE_FLAG_NAMES;
+};
+
+/// Small specifications are walked, large ones searched by index.
+class FlagNames : public CommandLineTest, public testing::WithParamInterface<std::tuple<FlagCase, Padding>> {};
+
+TEST_P(FlagNames, AreResolvedToParameters) {
+    auto const& [row, padding] = GetParam();
+    auto const* tool = createTool(row.schema, padding);
+    set(row.arguments);
+    EXPECT_EQ(ask(provider, tool, row.flags), row.outcome);
+    EXPECT_TRUE(provider.removeParameter(tool, row.arguments[0] + 1)); // as it was typed
+}
+
+#define AMBIGUOUS(flag, names) \
+    "The flag \"" flag "\" is ambiguous, matching the following allowed flags: " names ". Please be more specific."
+
+INSTANTIATE_TEST_SUITE_P(CommandLine, FlagNames, testing::Combine(testing::Values(
+    FlagCase{"ABeginning", "tool{verbose:bool? version}", {"-VERB"}, "?{tool{verbose=1}}"},
+    FlagCase{"TheIdOfAName", "tool{p1/port in{p2/target}}", {"-po", "80", "-t", "x"}, "?{tool{p1=80 p2=x}}"},
+    FlagCase{"NotTheBeginningOfAnId", "tool{p11/port}", {"-p1", "80"}, "?{}"},
+    FlagCase{"InNestedGroupsInSchemaOrder", "tool{b in{a2 ex[a1/A1]} a3}", {"-a", "x"}, AMBIGUOUS("a", "a2, A1, a3")},
+    FlagCase{"AFullNameDoesNotWin", "tool{%s %s%n}", {"-%S"}, AMBIGUOUS("%S", "%s, %s%n")},
+    FlagCase{"HiddenOnesByTheirWholeId", "tool{secret~ secs}", {"-sec", "1", "-SECRET", "2", "-secr", "3"},
+        "?{tool{secs=1 secret=2}}"},
+    FlagCase{"AVisibleNameBeatsAHiddenId", "tool{s~ secs}", {"-s", "1"}, "?{tool{secs=1}}"},
+    FlagCase{"TheSameParameterMerges", "tool{verbose* x}", {"-verb", "a", "-x", "1", "-verbose", "-VERBO", "b"},
+        "?{tool{verbose=a,<none>,b x=1}}"},
+    FlagCase{"TheSameBoundedParameter", "tool{verbose}", {"-verb", "a", "-verbose", "b"},
+        "\"verbose\" cannot be provided more than once"},
+    FlagCase{"UnknownOnesMergeToo", "tool{x}", {"-nope%d", "1", "-NOPE%d", "2", "y"},
+        "\"nope%d\" is not a recognized parameter\n\"y\" is not a recognized parameter",
+        RESOLVE_FLAG_NAMES | STRICT_RECOGNITION},
+    FlagCase{"WithoutResolution", "tool{verbose v~}", {"-verb", "1", "-V", "2"}, "?{tool{v=2}}", 0},
+    FlagCase{"HelpByItsBeginning", "tool{help:bool? a}", {"-he", "-zzz"}, "?{help=1}."}),
+    testing::Values(Padding{}, Padding{.schema = 40})),
+    SizedLabel());
+// clang-format on
+
+TEST_F(CommandLineTest, ServesEverySpecificationWithItsArgumentsUntilTheyAreForgotten) {
+    char const* arguments[] = {"prog", "-ab", "1", "-help"};
+    provider.enableProvider(4, arguments, 0);
+    auto const* one = createTool("one{abc}");
+    EXPECT_EQ(ask(provider, one, RESOLVE_FLAG_NAMES), "?{one{abc=1}}");
+    EXPECT_EQ(ask(provider, createTool("two{abd ab help:bool?}")), "?{help=1}.");
+    EXPECT_EQ(ask(provider, nullptr), contractText("specification != 0"));
+
+    for (char const* nothing : {static_cast<char const*>(nullptr), ""}) {
+        EXPECT_EQ(whatOf([&] { provider.removeParameter(nullptr, nothing); }), contractText("specification != 0"));
+        EXPECT_EQ(whatOf([&] { provider.removeParameter(one, nothing); }),
+                  contractText("parameterName != 0 && *parameterName != '\\0'"));
+    }
+    EXPECT_FALSE(provider.removeParameter(one, "-ab"));
+    EXPECT_TRUE(provider.removeParameter(one, "AB"));
+    EXPECT_FALSE(provider.removeParameter(one, "ab"));
+    EXPECT_EQ(parsed(), "?{t?{help?=<none>}}");
+    provider.reset();
+    EXPECT_EQ(cacheOf(provider), "?{}");
+    for (int const count : {-1, 1, 4}) {
+        EXPECT_EQ(parsed(), "?{t?{}}");
+        provider.setArguments(count, count == 4 ? nullptr : arguments, 0);
+    }
+    EXPECT_EQ(parsed(), "?{t?{}}");
+}
+
+/// In time that grows with their number, or the test runs for minutes.
+TEST_F(CommandLineTest, TakesVeryManyArguments) {
+    auto const* tool = createTool("tool{many* a}");
+    std::vector<std::string> flags;
+    Arguments distinct;
+    for (int i = 0; i < 50'000; ++i) {
+        flags.push_back("-unknown" + std::to_string(i));
+    }
+    std::ranges::transform(flags, std::back_inserter(distinct), &std::string::c_str);
+    set(distinct);
+    EXPECT_EQ(ask(provider, tool, RESOLVE_FLAG_NAMES), "?{}");
+    for (char const* argument : {"-man", "many"}) {
+        set(Arguments(100'000, argument));
+        EXPECT_EQ(ask(provider, tool, RESOLVE_FLAG_NAMES).size(), sizeof("?{tool{many=}}") + 7 * 100'000 - 2);
+    }
+}
+
+TEST_F(CommandLineTest, TakesVeryLongArguments) {
+    std::string const text(1 << 20, '%');
+    std::string const name(5'000, 'n');
+    auto const* tool = createTool("tool{a " + name + "}");
+    set({"-a", text.c_str(), ("-" + name).c_str(), ("-" + text).c_str()});
+    EXPECT_TRUE(ask(provider, tool, RESOLVE_FLAG_NAMES) == "?{tool{a=" + text + " " + name + "=<none>}}");
+    // One message holds 4,095 characters at most.
+    EXPECT_EQ(ask(provider, tool, STRICT_RECOGNITION), "\"" + text.substr(0, 4'094));
+    EXPECT_EQ(whatOf([&] { set({text.c_str()}, STRICT_RECOGNITION); }), "The \"" + text.substr(0, 4'090));
+}
+
+/// The command line has no nested groups, but the visitor takes them.
+TEST_F(CommandLineTest, NamesInNestedGroupsAreResolvedThere) {
+    auto const* root = createTool("tool{verbose in{version deep{value}} con(c)}")->getParameterGroup();
+    auto const fix = [&](char const* tree) {
+        NameFixer fixer(root);
+        auto const values = treeOf(tree);
+        auto const thrown = whatOf([&] { values->accept(fixer); });
+        return thrown == "<nothing>" ? toText(*values) : thrown;
+    };
+    EXPECT_EQ(fix("any{in{ve=1 DEEP{v=2}} verb=3 con{c=4} =5}"),
+              "any?{in?{version?=1 DEEP?{value?=2}} verbose?=3 con?{c?=4} ?=5}");
+    EXPECT_EQ(fix("any{deep{}}"), "\"deep\" is not a valid group id");
+    EXPECT_EQ(fix("any{{}}"), "\"\" is not a valid group id");
+    EXPECT_EQ(whatOf([] { ParameterSearchVisitor("x").getFoundItem(0); }), contractText("index < mFoundItems.size()"));
+}
+
+class XmlFileTest : public ProviderTest {
+protected:
+    XmlFileTest() { manager(); } // its own records are in the log before ours
+
+    std::vector<std::string> log() const { return installation.mainLog("Configuration"); }
+
+    /// Lets the provider read a file. @return what it throws, or its tree
+    std::string read(std::string const& content) {
+        auto const thrown =
+            whatOf([&] { provider.enableProvider(installation.write("values.xml", content).c_str(), 0); });
+        return thrown == "<nothing>" ? cacheOf(provider) : thrown;
+    }
+
+    std::string const file = installation.at("values.xml");
+    XmlFileValueProvider provider{7};
+};
+
+TEST_F(XmlFileTest, MakesATreeOfElementsAndAttributes) {
+    auto const records = log();
+    for (auto const& [content, tree] : std::initializer_list<std::pair<char const*, char const*>>{
+             {"<?xml version='1.0'?><r/>", "r?{}"},
+             {"<r a='1'><b c='2'><d e=''/></b><a/><b/></r>", "r?{a?=1 b?{c?=2 d?{e?=}} a?{} b?{}}"},
+             {"<r Z='1' value='2' z='3'/>", "r?{Z?=1,3 value?=2}"}, // attributes have no order
+             {"<!--c--><r>text<!--c--><?p?><a/>more<![CDATA[<b/>]]></r>", "r?{a?{}}"},
+             {"<p:r xmlns:p='u' p:a='1'/>", "p:r?{p:a?=1 xmlns:p?=u}"},
+             {"<\xC3\xA9 \xC3\xBC='&#x20AC;%s%n'/>", "\xC3\xA9?{\xC3\xBC?=\xE2\x82\xAC%s%n}"},
+             {"<!DOCTYPE r [<!ATTLIST a c CDATA '2'><!ENTITY e '&lt;x'><!ENTITY f '<a b=\"1\"/>'>]><r v='&e;'>&f;</r>",
+              "r?{v?=<x a?{b?=1 c?=2}}"}}) {
+        EXPECT_EQ(read(content), tree);
+    }
+    EXPECT_EQ(log(), records);
+    EXPECT_EQ(whatOf([] { getGroupFromXmlElement(nullptr); }), contractText("element != 0"));
+}
+
+TEST_F(XmlFileTest, WarningsAreRecordedAndFaultsThrown) {
+    std::string const declarations = "<!DOCTYPE r [<!NOTATION n PUBLIC 'p'>\n<!NOTATION n PUBLIC 'p'>\n"
+                                     "<!NOTATION n PUBLIC 'p'>]>";
+    auto records = log();
+    EXPECT_EQ(read(declarations + "<r/>"), "r?{}");
+    auto const warning = "XML WARNING: notation 'n' has already been declared. File: \"" + file + "\". Line: ";
+    EXPECT_EQ(read(declarations + "\n<r>"),
+              "XML ERROR: input ended before all started tags were ended; last tag started is 'r'. File: \"" + file +
+                  "\". Line: 4. Column: 4.");
+    records.resize(records.size() + 2,
+                   "loadFromXmlFile:\n" + warning + "2. Column: 24.\n" + warning + "3. Column: 24.\n");
+    EXPECT_EQ(log(), records);
+}
+
+TEST_F(XmlFileTest, RepeatedElementsAreRewrittenOnceForTheFirstSpecification) {
+    auto const* const tool = createTool("tool{p u* many*{n:int w*}}");
+    auto const* const other = createTool("other{x}");
+    constexpr char const* FILE =
+        "<Tool u='0'><U value='1'/><u value='2'/><many n='3'><w value='x'/></many><many/></Tool>";
+    constexpr char const* RAW = "Tool?{u?=0 U?{value?=1} u?{value?=2} many?{n?=3 w?{value?=x}} many?{}}";
+    auto const unwritten = treeOf("tool{u{value=3}}");
+    auto const isRewritten = [&] {
+        provider.setDataCache(*unwritten);
+        ask(provider, tool);
+        return cacheOf(provider) != toText(*unwritten);
+    };
+
+    EXPECT_EQ(read(FILE), RAW);
+    EXPECT_EQ(ask(provider, tool), "?{tool{u=0,1,2 many{n=3 w=x} many{}}}");
+    EXPECT_EQ(cacheOf(provider), "Tool?{u?=0,1,2 many?{n?=3 w?=x} many?{}}");
+    EXPECT_FALSE(isRewritten());
+    read(FILE);
+    ask(provider, other); // which has no "u"
+    ask(provider, tool);
+    EXPECT_EQ(cacheOf(provider), RAW);
+    EXPECT_EQ(read("<tool").substr(0, 11), "XML ERROR: ");
+    EXPECT_EQ(cacheOf(provider), RAW);
+    EXPECT_FALSE(isRewritten());
+
+    read(FILE); // another file, another turn
+    EXPECT_TRUE(isRewritten());
+    provider.reset();
+    EXPECT_EQ(cacheOf(provider), "?{}");
+    EXPECT_TRUE(isRewritten());
+
+    read("<tool u='0'><u value='1'/><u Value2='2'/></tool>");
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_EQ(ask(provider, tool), "\"u\" is not a valid parameter");
+        EXPECT_EQ(cacheOf(provider), "tool?{u?=0 u?{value?=1} u?{Value2?=2}}");
+    }
+    EXPECT_EQ(ask(provider, nullptr), contractText("spec != 0"));
+}
+
+TEST_F(XmlFileTest, OfAnArgumentVectorTheFirstIsTheFile) {
+    installation.write("values.xml", "<r/>");
+    char const* const arguments[] = {file.c_str(), "none"};
+    provider.enableProvider(2, arguments, 3);
+    EXPECT_TRUE(provider.getEnabled());
+    EXPECT_EQ(cacheOf(provider), "r?{}");
+    for (int const count : {0, -1}) {
+        EXPECT_EQ(whatOf([&] { provider.setArguments(count, nullptr, 0); }), "Must provide at least one argument");
+    }
+    EXPECT_EQ(whatOf([&] { provider.setArguments(*treeOf("{}"), 0); }),
+              "setArguments(const ParameterValueGroup&) is not supported");
+}
+
+} // namespace
+
+} // namespace kivo::test

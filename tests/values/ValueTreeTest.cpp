@@ -1,0 +1,268 @@
+#include <configuration/ContractViolationException.h>
+#include <configuration/ParameterEnumDefinition.h>
+#include <configuration/ParameterEnumValue.h>
+#include <configuration/ValueGroup.h>
+
+#include "schema/NameComparison.h"
+#include "support/CommaLocale.h"
+#include "support/Exceptions.h"
+#include "support/Schema.h"
+#include "support/WalkLog.h"
+#include "values/ValueItemUtil.h"
+
+#include <gtest/gtest.h>
+#include <random>
+#include <sstream>
+
+using namespace kivo::configuration;
+using namespace kivo::test;
+
+namespace {
+
+using Group = ParameterValueGroup;
+using Item = ParameterValueItem;
+
+constexpr auto FLAG = Parameter::BOOLEAN_PARAMETER;
+constexpr auto INTEGER = Parameter::INT_PARAMETER;
+constexpr auto LABEL = Parameter::ENUM_PARAMETER;
+
+/// What the readers of the first entry return: int, unsigned, double and bool.
+std::string numbersOf(ParameterValue const& value) {
+    std::ostringstream text;
+    text.precision(12);
+    text << value.getIntValue(0) << ' ' << value.getUIntValue(0) << ' ' << value.getDoubleValue(0) << ' '
+         << (value.getBooleanValue(0) ? "true" : "false");
+    return text.str();
+}
+
+TEST(ParameterValue, AnEntryWithoutATextReadsAsTheParameterSays) {
+    std::string const none = "<none> <none> / 0 0 0 false";
+    struct Row {
+        ParameterFields fields;
+        std::string readings; // the text without and with the default, and the numbers
+    };
+    Items items;
+    for (auto const& [fields, readings] : {
+             Row{{.id = "mandatory flag", .type = FLAG, .defaultValue = "1"}, none},
+             Row{{.id = "mandatory number", .type = INTEGER, .defaultValue = "8"}, none},
+             Row{{.id = "flag, default off", .optional = true, .type = FLAG, .defaultValue = "0"}, "1 1 / 1 1 1 true"},
+             Row{{.id = "flags", .optional = true, .unbounded = true, .type = FLAG}, "1 1 / 1 1 1 true"},
+             Row{{.id = "number", .optional = true, .type = INTEGER, .defaultValue = "8"}, "<none> 8 / 8 8 8 true"},
+             Row{{.id = "text", .optional = true, .defaultValue = "%s"}, "<none> %s / 0 0 0 true"},
+             Row{{.id = "empty text", .optional = true, .defaultValue = ""}, "<none>  / 0 0 0 false"},
+         }) {
+        auto const absent = value(items.parameter(fields), nullptr);
+        auto const withoutDefault = textsOf(*absent);
+        char const* const text = absent->getValue(0, false);
+        EXPECT_EQ(withoutDefault + " " + (text ? text : "<none>") + " / " + numbersOf(*absent), readings) << fields.id;
+    }
+    auto const flags = value(items.parameter({.optional = true, .type = FLAG}), nullptr, nullptr);
+    EXPECT_TRUE(flags->getBooleanValue(0)); // it keeps the text that it was read as
+    ValueItemUtil().assignParameterItem(*flags, items.parameter({.type = FLAG}));
+    EXPECT_EQ(toText(*flags), "id=1,<none>");
+    flags->setValue(0, nullptr);
+    EXPECT_EQ(toText(*flags), "id=<none>,<none>");
+}
+
+TEST(ParameterValue, ConvertsTextsLenientlyInEveryLocale) {
+    CommaLocale const locale;
+    ASSERT_TRUE(locale.isActive());
+    // clang-format off
+    for (auto const& [text, numbers] : std::vector<std::pair<char const*, char const*>>{
+        {"12abc", "12 12 12 true"}, {"abc", "0 0 0 true"}, {"", "0 0 0 false"}, {"+7", "7 7 7 true"},
+        {" \t-7", "-7 4294967289 -7 true"}, {" ", "0 0 0 true"}, {"0", "0 0 0 false"}, {" -00", "0 0 -0 false"},
+        {"0 ", "0 0 0 true"}, {"fALSE", "0 0 0 false"}, {"false ", "0 0 0 true"}, {"no", "0 0 0 true"},
+        {"2.5", "2 2 2.5 true"}, {"0,5", "0 0 0 true"}, {"1e3x", "1 1 1000 true"}, {"0x10", "0 0 16 true"},
+        {"4294967295", "-1 4294967295 4294967295 true"}, {"4294967296", "0 0 4294967296 false"},
+        {"99999999999999999999", "-1 4294967295 1e+20 true"}}) {
+        EXPECT_EQ(numbersOf(*value("unbound", text)), numbers) << text;
+    }
+    // clang-format on
+}
+
+TEST(ParameterValue, ALabelReadsAsItsNumber) {
+    ParameterEnumDefinition levels("levels");
+    for (auto const& [label, number] : {std::pair("high", 2), {"high", 7}, {"HIGH", 5}, {"below", -3}, {"", 0}}) {
+        levels.addEnumValue(label, number); // the first number of a label stays
+    }
+    Items items;
+    auto* level = items.parameter({.type = LABEL, .defaultValue = "high"});
+    EXPECT_EQ(numbersOf(*value(level, "2")), "2 2 2 true"); // no definition yet
+    level->setEnumDefinition(&levels);
+    EXPECT_EQ(numbersOf(*value(level, "high")) + ", " + numbersOf(*value(level, "")), "2 2 2 true, 0 0 0 false");
+    EXPECT_EQ(numbersOf(*value(level, nullptr)), "0 0 0 false");
+    auto const unknown = value(level, "High%s");
+    EXPECT_EQ(whatOf([&] { unknown->getBooleanValue(0); }), "symbol \"High%s\" was not found");
+    EXPECT_EQ(whatOf([&] { unknown->getUIntValue(0); }), "symbol \"High%s\" was not found");
+    EXPECT_EQ(whatOf([&] { unknown->getDoubleValue(0); }), "symbol \"High%s\" was not found");
+    ParameterEnumValue own("own", "below");
+    EXPECT_EQ(whatOf([&] { own.getDoubleValue(0); }), "Must set the enumeration defintion first");
+    own.setEnumDefinition(levels);
+    std::unique_ptr<ParameterEnumValue> const clone(own.clone(Item::SHALLOW_COPY));
+    ParameterEnumValue assigned("other", nullptr);
+    assigned.setEnumDefinition(levels);
+    EXPECT_EQ(whatOf([&] { assigned.getUIntValue(0); }), "symbol \"\" was not found");
+    assigned = own;
+    EXPECT_EQ(numbersOf(*clone) + ", " + numbersOf(assigned), "-3 4294967293 -3 true, -3 4294967293 -3 true");
+}
+
+TEST(ParameterValueGroup, FindsByIdAndNameAndDetachesWithoutDestroying) {
+    Items items;
+    auto const* port = items.parameter({.id = "id", .name = "port"});
+    auto const group = valueGroup("root", valueGroup("box%s"), value("", "nameless"), value(port, "1"));
+    group->addValue("PORT", "2");
+    group->addValue("port", nullptr);
+    EXPECT_EQ(whatOf([&] { group->addValue("BOX%s", "1"); }), "\"BOX%s\" is not a parameter value");
+    EXPECT_EQ(toText(*group), "root?{box%s?{} ?=nameless id=1 PORT?=2,<none>}");
+    std::unique_ptr<Item> const detached(group->getItem("ID"));
+    ValueItemUtil().setParameterItemId(*detached, "renamed"); // a bound item is known by its schema item
+    EXPECT_EQ(group->getItem(port), detached.get());
+    EXPECT_EQ(group->getValue(port), group->getItem(3));
+    EXPECT_EQ(group->getItem(""), nullptr);
+    EXPECT_EQ(detached->getParentGroup(), group.get());
+    EXPECT_TRUE(group->removeItem("ID") && !group->removeItem("id"));
+    EXPECT_EQ(toText(*group) + toText(*detached), "root?{box%s?{} ?=nameless PORT?=2,<none>}id=1");
+    EXPECT_EQ(detached->getParentGroup(), nullptr);
+}
+
+TEST(ParameterValueGroup, CopiesWithOrWithoutItems) {
+    Items items;
+    auto const root = valueGroup("root", valueGroup(items.group({.id = "box"}), valueGroup("low")));
+    auto& source = static_cast<Group&>(*root->getItem(0ul));
+    source.addItem(value(items.parameter({.id = "p"}), "1", nullptr, "100%s").release());
+    source.getValue("p")->setIsUsingDefaultValue(true);
+    source.addItem(std::make_unique<ParameterEnumValue>("e", "x").release());
+    std::unique_ptr<Group> const deep(source.clone(Item::DEEP_COPY));
+    std::unique_ptr<Group> const shallow(source.clone(Item::SHALLOW_COPY));
+    auto const& alias = source;
+    source = alias;
+    auto assigned = *valueGroup("assigned", value("old", "1"));
+    assigned = source;
+    source.addValue("p", "2");
+    for (auto const* copy : {deep.get(), &assigned}) {
+        EXPECT_EQ(toText(*copy), "box{low?{} p*=1,<none>,100%s e?=x}");
+        EXPECT_EQ(copy->getParentGroup(), root.get());
+        EXPECT_EQ(copy->getItem("low")->getParentGroup(), copy);
+        EXPECT_NE(dynamic_cast<ParameterEnumValue*>(copy->getItem("e")), nullptr);
+    }
+    EXPECT_EQ(toText(*shallow), "box{}");
+}
+
+TEST(ParameterValueGroup, KeepsItsParentWhenADescendantIsAssigned) {
+    auto const root = valueGroup("root", valueGroup("box", valueGroup("low", value("a", "1")), value("b", "2")));
+    auto& box = static_cast<Group&>(*root->getItem("box"));
+    Group copy(box); // in no list, but with a parent
+    for (auto* group : {&copy, &box, root.get()}) {
+        auto* const parent = group->getParentGroup();
+        *group = static_cast<Group&>(*group->getItem(0ul));
+        EXPECT_EQ(toText(*group), "low?{a?=1}");
+        EXPECT_EQ(group->getParentGroup(), parent);
+        EXPECT_EQ(group->getItem("a")->getParentGroup(), group);
+    }
+}
+
+// The index beside a large list has to follow every change of the list and of its items' ids.
+TEST(ParameterValueGroup, FindsAsAScanThroughAllChanges) {
+    std::mt19937 random(3);
+    auto const text = [&] { return (random() % 2 ? "Key" : "kEY") + std::to_string(random() % 15); };
+    Items items;
+    ValueItemUtil util;
+    Group group("root");
+    for (int step = 0; step < 6000; ++step) {
+        auto const id = text();
+        auto const count = group.getNumberOfItems();
+        auto const position = random() % std::max(count, 1ul);
+        auto* item = count > 0 ? group.getItem(position) : nullptr;
+        auto const kind = item && step > 150 ? random() % 100 : 99;
+        if (kind == 0) {
+            util.setParameterItemId(*item, id.c_str());
+        } else if (kind == 1) {
+            util.assignParameterItem(*item, items.parameter({.id = id.c_str()}));
+        } else if (kind == 2) {
+            static_cast<ParameterValue&>(*item) = *value(id.c_str(), "y");
+        } else if (kind == 3) {
+            group = Group(group);
+        } else if (kind < 52) {
+            std::unique_ptr<Item> const detached(item);
+            group.removeItem(position);
+        } else {
+            group.addItem(value(id.c_str(), "x").release());
+        }
+        Item const* expected = nullptr;
+        auto const sought = text();
+        for (unsigned long i = group.getNumberOfItems(); i-- > 0;) {
+            expected = equalIgnoringCase(idOf(*group.getItem(i)), sought) ? group.getItem(i) : expected;
+        }
+        ASSERT_EQ(group.getItem(sought.c_str()), expected) << "step " << step;
+    }
+    ASSERT_GT(group.getNumberOfItems(), 10u);
+    // The index must not remember the texts of what an item is no longer bound to.
+    std::string const longId(40, 'x');
+    auto former = std::make_unique<Items>();
+    auto* item = value(former->parameter({.id = longId.c_str()}), "1").release();
+    group.addItem(item);
+    EXPECT_EQ(group.getItem(longId.c_str()), item);
+    util.assignParameterItem(*item, items.parameter({.id = longId.c_str()}));
+    former.reset();
+    EXPECT_EQ(group.getItem(std::string(40, 'X').c_str()), item);
+}
+
+/// The walk of a tree that is changed at an event.
+std::string walkWith(bool isMutator, char const* event, void (*change)(Group& root)) {
+    auto const root = valueGroup("root", value("a", "1"), valueGroup("in", value("b", nullptr)), value("c", ""));
+    return walkLog(*root, {.decline = "no", .onEvent = doAt(event, [&] { change(*root); }), .isMutator = isMutator});
+}
+
+TEST(ParameterValueGroup, IsWalkedThroughTheItemsOfTheStart) {
+    auto const add = [](Group& root) { root.addItem(valueGroup("no", value("d", "1")).release()); };
+    auto const moveC = [](Group& root) {
+        std::unique_ptr<Item> c(root.getItem("c"));
+        root.removeItem("c");
+        static_cast<Group*>(root.getItem("in"))->addItem(c.release());
+    };
+    for (bool const isMutator : {false, true}) {
+        EXPECT_EQ(walkWith(isMutator, "<root", add), "<root a=1 <in b=<none> >in c= <no >root");
+        EXPECT_EQ(walkWith(isMutator, "c=", add), "<root a=1 <in b=<none> >in c= >root");
+        EXPECT_EQ(walkWith(isMutator, "<root", moveC), "<root a=1 <in b=<none> c= >in >root");
+    }
+    EXPECT_EQ(walkWith(true, "a=1", moveC), "<root a=1 <in b=<none> c= >in c= >root"); // as it was at the start
+    EXPECT_EQ(walkWith(false, "a=1", moveC), "<root a=1 <in b=<none> c= >in >root");
+}
+
+// A text holds the whole condition: one row for each place that checks one.
+TEST(ValuesContract, ThrowsWithTheConditionAndChangesNothing) {
+    constexpr char const* none = nullptr;
+    constexpr char const* id = "parameterItemId != 0";
+    constexpr char const* filledId = "parameterItemId != 0 && *parameterItemId != '\\0'";
+    constexpr char const* item = "parameterItem != 0";
+    using G = Group&;
+    using Row = std::pair<char const*, void (*)(Group&)>;
+    for (auto const& [condition, call] : {
+             Row{"index < mValues.size()", [](G g) { g.getValue("a")->getDoubleValue(1); }},
+             Row{"index < mValues.size()", [](G g) { g.getValue("a")->setValue(1, "x"); }},
+             Row{"mParameter != 0", [](G g) { g.getValue("a")->getValueType(); }},
+             Row{item, [](G g) { ValueItemUtil().assignParameterItem(*g.getItem("a"), nullptr); }},
+             Row{filledId, [](G g) { ValueItemUtil().setParameterItemId(*g.getItem("a"), ""); }},
+             Row{"mParameterItem != 0", [](G) { value(static_cast<Parameter*>(nullptr), "1"); }},
+             Row{"item != 0", [](G g) { g.addItem(nullptr); }},
+             Row{filledId, [](G g) { g.addValue("", "1"); }},
+             Row{"index < getNumberOfItems()", [](G g) { g.getItem(2); }},
+             Row{id, [](G g) { g.getItem(none); }},
+             Row{item, [](G g) { g.getItem(static_cast<ParameterItem*>(nullptr)); }},
+             Row{"name != 0 && strlen(name) > 0", [](G g) { g.getValue(none); }},
+             Row{"parameter != 0", [](G g) { g.getValue(static_cast<Parameter*>(nullptr)); }},
+             Row{"index < mItems.size()", [](G g) { g.removeItem(2ul); }},
+             Row{id, [](G g) { g.removeItem(none); }},
+             Row{"mValue->getParameterItem() != 0", [](G g) { ValueGroup(&g).getValue("list"); }},
+             Row{"mValue->getNumberOfValues() == 1",
+                 [](G) { Value(value(Items().parameter({}), "1", "2").get(), false); }},
+             Row{"!mValueGroup || mValueGroup->getItemType() == ParameterValueGroup::PARAMETER_VALUE_GROUP",
+                 [](G g) { ValueGroup(&g).getValueGroup("a"); }},
+         }) {
+        auto const group = valueGroup("root", value("a", "1"), value("list", "1", "2"));
+        auto const thrown = whatOf<kivo::ContractViolationException>([&, refused = call] { refused(*group); });
+        EXPECT_EQ(thrown + toText(*group), contractText(condition) + "root?{a?=1 list?=1,2}");
+    }
+}
+
+} // namespace
