@@ -3,6 +3,7 @@
 #include <configuration/Specification.h>
 
 #include "schema/ParameterItemFinder.h"
+#include "schema/SpecificationParameterGroup.h"
 #include "support/Exceptions.h"
 #include "support/ManagerTest.h"
 #include "support/Schema.h"
@@ -71,6 +72,9 @@ TEST_F(ParameterGroupTest, ASpecificationLooksItsRootUpOnEveryCall) {
     manager().reset();
     auto const* group = createMutuallyExclusive({.id = "tool%s"});
     EXPECT_EQ(tool.getParameterGroup(), group);
+    SpecificationParameterGroup const above(tool);
+    EXPECT_EQ(std::string(above.getName()) + above.getDescription(), "$SpecName$$SpecDesc$");
+    EXPECT_EQ(walkLog(above), "<$SpecId$ <tool%s >tool%s >$SpecId$");
 }
 
 struct Schema {

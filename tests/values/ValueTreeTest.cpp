@@ -24,7 +24,6 @@ using Item = ParameterValueItem;
 
 constexpr auto FLAG = Parameter::BOOLEAN_PARAMETER;
 constexpr auto INTEGER = Parameter::INT_PARAMETER;
-constexpr auto LABEL = Parameter::ENUM_PARAMETER;
 
 /// What the readers of the first entry return: int, unsigned, double and bool.
 std::string numbersOf(ParameterValue const& value) {
@@ -37,16 +36,12 @@ std::string numbersOf(ParameterValue const& value) {
 
 TEST(ParameterValue, AnEntryWithoutATextReadsAsTheParameterSays) {
     std::string const none = "<none> <none> / 0 0 0 false";
-    struct Row {
-        ParameterFields fields;
-        std::string readings; // the text without and with the default, and the numbers
-    };
+    using Row = std::pair<ParameterFields, std::string>; // read: without and with the default, as numbers
     Items items;
     for (auto const& [fields, readings] : {
              Row{{.id = "mandatory flag", .type = FLAG, .defaultValue = "1"}, none},
              Row{{.id = "mandatory number", .type = INTEGER, .defaultValue = "8"}, none},
              Row{{.id = "flag, default off", .optional = true, .type = FLAG, .defaultValue = "0"}, "1 1 / 1 1 1 true"},
-             Row{{.id = "flags", .optional = true, .unbounded = true, .type = FLAG}, "1 1 / 1 1 1 true"},
              Row{{.id = "number", .optional = true, .type = INTEGER, .defaultValue = "8"}, "<none> 8 / 8 8 8 true"},
              Row{{.id = "text", .optional = true, .defaultValue = "%s"}, "<none> %s / 0 0 0 true"},
              Row{{.id = "empty text", .optional = true, .defaultValue = ""}, "<none>  / 0 0 0 false"},
@@ -69,12 +64,11 @@ TEST(ParameterValue, ConvertsTextsLenientlyInEveryLocale) {
     ASSERT_TRUE(locale.isActive());
     // clang-format off
     for (auto const& [text, numbers] : std::vector<std::pair<char const*, char const*>>{
-        {"12abc", "12 12 12 true"}, {"abc", "0 0 0 true"}, {"", "0 0 0 false"}, {"+7", "7 7 7 true"},
-        {" \t-7", "-7 4294967289 -7 true"}, {" ", "0 0 0 true"}, {"0", "0 0 0 false"}, {" -00", "0 0 -0 false"},
-        {"0 ", "0 0 0 true"}, {"fALSE", "0 0 0 false"}, {"false ", "0 0 0 true"}, {"no", "0 0 0 true"},
-        {"2.5", "2 2 2.5 true"}, {"0,5", "0 0 0 true"}, {"1e3x", "1 1 1000 true"}, {"0x10", "0 0 16 true"},
-        {"4294967295", "-1 4294967295 4294967295 true"}, {"4294967296", "0 0 4294967296 false"},
-        {"99999999999999999999", "-1 4294967295 1e+20 true"}}) {
+        {"12abc", "12 12 12 true"}, {"abc", "0 0 0 true"}, {"", "0 0 0 false"}, {"+7", "7 7 7 true"}, {" ", "0 0 0 true"},
+        {" \t-7", "-7 4294967289 -7 true"}, {"0", "0 0 0 false"}, {" -00", "0 0 -0 false"}, {"0 ", "0 0 0 true"},
+        {"fALSE", "0 0 0 false"}, {"false ", "0 0 0 true"}, {"no", "0 0 0 true"}, {"0x10", "0 0 16 true"},
+        {"2.5", "2 2 2.5 true"}, {"0,5", "0 0 0 true"}, {"1e3x", "1 1 1000 true"}, {"4294967296", "0 0 4294967296 false"},
+        {"4294967295", "-1 4294967295 4294967295 true"}, {"99999999999999999999", "-1 4294967295 1e+20 true"}}) {
         EXPECT_EQ(numbersOf(*value("unbound", text)), numbers) << text;
     }
     // clang-format on
@@ -82,15 +76,14 @@ TEST(ParameterValue, ConvertsTextsLenientlyInEveryLocale) {
 
 TEST(ParameterValue, ALabelReadsAsItsNumber) {
     ParameterEnumDefinition levels("levels");
-    for (auto const& [label, number] : {std::pair("high", 2), {"high", 7}, {"HIGH", 5}, {"below", -3}, {"", 0}}) {
+    for (auto const& [label, number] : {std::pair("high", 2), {"high", 7}, {"HIGH", 5}, {"below", -3}}) {
         levels.addEnumValue(label, number); // the first number of a label stays
     }
     Items items;
-    auto* level = items.parameter({.type = LABEL, .defaultValue = "high"});
+    auto* level = items.parameter({.type = Parameter::ENUM_PARAMETER, .defaultValue = "high"});
     EXPECT_EQ(numbersOf(*value(level, "2")), "2 2 2 true"); // no definition yet
     level->setEnumDefinition(&levels);
-    EXPECT_EQ(numbersOf(*value(level, "high")) + ", " + numbersOf(*value(level, "")), "2 2 2 true, 0 0 0 false");
-    EXPECT_EQ(numbersOf(*value(level, nullptr)), "0 0 0 false");
+    EXPECT_EQ(numbersOf(*value(level, "high")) + numbersOf(*value(level, nullptr)), "2 2 2 true0 0 0 false");
     auto const unknown = value(level, "High%s");
     EXPECT_EQ(whatOf([&] { unknown->getBooleanValue(0); }), "symbol \"High%s\" was not found");
     EXPECT_EQ(whatOf([&] { unknown->getUIntValue(0); }), "symbol \"High%s\" was not found");
@@ -113,13 +106,9 @@ TEST(ParameterValueGroup, FindsByIdAndNameAndDetachesWithoutDestroying) {
     group->addValue("PORT", "2");
     group->addValue("port", nullptr);
     EXPECT_EQ(whatOf([&] { group->addValue("BOX%s", "1"); }), "\"BOX%s\" is not a parameter value");
-    EXPECT_EQ(toText(*group), "root?{box%s?{} ?=nameless id=1 PORT?=2,<none>}");
-    std::unique_ptr<Item> const detached(group->getItem("ID"));
+    std::unique_ptr<Item> const detached(group->getItem(port));
+    EXPECT_TRUE(detached.get() != group->getValue(port) && !group->getItem(""));
     ValueItemUtil().setParameterItemId(*detached, "renamed"); // a bound item is known by its schema item
-    EXPECT_EQ(group->getItem(port), detached.get());
-    EXPECT_EQ(group->getValue(port), group->getItem(3));
-    EXPECT_EQ(group->getItem(""), nullptr);
-    EXPECT_EQ(detached->getParentGroup(), group.get());
     EXPECT_TRUE(group->removeItem("ID") && !group->removeItem("id"));
     EXPECT_EQ(toText(*group) + toText(*detached), "root?{box%s?{} ?=nameless PORT?=2,<none>}id=1");
     EXPECT_EQ(detached->getParentGroup(), nullptr);
@@ -127,37 +116,29 @@ TEST(ParameterValueGroup, FindsByIdAndNameAndDetachesWithoutDestroying) {
 
 TEST(ParameterValueGroup, CopiesWithOrWithoutItems) {
     Items items;
-    auto const root = valueGroup("root", valueGroup(items.group({.id = "box"}), valueGroup("low")));
+    auto const root = valueGroup("root", valueGroup(items.group({.id = "box"}), valueGroup("low", value("b", "1"))));
     auto& source = static_cast<Group&>(*root->getItem(0ul));
     source.addItem(value(items.parameter({.id = "p"}), "1", nullptr, "100%s").release());
     source.getValue("p")->setIsUsingDefaultValue(true);
     source.addItem(std::make_unique<ParameterEnumValue>("e", "x").release());
     std::unique_ptr<Group> const deep(source.clone(Item::DEEP_COPY));
-    std::unique_ptr<Group> const shallow(source.clone(Item::SHALLOW_COPY));
-    auto const& alias = source;
-    source = alias;
+    source = *&source;
     auto assigned = *valueGroup("assigned", value("old", "1"));
     assigned = source;
     source.addValue("p", "2");
-    for (auto const* copy : {deep.get(), &assigned}) {
-        EXPECT_EQ(toText(*copy), "box{low?{} p*=1,<none>,100%s e?=x}");
-        EXPECT_EQ(copy->getParentGroup(), root.get());
+    for (auto* copy : {deep.get(), &assigned}) {
+        EXPECT_EQ(toText(*copy), "box{low?{b?=1} p*=1,<none>,100%s e?=x}");
         EXPECT_EQ(copy->getItem("low")->getParentGroup(), copy);
         EXPECT_NE(dynamic_cast<ParameterEnumValue*>(copy->getItem("e")), nullptr);
     }
-    EXPECT_EQ(toText(*shallow), "box{}");
-}
-
-TEST(ParameterValueGroup, KeepsItsParentWhenADescendantIsAssigned) {
-    auto const root = valueGroup("root", valueGroup("box", valueGroup("low", value("a", "1")), value("b", "2")));
-    auto& box = static_cast<Group&>(*root->getItem("box"));
-    Group copy(box); // in no list, but with a parent
-    for (auto* group : {&copy, &box, root.get()}) {
-        auto* const parent = group->getParentGroup();
+    EXPECT_EQ(toText(*std::unique_ptr<Group>(source.clone(Item::SHALLOW_COPY))), "box{}");
+    // A group that becomes a copy of its descendant keeps its parent. The deep copy is in no list, but has one.
+    for (auto* group : {deep.get(), &source, root.get()}) {
+        auto* const parent = group == root.get() ? nullptr : root.get();
         *group = static_cast<Group&>(*group->getItem(0ul));
-        EXPECT_EQ(toText(*group), "low?{a?=1}");
+        EXPECT_EQ(toText(*group), "low?{b?=1}");
         EXPECT_EQ(group->getParentGroup(), parent);
-        EXPECT_EQ(group->getItem("a")->getParentGroup(), group);
+        EXPECT_EQ(group->getItem("b")->getParentGroup(), group);
     }
 }
 
@@ -170,10 +151,9 @@ TEST(ParameterValueGroup, FindsAsAScanThroughAllChanges) {
     Group group("root");
     for (int step = 0; step < 6000; ++step) {
         auto const id = text();
-        auto const count = group.getNumberOfItems();
-        auto const position = random() % std::max(count, 1ul);
-        auto* item = count > 0 ? group.getItem(position) : nullptr;
-        auto const kind = item && step > 150 ? random() % 100 : 99;
+        auto const position = random() % std::max(group.getNumberOfItems(), 1ul);
+        auto const kind = step > 150 && group.getNumberOfItems() > 0 ? random() % 100 : 99;
+        auto* item = kind < 99 ? group.getItem(position) : nullptr;
         if (kind == 0) {
             util.setParameterItemId(*item, id.c_str());
         } else if (kind == 1) {
@@ -201,7 +181,6 @@ TEST(ParameterValueGroup, FindsAsAScanThroughAllChanges) {
     auto former = std::make_unique<Items>();
     auto* item = value(former->parameter({.id = longId.c_str()}), "1").release();
     group.addItem(item);
-    EXPECT_EQ(group.getItem(longId.c_str()), item);
     util.assignParameterItem(*item, items.parameter({.id = longId.c_str()}));
     former.reset();
     EXPECT_EQ(group.getItem(std::string(40, 'X').c_str()), item);
@@ -223,7 +202,6 @@ TEST(ParameterValueGroup, IsWalkedThroughTheItemsOfTheStart) {
     for (bool const isMutator : {false, true}) {
         EXPECT_EQ(walkWith(isMutator, "<root", add), "<root a=1 <in b=<none> >in c= <no >root");
         EXPECT_EQ(walkWith(isMutator, "c=", add), "<root a=1 <in b=<none> >in c= >root");
-        EXPECT_EQ(walkWith(isMutator, "<root", moveC), "<root a=1 <in b=<none> c= >in >root");
     }
     EXPECT_EQ(walkWith(true, "a=1", moveC), "<root a=1 <in b=<none> c= >in c= >root"); // as it was at the start
     EXPECT_EQ(walkWith(false, "a=1", moveC), "<root a=1 <in b=<none> c= >in >root");
@@ -234,21 +212,18 @@ TEST(ValuesContract, ThrowsWithTheConditionAndChangesNothing) {
     constexpr char const* none = nullptr;
     constexpr char const* id = "parameterItemId != 0";
     constexpr char const* filledId = "parameterItemId != 0 && *parameterItemId != '\\0'";
-    constexpr char const* item = "parameterItem != 0";
     using G = Group&;
     using Row = std::pair<char const*, void (*)(Group&)>;
     for (auto const& [condition, call] : {
              Row{"index < mValues.size()", [](G g) { g.getValue("a")->getDoubleValue(1); }},
-             Row{"index < mValues.size()", [](G g) { g.getValue("a")->setValue(1, "x"); }},
              Row{"mParameter != 0", [](G g) { g.getValue("a")->getValueType(); }},
-             Row{item, [](G g) { ValueItemUtil().assignParameterItem(*g.getItem("a"), nullptr); }},
+             Row{"parameterItem != 0", [](G g) { ValueItemUtil().assignParameterItem(*g.getItem("a"), nullptr); }},
              Row{filledId, [](G g) { ValueItemUtil().setParameterItemId(*g.getItem("a"), ""); }},
              Row{"mParameterItem != 0", [](G) { value(static_cast<Parameter*>(nullptr), "1"); }},
              Row{"item != 0", [](G g) { g.addItem(nullptr); }},
              Row{filledId, [](G g) { g.addValue("", "1"); }},
              Row{"index < getNumberOfItems()", [](G g) { g.getItem(2); }},
              Row{id, [](G g) { g.getItem(none); }},
-             Row{item, [](G g) { g.getItem(static_cast<ParameterItem*>(nullptr)); }},
              Row{"name != 0 && strlen(name) > 0", [](G g) { g.getValue(none); }},
              Row{"parameter != 0", [](G g) { g.getValue(static_cast<Parameter*>(nullptr)); }},
              Row{"index < mItems.size()", [](G g) { g.removeItem(2ul); }},
