@@ -383,6 +383,9 @@ TEST_F(XmlFileTest, OfAnArgumentVectorTheFirstIsTheFile) {
     for (int const count : {0, -1}) {
         EXPECT_EQ(whatOf([&] { provider.setArguments(count, nullptr, 0); }), "Must provide at least one argument");
     }
+    EXPECT_EQ(whatOf([&] { provider.setArguments(1, nullptr, 0); }), contractText("argv != 0"));
+    EXPECT_EQ(whatOf([&] { provider.setArguments(nullptr, 0); }), contractText("argument != 0"));
+    EXPECT_EQ(cacheOf(provider), "r?{}");
     EXPECT_EQ(whatOf([&] { provider.setArguments(*treeOf("{}"), 0); }),
               "setArguments(const ParameterValueGroup&) is not supported");
 }

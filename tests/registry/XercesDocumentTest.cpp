@@ -60,12 +60,14 @@ TEST_F(XercesDocumentTest, KeepsElementsAndAttributesOnly) {
 
 TEST_F(XercesDocumentTest, AWarningLeavesTheDocumentWhole) {
     auto const file = directory.write("f.xml", "<!DOCTYPE r [<!ATTLIST r a CDATA 'd' a CDATA 'e'>]><r/>");
-    XercesDocument const document(file.c_str(), nullptr);
+    XercesDocument document(file.c_str(), nullptr);
     EXPECT_THAT(document.getWarnings(),
                 ElementsAre("XML WARNING: attribute 'a' has already been declared for element 'r'. File: \"" + file +
                             "\". Line: 1. Column: 39."));
     EXPECT_EQ(document.getErrors().getNumberOfErrors(), 0u);
     EXPECT_EQ(toText(*document.getDocument()->getDocumentElement()), "r[a=d ]()");
+    document.resetWarnings();
+    EXPECT_THAT(document.getWarnings(), ElementsAre());
 }
 
 TEST_F(XercesDocumentTest, AnotherHandlerGetsAllThatTheParserSays) {
