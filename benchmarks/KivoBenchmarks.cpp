@@ -1,15 +1,13 @@
 #include "Installation.h"
 #include "Subjects.h"
+#include "Tool.h"
 
 #include <benchmark/benchmark.h>
 
 #include <configuration/CommandLineValueProvider.h>
 #include <configuration/Flags.h>
 #include <configuration/Manager.h>
-#include <configuration/Parameter.h>
-#include <configuration/ParameterGroup.h>
 #include <configuration/ParameterValueGroup.h>
-#include <configuration/Specification.h>
 #include <configuration/ValueGroup.h>
 
 #include <chrono>
@@ -22,37 +20,15 @@ using namespace kivo::configuration;
 
 enum Layout : int { FLAT, IN_CONTAINERS };
 
-constexpr char const* SPECIFICATION = "tool";
-constexpr std::size_t CONTAINER_SIZE = 50;
-
 Manager& freshManager() {
     useEmptyInstallation();
     Manager::shutdown();
     return *Manager::getInstance();
 }
 
-std::string containerName(std::size_t index) { return "container" + std::to_string(index / CONTAINER_SIZE); }
-
-bool isInContainer(Subjects const& subjects, std::size_t index, Layout layout) {
-    // What the command line gives stands at the top: a container has no flags.
-    return layout == IN_CONTAINERS && index >= subjects.fromCommandLine();
-}
-
-/// Declares an optional int, with a default, for each name.
-void declare(Manager& manager, Subjects const& subjects, Layout layout) {
-    auto* root = ParameterGroup::CreateContainer(SPECIFICATION, SPECIFICATION, "the tool", false, false);
-    auto* group = root;
-    for (std::size_t i = 0; i < subjects.count(); ++i) {
-        if (isInContainer(subjects, i, layout) && (group == root || i % CONTAINER_SIZE == 0)) {
-            auto const name = containerName(i);
-            group = ParameterGroup::CreateContainer(name.c_str(), name.c_str(), "a part of the tool", true, false);
-            root->addItem(group);
-        }
-        char const* name = subjects.names[i].c_str();
-        group->addItem(Parameter::Create(name, name, "what the parameter is for", true, false, Parameter::INT_PARAMETER,
-                                         "7", "number", nullptr, false));
-    }
-    manager.registerSpecification(std::make_unique<Specification>(SPECIFICATION, "the tool").release());
+/// What the command line gives stands at the top: a container has no flags.
+std::size_t firstInContainer(Subjects const& subjects, Layout layout) {
+    return layout == IN_CONTAINERS ? subjects.fromCommandLine() : subjects.count();
 }
 
 ParameterValueGroup* addGroup(ParameterValueGroup& parent, char const* id) {
@@ -66,7 +42,7 @@ void fillApplicationValues(ParameterValueGroup& values, Subjects const& subjects
     auto* group = root;
     auto const first = subjects.fromCommandLine();
     for (std::size_t i = first; i < first + subjects.fromApplication(); ++i) {
-        if (isInContainer(subjects, i, layout) && (group == root || i % CONTAINER_SIZE == 0)) {
+        if (beginsContainer(i, firstInContainer(subjects, layout))) {
             group = addGroup(*root, containerName(i).c_str());
         }
         group->addValue(subjects.names[i].c_str(), subjects.texts[i].c_str());
@@ -78,7 +54,7 @@ void declareParameters(benchmark::State& state, Layout layout) {
     for (auto _ : state) {
         auto& manager = freshManager();
         auto const start = std::chrono::steady_clock::now();
-        declare(manager, subjects, layout);
+        declareTool(manager, subjects, firstInContainer(subjects, layout));
         state.SetIterationTime(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
     }
 }
@@ -86,7 +62,7 @@ void declareParameters(benchmark::State& state, Layout layout) {
 void request(benchmark::State& state, Layout layout, int flags) {
     Subjects const subjects(static_cast<std::size_t>(state.range(0)));
     auto& manager = freshManager();
-    declare(manager, subjects, layout);
+    declareTool(manager, subjects, firstInContainer(subjects, layout));
     auto const arguments = subjects.argumentsWith("-");
     auto const argv = pointersTo(arguments);
     auto* commandLine = std::make_unique<CommandLineValueProvider>(1).release();
@@ -103,7 +79,7 @@ void request(benchmark::State& state, Layout layout, int flags) {
 void readTyped(benchmark::State& state) {
     Subjects const subjects(static_cast<std::size_t>(state.range(0)));
     auto& manager = freshManager();
-    declare(manager, subjects, FLAT);
+    declareTool(manager, subjects, subjects.count());
     ParameterValueGroup values(nullptr);
     fillApplicationValues(values, subjects, FLAT);
     manager.setApplicationValues(values, 0);

@@ -1,6 +1,6 @@
 #include "BareParse.h"
 #include "Installation.h"
-#include "Subjects.h"
+#include "Tool.h"
 #include "support/TemporaryInstallation.h"
 
 #include <benchmark/benchmark.h>
@@ -13,8 +13,6 @@ namespace {
 
 using namespace kivo::benchmarks;
 using kivo::configuration::Manager;
-
-constexpr std::size_t CONTAINER_SIZE = 50;
 
 std::string parameterElement(std::string const& name, std::size_t index) {
     static constexpr std::array TYPES = {"bool", "int", "uint", "double", "string"};
@@ -30,8 +28,8 @@ std::string registryOf(Subjects const& subjects) {
     for (std::size_t i = 0; i < subjects.count(); ++i) {
         auto const& name = subjects.names[i];
         parameters += parameterElement(name, i);
-        if (i % CONTAINER_SIZE == 0) {
-            auto const container = "container" + std::to_string(i / CONTAINER_SIZE);
+        if (beginsContainer(i, 0)) {
+            auto const container = containerName(i);
             references += (i > 0 ? "            </Container>\n" : "");
             references += "            <Container id=\"" + container + "\" name=\"" + container +
                           "\" description=\"A part of the tool\" optional=\"true\">\n";

@@ -7,10 +7,10 @@
 
 #include "providers/XmlValuesFile.h"
 #include "schema/ContractChecks.h"
+#include "values/GroupEditing.h"
 #include "visitors/UnboundedParameterValueFixer.h"
 
 #include <memory>
-#include <vector>
 
 namespace kivo::configuration {
 
@@ -19,16 +19,8 @@ namespace {
 /// Makes one group equal to another, whose children move over: they are all that a file holds, and need no copy.
 void moveGroup(ParameterValueGroup& from, ParameterValueGroup& to) {
     to = ParameterValueGroup(from, ParameterValueItem::SHALLOW_COPY);
-    std::vector<std::unique_ptr<ParameterValueItem>> children;
-    children.reserve(from.getNumberOfItems());
-    while (auto const count = from.getNumberOfItems()) {
-        auto* const child = from.getItem(count - 1);
-        from.removeItem(count - 1);
-        children.emplace_back(child);
-    }
-    while (!children.empty()) {
-        to.addItem(children.back().release());
-        children.pop_back();
+    for (auto& child : takeItems(from)) {
+        to.addItem(child.release());
     }
 }
 

@@ -4,22 +4,22 @@
 
 #include <configuration/ParameterValueGroup.h>
 
-#include <memory>
-#include <vector>
-
 namespace kivo::configuration {
 
-void destroyItems(ParameterValueGroup& group, std::unordered_set<ParameterValueItem const*> const& items) {
-    std::vector<std::unique_ptr<ParameterValueItem>> taken;
-    taken.reserve(group.getNumberOfItems());
-    while (auto const count = group.getNumberOfItems()) {
+std::vector<std::unique_ptr<ParameterValueItem>> takeItems(ParameterValueGroup& group) {
+    std::vector<std::unique_ptr<ParameterValueItem>> taken(group.getNumberOfItems());
+    while (auto const count = group.getNumberOfItems()) { // from the end: nothing behind has to move up
         auto* last = group.getItem(count - 1);
         group.removeItem(count - 1);
-        taken.emplace_back(last);
+        taken[count - 1].reset(last);
     }
-    for (auto item = taken.rbegin(); item != taken.rend(); ++item) {
-        if (!items.contains(item->get())) {
-            group.addItem(item->release());
+    return taken;
+}
+
+void destroyItems(ParameterValueGroup& group, std::unordered_set<ParameterValueItem const*> const& items) {
+    for (auto& item : takeItems(group)) {
+        if (!items.contains(item.get())) {
+            group.addItem(item.release());
         }
     }
 }
