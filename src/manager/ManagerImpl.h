@@ -13,6 +13,7 @@
 #include "manager/ValidatorExtensionPoint.h"
 #include "schema/NameComparison.h"
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -59,6 +60,14 @@ public:
     // ManagerStartUp.cpp
     void loadDefaultConfigurationRegistry();
     void registerDefaultValidators();
+
+    // ManagerTexts.cpp
+    using ComposeFunction = std::function<std::string(ValueProvider const&, Specification const*)>;
+    /// Lets the provider of a name compose a text about a specification, or a command-line provider where there is none
+    /// of that name.
+    /// @param buffer keeps the text
+    char const* composeMessage(std::string& buffer, char const* providerName, char const* specificationName,
+                               ComposeFunction const& compose) const;
 
     /// Sorted by priority; those of equal priority in the order of registration.
     std::vector<std::unique_ptr<ValueProvider>> mProviders;
