@@ -10,7 +10,7 @@
 #include "manager/InstallationPaths.h"
 #include "manager/ManagerImpl.h"
 #include "manager/VectorWrapper.h"
-#include "registry/XercesLibraryInit.h"
+#include "registry/xml/XmlScope.h"
 #include "schema/MainLog.h"
 
 namespace kivo::configuration {
@@ -108,7 +108,7 @@ bool Manager::Impl::loadConfigurationFile(std::string const& path, bool allowMis
         }
         throw ConfigurationException("File \"%s\" was not found", resolved.c_str());
     }
-    XercesLibraryInit::keepOpen();
+    XmlScope const scope;
     addProvider<XmlFileValueProvider>(mNextProviderPriority++).enableProvider(resolved.c_str(), 0);
     return true;
 }
