@@ -11,7 +11,7 @@
 #include "manager/ManagerImpl.h"
 #include "manager/VectorWrapper.h"
 #include "providers/CommandLineArguments.h"
-#include "registry/XercesLibraryInit.h"
+#include "registry/xml/XmlScope.h"
 #include "schema/MainLog.h"
 
 namespace kivo::configuration {
@@ -104,7 +104,7 @@ bool Manager::Impl::loadConfigurationFile(std::string const& path, bool allowMis
         }
         throw ConfigurationException("File \"%s\" was not found", resolved.c_str());
     }
-    XercesLibraryInit::keepOpen();
+    XmlScope const scope;
     addProvider<XmlFileValueProvider>(mNextProviderPriority++).enableProvider(resolved.c_str(), 0);
     return true;
 }

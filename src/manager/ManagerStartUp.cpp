@@ -8,7 +8,7 @@
 #include "manager/InstallationPaths.h"
 #include "manager/ManagerImpl.h"
 #include "registry/ConfigurationRegistryLoader.h"
-#include "registry/XercesLibraryInit.h"
+#include "registry/xml/XmlScope.h"
 #include "schema/StorageLocationValidator.h"
 
 #include <algorithm>
@@ -52,7 +52,7 @@ void Manager::Impl::loadDefaultConfigurationRegistry() {
     if (main == paths.end()) {
         throw ConfigurationException("Unable to find the %s file.", MAIN_CONFIGURATION_REGISTRY_FILE_NAME);
     }
-    XercesLibraryInit::keepOpen();
+    XmlScope const scope;
     ConfigurationRegistryLoader loader;
     loader.loadFile(main->c_str());
     paths.erase(main);
