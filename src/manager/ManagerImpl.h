@@ -21,16 +21,16 @@
 
 namespace kivo::configuration {
 
-/// The state of the manager. Its operations are spread over files by job: configuration_Manager.cpp keeps the
-/// registries, ManagerRetrieval.cpp collects values, ManagerEnabling.cpp sets providers up, ManagerStartUp.cpp loads
-/// what an installation offers, ManagerTexts.cpp composes texts.
+/// The state of the manager. Each of its jobs has a file: configuration_Manager.cpp keeps the registries,
+/// ManagerRetrieval.cpp collects values, ManagerEnabling.cpp sets up providers, ManagerStartUp.cpp loads what an
+/// installation offers, ManagerTexts.cpp composes texts.
 class Manager::Impl {
 public:
     Impl();
     ~Impl();
 
     // configuration_Manager.cpp
-    /// Takes ownership, unless it throws. Behind the providers of the same priority.
+    /// Takes ownership, unless it throws. The provider is asked after those of the same priority.
     void registerProvider(ValueProvider* provider);
     /// Makes, registers and returns a provider.
     template <class Provider>
@@ -71,7 +71,7 @@ public:
 
     /// Sorted by priority; those of equal priority in the order of registration.
     std::vector<std::unique_ptr<ValueProvider>> mProviders;
-    /// What the next provider gets that enableConfiguration() or loadConfigurationFile() makes.
+    /// The priority of the next provider that enableConfiguration() or loadConfigurationFile() makes.
     int mNextProviderPriority = 1;
     KeyedRegistry<Specification> mSpecifications{"specification"};
     KeyedRegistry<ParameterEnumDefinition> mEnumDefinitions{"enumeration"};
@@ -83,7 +83,7 @@ public:
     ValidatorExtensionPoint mValidatorExtensionPoint;
     std::string mUsageMessage;
     std::string mHelpMessage;
-    /// The last representations, one of each kind in the process.
+    /// The last representation of each kind, shared by all managers of the process.
     static std::string smParameterItemRepresentationCache;
     static std::string smParameterValueItemRepresentationCache;
 };

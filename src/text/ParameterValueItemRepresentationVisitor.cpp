@@ -61,7 +61,7 @@ void ParameterValueItemRepresentationVisitor::printValue(ParameterValue const& v
     mPrinter.printNewLine();
 }
 
-/// The pointer output begins with "0x" of its own where there is an item.
+/// Where there is an item, its address is printed with a "0x" too.
 void ParameterValueItemRepresentationVisitor::printSchemaItem(ParameterValueItem const& item) {
     mPrinter.printLiteralValue(" (0x");
     mPrinter.printPointerValue(item.getParameterItem());
