@@ -41,7 +41,7 @@ Function findOwnFunction(void* object, char const* name) {
 }
 
 /// Nothing that was loaded is unloaded again, not even what turns out to be no plug-in: its initialisers may have left
-/// threads, handlers or objects behind that run its code.
+/// threads, handlers or objects that run its code.
 std::optional<EntryPoints> load(std::string const& file) {
     auto* object = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (!object) {
