@@ -1,5 +1,6 @@
 #include "registry/ConfigurationRegistryLoader.h"
 
+#include <configuration/ConfigurationException.h>
 #include <configuration/ParameterEnumDefinition.h>
 #include <configuration/ParameterValidator.h>
 #include <configuration/ParameterValue.h>
@@ -60,18 +61,21 @@ std::string inRoot(std::string const& sections) {
 class LoaderTest : public ManagerTest {
 protected:
     /// What loading throws; each load is recorded once.
-    std::string loadFile(std::string const& file) {
+    std::string loadFile(char const* file) {
         manager();
         auto records = installation.mainLog("Configuration");
-        auto const thrown = whatOf([&] { loader.loadFile(file.c_str()); });
+        auto const thrown = whatOf([&] { loader.loadFile(file); });
         bool const isLoaded = thrown == "<nothing>";
         records.push_back("loadConfigurationRegistryFile: [" + std::string(isLoaded ? "succeeded" : "failed") +
-                          "]\n [file = \"" + file + "\"]" + (isLoaded ? "" : "\n [error = \"" + thrown + "\"]"));
+                          "]\n [file = \"" + (file ? file : "") + "\"]" +
+                          (isLoaded ? "" : "\n [error = \"" + (thrown == "<null>" ? "" : thrown) + "\"]"));
         EXPECT_EQ(installation.mainLog("Configuration"), records);
         return thrown;
     }
 
-    std::string load(std::string const& sections) { return loadFile(installation.write("f.crg", inRoot(sections))); }
+    std::string load(std::string const& sections) {
+        return loadFile(installation.write("f.crg", inRoot(sections)).c_str());
+    }
 
     static std::string schema(char const* id) {
         SchemaText visitor;
@@ -176,12 +180,22 @@ INSTANTIATE_TEST_SUITE_P(Loader, Faults, testing::Values(
 
 TEST_F(LoaderTest, RefusesWhatIsNoRegistryFile) {
     auto const file = installation.write("f.crg", "<configurationRegistry/>");
-    EXPECT_EQ(loadFile(file), "Expected \"ConfigurationRegistry\" tag but found \"configurationRegistry\"");
+    EXPECT_EQ(loadFile(file.c_str()), "Expected \"ConfigurationRegistry\" tag but found \"configurationRegistry\"");
     installation.write("f.crg", "<r>\n<a></r>");
-    EXPECT_EQ(loadFile(file), "XML ERROR: expected end of tag 'a'. File: \"" + file + "\". Line: 2. Column: 6.");
-    for (auto const& path : {installation.at("no%s%n.crg"), std::string()}) {
-        EXPECT_EQ(loadFile(path), "File \"" + path + "\" was not found");
-    }
+    EXPECT_EQ(loadFile(file.c_str()),
+              "XML ERROR: expected end of tag 'a'. File: \"" + file + "\". Line: 2. Column: 6.");
+    EXPECT_EQ(loadFile("no%s%n.crg"), "File \"no%s%n.crg\" was not found");
+    EXPECT_EQ(loadFile(nullptr), "File \"\" was not found");
+}
+
+TEST_F(LoaderTest, AFaultWithoutATextIsAFault) {
+    struct Silent final : ParameterValidator {
+        using ParameterValidator::ParameterValidator;
+        char* validate(ParameterValue const&) const override { throw ConfigurationException(nullptr); }
+        char* validate(char const*) const override { return nullptr; }
+    };
+    manager().addValidator(std::make_unique<Silent>("silent").release());
+    EXPECT_EQ(load(parameter("id='p' name='p' description='d' type='int' default='1' validator='silent'")), "<null>");
 }
 
 TEST_F(LoaderTest, ReadsSectionsUpToTheFirstThatDoesNotFit) {
@@ -231,7 +245,7 @@ TEST_F(LoaderTest, NonAsciiTextsStayWhole) {
         inRoot("<Enumerations><Enumeration id='\xE9'><Value label='\xFC'/></Enumeration></Enumerations>"
                "<Parameters><Parameter id='\xE9' name='&#x20AC;' description='&#x1F600;' type='enum' "
                "enumType='\xE9' valueName='\xFC' default='\xFC'/></Parameters>");
-    EXPECT_EQ(loadFile(installation.write("\xE9.crg", "<?xml version='1.0' encoding='ISO-8859-1'?>" + content)),
+    EXPECT_EQ(loadFile(installation.write("\xE9.crg", "<?xml version='1.0' encoding='ISO-8859-1'?>" + content).c_str()),
               "<nothing>");
     EXPECT_EQ(schema("\xC3\xA9"), "\xC3\xA9/\xE2\x82\xAC'\xF0\x9F\x98\x80':enum=\xC3\xBC#\xC3\xBC@\xC3\xA9");
 }
