@@ -126,13 +126,14 @@ ConfigurationRegistryLoader::ConfigurationRegistryLoader() : mImpl(std::make_uni
 ConfigurationRegistryLoader::~ConfigurationRegistryLoader() = default;
 
 void ConfigurationRegistryLoader::loadFile(char const* fileName) {
+    auto const* const path = fileName ? fileName : "";
     try {
-        mImpl->readFile(fileName);
+        mImpl->readFile(path);
     } catch (std::exception const& error) {
-        writeLoadLogMessage(fileName, error.what());
+        writeLoadLogMessage(path, error.what() ? error.what() : "");
         throw;
     }
-    writeLoadLogMessage(fileName, nullptr);
+    writeLoadLogMessage(path, nullptr);
 }
 
 void ConfigurationRegistryLoader::Impl::readFile(char const* fileName) {
