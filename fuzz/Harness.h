@@ -3,7 +3,7 @@
 // What the fuzz targets share. A fault of the input is an exception of the std::exception family, which attempt()
 // drops; anything else that goes wrong ends the process, and libFuzzer keeps the input.
 
-#include "registry/XercesLibraryInit.h"
+#include "registry/xml/xerces/XercesLibraryInit.h"
 #include "support/TemporaryInstallation.h"
 
 #include <cstddef>

@@ -4,13 +4,8 @@
 
 #include <configuration/ParameterValueGroup.h>
 
-#include "registry/XercesDocument.h"
-#include "registry/XercesLibraryInit.h"
-#include "registry/XmlText.h"
-#include "schema/ContractChecks.h"
+#include "registry/xml/XmlFile.h"
 #include "schema/MainLog.h"
-
-#include <xercesc/dom/DOMNamedNodeMap.hpp>
 
 namespace kivo::configuration {
 
@@ -27,33 +22,26 @@ void logWarnings(std::vector<std::string> const& warnings) {
     addToMainLog(text);
 }
 
-void addAttributes(ParameterValueGroup& group, xercesc::DOMElement const& element) {
-    auto const& attributes = *element.getAttributes();
-    auto const count = attributes.getLength();
-    for (XMLSize_t i = 0; i < count; ++i) {
-        auto const* const attribute = attributes.item(i);
-        group.addValue(toLocalText(attribute->getNodeName()).c_str(), toLocalText(attribute->getNodeValue()).c_str());
+std::unique_ptr<ParameterValueGroup> makeGroup(XmlElement const& element) {
+    auto group = std::make_unique<ParameterValueGroup>(element.getName());
+    for (auto const& attribute : element.getAttributes()) {
+        group->addValue(attribute.name, attribute.value);
     }
+    for (auto const* child = element.getFirstChild(); child; child = child->getNextSibling()) {
+        group->addItem(makeGroup(*child).release());
+    }
+    return group;
 }
 
 } // namespace
 
 ParameterValueGroup* loadFromXmlFile(char const* fileName) {
-    XercesLibraryInit const library;
-    XercesDocument const document(fileName, nullptr);
-    logWarnings(document.getWarnings());
-    document.getErrors().throwIfErrors();
-    return getGroupFromXmlElement(document.getDocument()->getDocumentElement());
+    XmlFile const file(fileName);
+    logWarnings(file.getWarnings());
+    file.getErrors().throwIfErrors();
+    return getGroupFromXmlElement(file.getDocument().getRoot());
 }
 
-ParameterValueGroup* getGroupFromXmlElement(xercesc::DOMElement* element) {
-    KIVO_REQUIRE(element != 0);
-    auto group = std::make_unique<ParameterValueGroup>(toLocalText(element->getTagName()).c_str());
-    addAttributes(*group, *element);
-    for (auto* child = element->getFirstElementChild(); child; child = child->getNextElementSibling()) {
-        group->addItem(getGroupFromXmlElement(child));
-    }
-    return group.release();
-}
+ParameterValueGroup* getGroupFromXmlElement(XmlElement const& element) { return makeGroup(element).release(); }
 
 } // namespace kivo::configuration

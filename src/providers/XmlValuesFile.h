@@ -1,10 +1,9 @@
 #pragma once
 
-#include <xercesc/dom/DOMElement.hpp>
-
 namespace kivo::configuration {
 
 class ParameterValueGroup;
+class XmlElement;
 
 /// Reads a values file: each element becomes a group named by its tag, each attribute a value. Warnings are recorded in
 /// the kernel's main log.
@@ -12,9 +11,8 @@ class ParameterValueGroup;
 /// @throws ConfigurationParameterException "XML ERROR: …", one line for each fault of the file
 ParameterValueGroup* loadFromXmlFile(char const* fileName);
 
-/// The tree of one element and all below it. Texts and comments do not count.
+/// The tree of one element and all below it.
 /// @return owned by the caller
-/// @throws kivo::ContractViolationException "element != 0"
-ParameterValueGroup* getGroupFromXmlElement(xercesc::DOMElement* element);
+ParameterValueGroup* getGroupFromXmlElement(XmlElement const& element);
 
 } // namespace kivo::configuration

@@ -4,13 +4,10 @@
 
 #include <configuration/ConfigurationException.h>
 
-#include "registry/XmlText.h"
 #include "schema/NameComparison.h"
 
-#include <xercesc/dom/DOMAttr.hpp>
-#include <xercesc/dom/DOMNamedNodeMap.hpp>
-
 #include <algorithm>
+#include <cstring>
 
 namespace kivo::configuration {
 
@@ -23,17 +20,13 @@ constexpr std::array ATTRIBUTE_NAMES = {"id",      "name",      "description", "
 
 } // namespace
 
-ElementReader::ElementReader(xercesc::DOMElement const& element) {
+ElementReader::ElementReader(XmlElement const& element) {
     static_assert(ATTRIBUTE_NAMES.size() == ATTRIBUTE_COUNT);
-    auto const& attributes = *element.getAttributes();
-    auto const count = attributes.getLength();
-    for (XMLSize_t i = 0; i < count; ++i) {
-        auto const* const attribute = attributes.item(i);
-        auto const* const name = attribute->getNodeName();
-        auto const found =
-            std::ranges::find_if(ATTRIBUTE_NAMES, [name](char const* known) { return equalsAscii(name, known); });
+    for (auto const& attribute : element.getAttributes()) {
+        auto const found = std::ranges::find_if(
+            ATTRIBUTE_NAMES, [&](char const* known) { return std::strcmp(attribute.name, known) == 0; });
         if (found != ATTRIBUTE_NAMES.end()) {
-            mTexts[static_cast<std::size_t>(found - ATTRIBUTE_NAMES.begin())] = attribute->getNodeValue();
+            mTexts[static_cast<std::size_t>(found - ATTRIBUTE_NAMES.begin())] = attribute.value;
         }
     }
 }
@@ -43,12 +36,12 @@ std::string ElementReader::getRequired(RegistryAttribute attribute) const {
     if (!mTexts[index]) {
         throw ConfigurationException("Expected attribute \"%s\" was not found", ATTRIBUTE_NAMES[index]);
     }
-    return toLocalText(mTexts[index]);
+    return mTexts[index];
 }
 
 std::optional<std::string> ElementReader::getOptional(RegistryAttribute attribute) const {
     auto const* const text = mTexts[static_cast<std::size_t>(attribute)];
-    return text ? std::optional(toLocalText(text)) : std::nullopt;
+    return text ? std::optional<std::string>(text) : std::nullopt;
 }
 
 std::optional<bool> ElementReader::getFlag(RegistryAttribute attribute) const {
@@ -56,16 +49,14 @@ std::optional<bool> ElementReader::getFlag(RegistryAttribute attribute) const {
     return text ? std::optional(equalIgnoringCase(*text, "true") || *text == "1") : std::nullopt;
 }
 
-bool isNamed(xercesc::DOMElement const& element, char const* name) { return equalsAscii(element.getLocalName(), name); }
+bool isNamed(XmlElement const& element, char const* name) { return std::strcmp(element.getLocalName(), name) == 0; }
 
-std::string getName(xercesc::DOMElement const& element) { return toLocalText(element.getLocalName()); }
-
-void validateTagName(xercesc::DOMElement const* element, char const* name) {
+void validateTagName(XmlElement const* element, char const* name) {
     if (!element) {
         throw ConfigurationException("Expected \"%s\" tag was not found", name);
     }
     if (!isNamed(*element, name)) {
-        throw ConfigurationException("Expected \"%s\" tag but found \"%s\"", name, getName(*element).c_str());
+        throw ConfigurationException("Expected \"%s\" tag but found \"%s\"", name, element->getLocalName());
     }
 }
 

@@ -12,8 +12,7 @@
 #include "kernel/kvFiles.h"
 #include "registry/ElementReader.h"
 #include "registry/UnfoldedSizes.h"
-#include "registry/XercesDocument.h"
-#include "registry/XercesLibraryInit.h"
+#include "registry/xml/XmlFile.h"
 #include "schema/MainLog.h"
 #include "values/NumberText.h"
 
@@ -26,7 +25,6 @@ namespace kivo::configuration {
 namespace {
 
 using enum RegistryAttribute;
-using xercesc::DOMElement;
 
 struct ValueTypeWord {
     std::string_view word;
@@ -56,8 +54,8 @@ int enumerationNumber(std::string const& text) {
     return static_cast<int>(number.value);
 }
 
-[[noreturn]] void refuseElement(DOMElement const& element) {
-    throw ConfigurationException("\"%s\" is not a valid element", getName(element).c_str());
+[[noreturn]] void refuseElement(XmlElement const& element) {
+    throw ConfigurationException("\"%s\" is not a valid element", element.getLocalName());
 }
 
 /// @param error null: the load succeeded
@@ -80,7 +78,7 @@ private:
     /// What reads the elements of one name.
     struct Reader {
         char const* name;
-        void (Impl::*read)(DOMElement const& element);
+        void (Impl::*read)(XmlElement const& element);
     };
 
     /// The group whose children are read, for the time of a scope.
@@ -95,24 +93,24 @@ private:
         std::deque<ParameterGroup*>& mOpenGroups;
     };
 
-    void processRootElement(DOMElement const& root);
-    void processEnumerationsSection(DOMElement const& section);
-    void processParametersSection(DOMElement const& section);
-    void processGroupsSection(DOMElement const& section);
-    void processSpecificationsSection(DOMElement const& section);
+    void processRootElement(XmlElement const& root);
+    void processEnumerationsSection(XmlElement const& section);
+    void processParametersSection(XmlElement const& section);
+    void processGroupsSection(XmlElement const& section);
+    void processSpecificationsSection(XmlElement const& section);
 
-    void processEnumerationElement(DOMElement const& element);
-    void processParameterElement(DOMElement const& element);
-    void processGroupElement(DOMElement const& element);
-    void processSpecificationElement(DOMElement const& element);
+    void processEnumerationElement(XmlElement const& element);
+    void processParameterElement(XmlElement const& element);
+    void processGroupElement(XmlElement const& element);
+    void processSpecificationElement(XmlElement const& element);
 
-    void processSpecificationItemGroupSection(DOMElement const& element);
-    void processContainerElement(DOMElement const& element);
-    void processMutuallyExclusiveElement(DOMElement const& element);
-    void processParameterRefElement(DOMElement const& element);
-    void processGroupRefElement(DOMElement const& element);
+    void processSpecificationItemGroupSection(XmlElement const& element);
+    void processContainerElement(XmlElement const& element);
+    void processMutuallyExclusiveElement(XmlElement const& element);
+    void processParameterRefElement(XmlElement const& element);
+    void processGroupRefElement(XmlElement const& element);
 
-    ParameterGroup* processContainerSection(DOMElement const& element);
+    ParameterGroup* processContainerSection(XmlElement const& element);
     void addToOpenGroup(ParameterItem* item);
     UnfoldedSize const& checkReference(ParameterGroup const& group);
 
@@ -128,62 +126,62 @@ ConfigurationRegistryLoader::ConfigurationRegistryLoader() : mImpl(std::make_uni
 ConfigurationRegistryLoader::~ConfigurationRegistryLoader() = default;
 
 void ConfigurationRegistryLoader::loadFile(char const* fileName) {
+    auto const* const path = fileName ? fileName : "";
     try {
-        mImpl->readFile(fileName);
+        mImpl->readFile(path);
     } catch (std::exception const& error) {
-        writeLoadLogMessage(fileName, error.what());
+        writeLoadLogMessage(path, error.what() ? error.what() : "");
         throw;
     }
-    writeLoadLogMessage(fileName, nullptr);
+    writeLoadLogMessage(path, nullptr);
 }
 
 void ConfigurationRegistryLoader::Impl::readFile(char const* fileName) {
     if (kvLocalExists(fileName) == KV_FILE_MISSING) {
         throw ConfigurationException("File \"%s\" was not found", fileName);
     }
-    XercesLibraryInit const library;
-    XercesDocument const document(fileName, nullptr);
-    document.getErrors().throwIfErrors();
-    auto const* const root = document.getDocument()->getDocumentElement();
-    validateTagName(root, "ConfigurationRegistry");
+    XmlFile const file(fileName);
+    file.getErrors().throwIfErrors();
+    auto const& root = file.getDocument().getRoot();
+    validateTagName(&root, "ConfigurationRegistry");
     mUnfoldedSizes = {}; // groups can have changed since another file was read
-    processRootElement(*root);
+    processRootElement(root);
 }
 
 /// The sections stand in this order, each at most once; what does not fit ends the reading.
-void ConfigurationRegistryLoader::Impl::processRootElement(DOMElement const& root) {
+void ConfigurationRegistryLoader::Impl::processRootElement(XmlElement const& root) {
     static constexpr Reader SECTIONS[] = {
         {"Enumerations", &Impl::processEnumerationsSection},
         {"Parameters", &Impl::processParametersSection},
         {"Groups", &Impl::processGroupsSection},
         {"Specifications", &Impl::processSpecificationsSection},
     };
-    auto const* element = root.getFirstElementChild();
+    auto const* element = root.getFirstChild();
     for (auto const& section : SECTIONS) {
         if (element && isNamed(*element, section.name)) {
             (this->*section.read)(*element);
-            element = element->getNextElementSibling();
+            element = element->getNextSibling();
         }
     }
 }
 
-void ConfigurationRegistryLoader::Impl::processEnumerationsSection(DOMElement const& section) {
+void ConfigurationRegistryLoader::Impl::processEnumerationsSection(XmlElement const& section) {
     forEachChild(section, [this](auto const& element) { processEnumerationElement(element); });
 }
 
-void ConfigurationRegistryLoader::Impl::processParametersSection(DOMElement const& section) {
+void ConfigurationRegistryLoader::Impl::processParametersSection(XmlElement const& section) {
     forEachChild(section, [this](auto const& element) { processParameterElement(element); });
 }
 
-void ConfigurationRegistryLoader::Impl::processGroupsSection(DOMElement const& section) {
+void ConfigurationRegistryLoader::Impl::processGroupsSection(XmlElement const& section) {
     forEachChild(section, [this](auto const& element) { processGroupElement(element); });
 }
 
-void ConfigurationRegistryLoader::Impl::processSpecificationsSection(DOMElement const& section) {
+void ConfigurationRegistryLoader::Impl::processSpecificationsSection(XmlElement const& section) {
     forEachChild(section, [this](auto const& element) { processSpecificationElement(element); });
 }
 
-void ConfigurationRegistryLoader::Impl::processEnumerationElement(DOMElement const& element) {
+void ConfigurationRegistryLoader::Impl::processEnumerationElement(XmlElement const& element) {
     validateTagName(&element, "Enumeration");
     auto const id = ElementReader(element).getRequired(ID);
     if (Manager::getInstance()->getEnumDefinition(id.c_str())) {
@@ -191,7 +189,7 @@ void ConfigurationRegistryLoader::Impl::processEnumerationElement(DOMElement con
     }
     auto definition = std::make_unique<ParameterEnumDefinition>(id.c_str());
     long nextNumber = 0;
-    forEachChild(element, [&](DOMElement const& child) {
+    forEachChild(element, [&](XmlElement const& child) {
         validateTagName(&child, "Value");
         ElementReader const reader(child);
         auto const label = reader.getRequired(LABEL);
@@ -203,7 +201,7 @@ void ConfigurationRegistryLoader::Impl::processEnumerationElement(DOMElement con
     static_cast<void>(definition.release()); // the manager's now
 }
 
-void ConfigurationRegistryLoader::Impl::processParameterElement(DOMElement const& element) {
+void ConfigurationRegistryLoader::Impl::processParameterElement(XmlElement const& element) {
     validateTagName(&element, "Parameter");
     ElementReader const reader(element);
     auto const id = reader.getRequired(ID);
@@ -232,7 +230,7 @@ void ConfigurationRegistryLoader::Impl::processParameterElement(DOMElement const
     }
 }
 
-void ConfigurationRegistryLoader::Impl::processGroupElement(DOMElement const& element) {
+void ConfigurationRegistryLoader::Impl::processGroupElement(XmlElement const& element) {
     validateTagName(&element, "Group");
     ElementReader const reader(element);
     auto const id = reader.getRequired(ID);
@@ -242,7 +240,7 @@ void ConfigurationRegistryLoader::Impl::processGroupElement(DOMElement const& el
     processSpecificationItemGroupSection(element);
 }
 
-void ConfigurationRegistryLoader::Impl::processSpecificationElement(DOMElement const& element) {
+void ConfigurationRegistryLoader::Impl::processSpecificationElement(XmlElement const& element) {
     if (!isNamed(element, "Specification")) {
         refuseElement(element);
     }
@@ -252,14 +250,14 @@ void ConfigurationRegistryLoader::Impl::processSpecificationElement(DOMElement c
     static_cast<void>(specification.release()); // the manager's now
 }
 
-void ConfigurationRegistryLoader::Impl::processSpecificationItemGroupSection(DOMElement const& element) {
+void ConfigurationRegistryLoader::Impl::processSpecificationItemGroupSection(XmlElement const& element) {
     static constexpr Reader ITEMS[] = {
         {"Container", &Impl::processContainerElement},
         {"MutuallyExclusive", &Impl::processMutuallyExclusiveElement},
         {"ParameterRef", &Impl::processParameterRefElement},
         {"GroupRef", &Impl::processGroupRefElement},
     };
-    forEachChild(element, [this](DOMElement const& child) {
+    forEachChild(element, [this](XmlElement const& child) {
         auto const* const item =
             std::ranges::find_if(ITEMS, [&child](Reader const& reader) { return isNamed(child, reader.name); });
         if (item == std::end(ITEMS)) {
@@ -269,11 +267,11 @@ void ConfigurationRegistryLoader::Impl::processSpecificationItemGroupSection(DOM
     });
 }
 
-void ConfigurationRegistryLoader::Impl::processContainerElement(DOMElement const& element) {
+void ConfigurationRegistryLoader::Impl::processContainerElement(XmlElement const& element) {
     processContainerSection(element);
 }
 
-ParameterGroup* ConfigurationRegistryLoader::Impl::processContainerSection(DOMElement const& element) {
+ParameterGroup* ConfigurationRegistryLoader::Impl::processContainerSection(XmlElement const& element) {
     ElementReader const reader(element);
     auto const id = reader.getRequired(ID);
     auto const name = reader.getRequired(NAME);
@@ -288,7 +286,7 @@ ParameterGroup* ConfigurationRegistryLoader::Impl::processContainerSection(DOMEl
     return container;
 }
 
-void ConfigurationRegistryLoader::Impl::processMutuallyExclusiveElement(DOMElement const& element) {
+void ConfigurationRegistryLoader::Impl::processMutuallyExclusiveElement(XmlElement const& element) {
     ElementReader const reader(element);
     auto const id = reader.getRequired(ID);
     auto const name = reader.getRequired(NAME);
@@ -301,7 +299,7 @@ void ConfigurationRegistryLoader::Impl::processMutuallyExclusiveElement(DOMEleme
     processSpecificationItemGroupSection(element);
 }
 
-void ConfigurationRegistryLoader::Impl::processParameterRefElement(DOMElement const& element) {
+void ConfigurationRegistryLoader::Impl::processParameterRefElement(XmlElement const& element) {
     ElementReader const reader(element);
     auto const id = reader.getRequired(ID);
     auto const description = reader.getOptional(DESCRIPTION);
@@ -321,7 +319,7 @@ void ConfigurationRegistryLoader::Impl::processParameterRefElement(DOMElement co
                              : parameter);
 }
 
-void ConfigurationRegistryLoader::Impl::processGroupRefElement(DOMElement const& element) {
+void ConfigurationRegistryLoader::Impl::processGroupRefElement(XmlElement const& element) {
     auto const id = ElementReader(element).getRequired(ID);
     auto* const item = Manager::getInstance()->getParameterItem(id.c_str(), ParameterItem::PARAMETER_GROUP);
     if (!item) {

@@ -1,6 +1,6 @@
 #include "providers/NameFixer.h"
 #include "providers/ParameterSearchVisitor.h"
-#include "providers/XmlValuesFile.h"
+#include "providers/XercesValues.h"
 #include "support/Exceptions.h"
 #include "support/ManagerTest.h"
 #include "support/Notation.h"

@@ -1,10 +1,10 @@
 #include "kernel/kvProcessInit.h"
 
-#include "registry/XercesDocument.h"
+#include "registry/xml/xerces/XercesDocument.h"
 
-#include "registry/BoundedDomParser.h"
-#include "registry/RegularFileSource.h"
-#include "registry/XmlText.h"
+#include "registry/xml/xerces/BoundedDomParser.h"
+#include "registry/xml/xerces/RegularFileSource.h"
+#include "registry/xml/xerces/XmlText.h"
 
 #include <xercesc/sax/SAXParseException.hpp>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "registry/InputRefuser.h"
+#include "registry/xml/xerces/InputRefuser.h"
 
 #include <xercesc/validators/DTD/DocTypeHandler.hpp>
 

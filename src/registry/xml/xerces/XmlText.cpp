@@ -1,6 +1,6 @@
 #include "kernel/kvProcessInit.h"
 
-#include "registry/XmlText.h"
+#include "registry/xml/xerces/XmlText.h"
 
 #include <configuration/ConfigurationException.h>
 

@@ -1,9 +1,9 @@
 #include "kernel/kvProcessInit.h"
 
-#include "registry/BoundedDomParser.h"
+#include "registry/xml/xerces/BoundedDomParser.h"
 
-#include "registry/RegularFileSource.h"
-#include "registry/XmlText.h"
+#include "registry/xml/xerces/RegularFileSource.h"
+#include "registry/xml/xerces/XmlText.h"
 
 #include <xercesc/dom/DOMException.hpp>
 #include <xercesc/framework/XMLAttDefList.hpp>

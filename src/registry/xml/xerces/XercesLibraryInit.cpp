@@ -1,6 +1,6 @@
 #include "kernel/kvProcessInit.h"
 
-#include "registry/XercesLibraryInit.h"
+#include "registry/xml/xerces/XercesLibraryInit.h"
 
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLUni.hpp>

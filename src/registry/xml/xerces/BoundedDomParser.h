@@ -1,7 +1,7 @@
 #pragma once
 
-#include "registry/DocumentTypeGuard.h"
-#include "registry/InputRefuser.h"
+#include "registry/xml/xerces/DocumentTypeGuard.h"
+#include "registry/xml/xerces/InputRefuser.h"
 
 #include <xercesc/parsers/XercesDOMParser.hpp>
 #include <xercesc/util/SecurityManager.hpp>

@@ -1,7 +1,7 @@
 // Files that are made to do harm: each must be refused, or read, in little time and memory.
 
-#include "registry/XercesDocument.h"
-#include "registry/XercesLibraryInit.h"
+#include "registry/xml/xerces/XercesDocument.h"
+#include "registry/xml/xerces/XercesLibraryInit.h"
 
 #include "support/TemporaryInstallation.h"
 

@@ -1,8 +1,8 @@
 #include "kernel/kvProcessInit.h"
 
-#include "registry/RegularFileSource.h"
+#include "registry/xml/xerces/RegularFileSource.h"
 
-#include "registry/XmlText.h"
+#include "registry/xml/xerces/XmlText.h"
 
 #include <xercesc/util/BinInputStream.hpp>
 #include <xercesc/util/PlatformUtils.hpp>

@@ -1,8 +1,8 @@
 #include "kernel/kvProcessInit.h"
 
-#include "registry/DocumentTypeGuard.h"
+#include "registry/xml/xerces/DocumentTypeGuard.h"
 
-#include "registry/XmlText.h"
+#include "registry/xml/xerces/XmlText.h"
 
 #include <xercesc/validators/DTD/DTDEntityDecl.hpp>
 

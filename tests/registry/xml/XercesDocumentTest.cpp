@@ -1,6 +1,6 @@
-#include "registry/XercesDocument.h"
-#include "registry/XercesLibraryInit.h"
-#include "registry/XmlText.h"
+#include "registry/xml/xerces/XercesDocument.h"
+#include "registry/xml/xerces/XercesLibraryInit.h"
+#include "registry/xml/xerces/XmlText.h"
 
 #include <configuration/ConfigurationException.h>
 

@@ -1,6 +1,6 @@
 #include "kernel/kvProcessInit.h"
 
-#include "registry/InputRefuser.h"
+#include "registry/xml/xerces/InputRefuser.h"
 
 #include <xercesc/util/XMLUni.hpp>
 

@@ -1,0 +1,61 @@
+#include "kernel/kvProcessInit.h"
+
+#include "registry/xml/XmlDocumentBuilder.h"
+
+#include <algorithm>
+
+namespace kivo::configuration {
+
+XmlDocumentBuilder::XmlDocumentBuilder() { mDocument.mArena = std::make_unique<std::pmr::monotonic_buffer_resource>(); }
+
+void XmlDocumentBuilder::startElement(std::string_view name, std::size_t attributeCount) {
+    auto* const element = new (allocate<XmlElement>(1)) XmlElement;
+    element->mName = keepName(name);
+    element->mPrefixLength = static_cast<std::uint32_t>(name.find(':') + 1); // 0 where there is none
+    element->mAttributes = allocate<XmlAttribute>(attributeCount);
+    append(*element);
+    mOpen.push_back({element, nullptr});
+}
+
+void XmlDocumentBuilder::addAttribute(std::string_view name, std::string_view value) {
+    auto& element = *mOpen.back().element;
+    new (element.mAttributes + element.mAttributeCount) XmlAttribute{keepName(name), copy(value)};
+    ++element.mAttributeCount;
+}
+
+void XmlDocumentBuilder::endElement() { mOpen.pop_back(); }
+
+XmlDocument XmlDocumentBuilder::finish() { return std::move(mDocument); }
+
+void XmlDocumentBuilder::append(XmlElement& element) {
+    if (mOpen.empty()) {
+        mDocument.mRoot = &element;
+        return;
+    }
+    auto& [parent, lastChild] = mOpen.back();
+    (lastChild ? lastChild->mNextSibling : parent->mFirstChild) = &element;
+    lastChild = &element;
+}
+
+char const* XmlDocumentBuilder::keepName(std::string_view name) {
+    auto const found = mNames.find(name);
+    if (found != mNames.end()) {
+        return found->data();
+    }
+    auto const* const kept = copy(name);
+    mNames.emplace(kept, name.size());
+    return kept;
+}
+
+char const* XmlDocumentBuilder::copy(std::string_view text) {
+    auto* const kept = allocate<char>(text.size() + 1);
+    *std::ranges::copy(text, kept).out = '\0';
+    return kept;
+}
+
+template <class T>
+T* XmlDocumentBuilder::allocate(std::size_t count) {
+    return static_cast<T*>(mDocument.mArena->allocate(count * sizeof(T), alignof(T)));
+}
+
+} // namespace kivo::configuration

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <configuration/ParameterErrors.h>
+
+#include "registry/xml/XmlDocument.h"
+
+#include <string>
+#include <vector>
+
+namespace kivo::configuration {
+
+/// An XML file that was read, and what there is to say about it, a line for each fault.
+class XmlFile {
+public:
+    /// Reads a file. Whatever is wrong with it, missing files included, becomes a line in getErrors().
+    /// @param path of a regular file, links followed
+    explicit XmlFile(char const* path);
+
+    /// One line "XML WARNING: …" for each warning.
+    std::vector<std::string> const& getWarnings() const { return mWarnings; }
+
+    /// One line "XML ERROR: …" for each error.
+    ParameterErrors const& getErrors() const { return mErrors; }
+
+    /// What the file holds. Only when there are no errors.
+    XmlDocument const& getDocument() const { return mDocument; }
+
+private:
+    std::vector<std::string> mWarnings;
+    ParameterErrors mErrors;
+    XmlDocument mDocument;
+};
+
+} // namespace kivo::configuration
