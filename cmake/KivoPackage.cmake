@@ -37,7 +37,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
-# An upgrade leaves a main registry file alone that the administrator has changed.
+# An upgrade does not touch a main registry file that the administrator has changed.
 file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/package/conffiles"
     CONTENT "${CMAKE_INSTALL_FULL_SYSCONFDIR}/kivo/kivobase.crg\n")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA "${PROJECT_BINARY_DIR}/package/conffiles")

@@ -2,8 +2,8 @@
 #
 # Builds a GoogleTest executable and tells ctest each of its cases, labelled with the folder's name.
 #
-# LIBRARIES    what is under test: kivo-configuration for the exported classes, or kivo-configuration-internal for what
-#              lies behind them (never both, since each has its own Manager); and the test's helpers
+# LIBRARIES    what is under test: kivo-configuration for the exported classes, or kivo-configuration-internal for
+#              internal ones, too (never both, since each has its own Manager); and the test's helpers
 # CONCURRENT   the cases use several threads: they get the label "concurrent" too, and the target concurrent-tests,
 #              which the thread sanitizer's run builds, includes this executable
 
