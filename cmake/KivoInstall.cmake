@@ -1,6 +1,6 @@
 # What `cmake --install` puts where: the two libraries, the public headers, the CMake package, the pkg-config file, the
 # main registry file and the copyright notice.
-# Everything is found relative to where it lies, so an installed tree can be moved.
+# Everything is found relative to its own place, so an installed tree can be moved.
 
 include(CMakePackageConfigHelpers)
 

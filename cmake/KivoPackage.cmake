@@ -4,9 +4,9 @@
 #   cpack -G TGZ                                    the same as an archive
 #   cpack --config CPackSourceConfig.cmake          an archive of the sources
 #
-# Packages hold the installation prefix of the build, below which the kernel library looks for its files: those that are
-# handed out want -DCMAKE_INSTALL_PREFIX=/usr. Where SOURCE_DATE_EPOCH is set, equal builds give equal packages; Debian
-# ones under equal umasks, which cpack writes into them.
+# Packages hold the installation prefix of the build, below which the kernel library looks for its files: a package for
+# others needs -DCMAKE_INSTALL_PREFIX=/usr. If SOURCE_DATE_EPOCH is set, equal builds give equal packages; for Debian
+# packages the umask has to be equal, too, because cpack writes it into them.
 
 if(NOT PROJECT_IS_TOP_LEVEL)
     return()
@@ -19,7 +19,7 @@ set(CPACK_PACKAGE_DESCRIPTION "\
 Each setting is described once, in code or in XML; values from the command line,
 from files and from the application are merged, checked, and explained to users.
 .
-This package holds the library, the kernel library that it stands on, the headers,
+This package holds the library, the kernel library that it needs, the headers,
 the CMake package, the pkg-config file and a main registry file.")
 string(TOLOWER "${PROJECT_NAME}-${PROJECT_VERSION}-${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR}"
     CPACK_PACKAGE_FILE_NAME)
@@ -37,7 +37,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
-# An upgrade does not touch a main registry file that the administrator has changed.
+# An upgrade keeps a main registry file that the administrator has changed.
 file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/package/conffiles"
     CONTENT "${CMAKE_INSTALL_FULL_SYSCONFDIR}/kivo/kivobase.crg\n")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA "${PROJECT_BINARY_DIR}/package/conffiles")

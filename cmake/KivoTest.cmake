@@ -1,9 +1,9 @@
 # kivo_add_test(<name> SOURCES <file>... [LIBRARIES <target>...] [DEFINITIONS <definition>...] [CONCURRENT])
 #
-# Builds a GoogleTest executable and tells ctest each of its cases, labelled with the folder's name.
+# Builds a GoogleTest executable and registers each of its cases with ctest, labelled with the folder's name.
 #
-# LIBRARIES    what is under test: kivo-configuration for the exported classes, or kivo-configuration-internal for
-#              internal ones, too (never both, since each has its own Manager); and the test's helpers
+# LIBRARIES    what is under test: kivo-configuration for the exported classes, or kivo-configuration-internal for what
+#              they are made of (never both, since each has its own Manager); and the test's helpers
 # CONCURRENT   the cases use several threads: they get the label "concurrent" too, and the target concurrent-tests,
 #              which the thread sanitizer's run builds, includes this executable
 

@@ -45,6 +45,10 @@ public:
     /// The manager of the process. The first call makes it, registers the default validators, loads the default
     /// registry and registers shutdown() with `atexit`; any number of threads may call it at once.
     ///
+    /// The manager is published before it is loaded, because what is loaded asks for it. A call on another thread waits
+    /// only for the first moments of the first call; then it returns at once, also while the manager is still being
+    /// loaded. So let the first call return before another thread uses the manager.
+    ///
     /// When loading throws, the exception reaches the caller, but the manager stays, with what was loaded before the
     /// failure, and later calls return it.
     static Manager* getInstance();
