@@ -6,6 +6,8 @@ include(CMakePackageConfigHelpers)
 
 set(packageDirectory "${CMAKE_INSTALL_LIBDIR}/cmake/kivo-configuration")
 set(pkgConfigDirectory "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+# A folder of their own: names such as "configuration" and "kernel" are too common for the one that all packages share.
+set(includeDirectory "${CMAKE_INSTALL_INCLUDEDIR}/kivo-configuration")
 
 # The two libraries lie side by side; $ORIGIN lets the one find the other wherever that is. Before it is installed, too:
 # the folder of the build would leave traces.
@@ -15,9 +17,9 @@ set_target_properties(kivo-kernel PROPERTIES EXPORT_NAME kernel)
 install(TARGETS kivo-configuration kivo-kernel
     EXPORT kivo-configuration
     LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
-    INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
-install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/"
-    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}"
+    INCLUDES DESTINATION "${includeDirectory}")
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/" "${PROJECT_BINARY_DIR}/include/"
+    DESTINATION "${includeDirectory}"
     FILES_MATCHING PATTERN "*.h")
 
 install(EXPORT kivo-configuration
@@ -43,8 +45,8 @@ cmake_path(ABSOLUTE_PATH pkgConfigDirectory BASE_DIRECTORY "${pkgConfigPrefix}" 
 cmake_path(RELATIVE_PATH pkgConfigPrefix BASE_DIRECTORY "${pkgConfigPath}" OUTPUT_VARIABLE KIVO_PKGCONFIG_TO_PREFIX)
 cmake_path(RELATIVE_PATH CMAKE_INSTALL_FULL_LIBDIR BASE_DIRECTORY "${pkgConfigPrefix}"
     OUTPUT_VARIABLE KIVO_PREFIX_TO_LIB)
-cmake_path(RELATIVE_PATH CMAKE_INSTALL_FULL_INCLUDEDIR BASE_DIRECTORY "${pkgConfigPrefix}"
-    OUTPUT_VARIABLE KIVO_PREFIX_TO_INCLUDE)
+cmake_path(ABSOLUTE_PATH includeDirectory BASE_DIRECTORY "${pkgConfigPrefix}" OUTPUT_VARIABLE includePath)
+cmake_path(RELATIVE_PATH includePath BASE_DIRECTORY "${pkgConfigPrefix}" OUTPUT_VARIABLE KIVO_PREFIX_TO_INCLUDE)
 configure_file("${CMAKE_CURRENT_LIST_DIR}/kivo-configuration.pc.in" "${PROJECT_BINARY_DIR}/kivo-configuration.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/kivo-configuration.pc" DESTINATION "${pkgConfigDirectory}")
 

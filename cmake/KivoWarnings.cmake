@@ -17,6 +17,7 @@ target_compile_options(kivo-warnings INTERFACE
     -Wformat=2
     -Wimplicit-fallthrough
     -Wextra-semi
+    -Werror=switch # in every build: a switch over an enumeration that forgets an enumerator is a fault
     # g++ reports paths inside the standard library's own headers, once inlined; clang reads the code as written.
     $<$<CXX_COMPILER_ID:Clang,AppleClang>:-Wnull-dereference>
     $<$<BOOL:${KIVO_WARNINGS_AS_ERRORS}>:-Werror>)

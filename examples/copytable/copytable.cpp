@@ -18,7 +18,8 @@ int main(int argc, char** argv) try {
     manager.enableConfiguration(false, nullptr, static_cast<unsigned int>(argc), argv);
     ValueGroup settings = manager.getValueGroup("copytable", true, RESOLVE_FLAG_NAMES | STRICT_RECOGNITION);
     std::cout << "Copying " << settings.getValue("table").asString() << " in "
-              << settings.getValue("streams").asUnsignedInteger() << " streams\n";
+              << settings.getValue("streams").asUnsignedInteger() << " streams" << std::endl;
+    return std::cout ? 0 : 1; // 1: standard output is closed or full
 } catch (std::exception const& faults) {
     std::cerr << faults.what() << '\n';
     return 2;

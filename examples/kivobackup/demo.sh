@@ -25,6 +25,8 @@ title() {
     printf '\n== %s\n' "$*"
 }
 
+shown=0
+
 # show <expected exit status> <command line>
 show() {
     local expected="$1" line="$2" status=0
@@ -36,6 +38,7 @@ show() {
         printf 'demo.sh: exit status %d, expected %d\n' "$status" "$expected" >&2
         exit 1
     fi
+    shown=$((shown + 1))
 }
 
 title "A backup: the command line, the machine's configuration, and defaults"
@@ -61,6 +64,7 @@ show 0 'kivobackup -help'
 show 0 'kivobackup -help -quiet'
 
 title "A tool that describes its settings in code, and sets some itself"
+show 0 'kivorestore -source backup1::/srv/kivo -database sales -quiet -help'
 export KIVO_HOME=minimal
 show 0 'kivorestore -source backup1::/srv/kivo -database sales -tab orders -tab lines -trans "#1-2-3-4" -over -mem 0.5'
 show 2 'kivorestore -source /srv/kivo -database sales -s 8'
@@ -74,3 +78,5 @@ show 2 'kivobackup -loadConfiguration faulty.xml'
 show 0 'cp faulty.crg installation/etc/'
 show 2 'kivobackup -database sales -target /srv/kivo'
 show 0 'cat main.log'
+
+printf '\n== Everything shown was as expected: %d commands, faulty ones among them, ended as they should\n' "$shown"

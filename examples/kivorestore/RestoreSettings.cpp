@@ -28,12 +28,17 @@ struct Properties {
     bool hidden = false;
 };
 
-// Id and name are the same text: given values are bound by the id, but checked and abbreviated by the name.
+// Id and name are the same text: given values are bound by the id, but checked and abbreviated by the name. Registry
+// files of the installation may have declared the id already, for this tool and others; then this is what the tool
+// makes of it.
 Parameter* add(ParameterGroup& group, char const* name, char const* description, Parameter::ValueType type,
                Properties const& properties) {
     Parameter* parameter =
-        Parameter::Create(name, name, description, properties.optional, properties.unbounded, type,
-                          properties.defaultValue, properties.valueName, properties.validator, properties.hidden);
+        Manager::getInstance()->getParameterItem(name)
+            ? ParameterSpecialization::Create(name, description, properties.optional, properties.unbounded,
+                                              properties.defaultValue, properties.hidden)
+            : Parameter::Create(name, name, description, properties.optional, properties.unbounded, type,
+                                properties.defaultValue, properties.valueName, properties.validator, properties.hidden);
     group.addItem(parameter);
     return parameter;
 }
@@ -49,7 +54,7 @@ void addSource(ParameterGroup& root) {
         {.optional = false, .valueName = "location", .validator = "storageLocation"});
     add(root, "database", "Name of the database to make", Parameter::STRING_PARAMETER,
         {.optional = false, .valueName = "name", .validator = "identifier"});
-    add(root, "table", "Restore this table alone; may be given several times", Parameter::STRING_PARAMETER,
+    add(root, "table", "Restore only this table; may be given several times", Parameter::STRING_PARAMETER,
         {.unbounded = true, .valueName = "name"});
 }
 
@@ -74,11 +79,8 @@ void addWork(Manager& manager, ParameterGroup& root) {
         {.defaultValue = "stop", .valueName = "action"})
         ->setEnumDefinition(onError.get());
     manager.registerEnumDefinition(onError.release());
-
-    // What all tools would share, and what this one makes of it.
-    Parameter::Create("streams", "streams", "Number of streams", true, false, Parameter::UINT_PARAMETER, "1", "count",
-                      nullptr, false);
-    root.addItem(ParameterSpecialization::Create("streams", "Number of streams that write", true, false, "4", false));
+    add(root, "streams", "Number of streams that write", Parameter::UINT_PARAMETER,
+        {.defaultValue = "4", .valueName = "count"});
     add(root, "memory", "Share of the memory to use", Parameter::DOUBLE_PARAMETER,
         {.defaultValue = "0.25", .valueName = "share"});
     add(root, "niceness", "Priority of the process", Parameter::INT_PARAMETER, {.valueName = "number"});
@@ -106,13 +108,13 @@ void addCommon(ParameterGroup& root) {
     // Not the last one: the usage text would end with an empty line.
     add(root, "client", "Who asks for the restore", Parameter::STRING_PARAMETER, {.defaultValue = "", .hidden = true});
     add(root, "help", "Print this text and do nothing else", Parameter::BOOLEAN_PARAMETER, {});
-    add(root, "quiet", "With -help: print the usage alone", Parameter::BOOLEAN_PARAMETER, {});
+    add(root, "quiet", "With -help: print only the usage", Parameter::BOOLEAN_PARAMETER, {});
 }
 
-ParameterValueGroup* addSection(ParameterValueGroup& parent, char const* id) {
-    auto section = std::make_unique<ParameterValueGroup>(id);
-    parent.addItem(section.get());
-    return section.release();
+ParameterValueGroup& addSection(ParameterValueGroup& parent, char const* id) {
+    auto* section = std::make_unique<ParameterValueGroup>(id).release();
+    parent.addItem(section); // the new owner, even when memory runs out
+    return *section;
 }
 
 } // namespace
@@ -134,10 +136,10 @@ Specification const* describeRestore(Manager& manager) {
 
 ParameterValueGroup restoreValues() {
     ParameterValueGroup values(nullptr);
-    ParameterValueGroup& settings = *addSection(values, TOOL);
+    ParameterValueGroup& settings = addSection(values, TOOL);
     settings.addValue("client", TOOL);
-    addSection(settings, "staging")->addValue("limit", "2048");
-    addSection(settings, "volume")->addValue("label", "A");
-    addSection(settings, "volume")->addValue("label", "B");
+    addSection(settings, "staging").addValue("limit", "2048");
+    addSection(settings, "volume").addValue("label", "A");
+    addSection(settings, "volume").addValue("label", "B");
     return values;
 }

@@ -1,5 +1,5 @@
-// A tool that needs no registry file of its own: it describes its settings in code, reads its command line alone, and
-// sets some values itself.
+// A tool that needs no registry file of its own: it describes its settings in code, reads nothing but its command line,
+// and sets some values itself.
 
 #include "RestoreSettings.h"
 #include "toolkit/Faults.h"

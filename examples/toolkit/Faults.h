@@ -4,8 +4,8 @@
 
 namespace toolkit {
 
-/// Does a tool's work. What it throws goes to standard error, each line of the message behind the tool's name.
-/// @return the exit status: 0, or 2 when something was thrown
+/// Does a tool's work. Messages of exceptions go to standard error, the tool's name before each line.
+/// @return the exit status: 0; 1 when standard output could not be written; 2 when something was thrown
 int runTool(char const* tool, std::function<void()> const& work);
 
 } // namespace toolkit

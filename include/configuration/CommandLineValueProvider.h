@@ -39,7 +39,7 @@ public:
     /// @throws kivo::ContractViolationException "parameterItemId != 0 && *parameterItemId != '\0'": an empty argument
     ///         that is no flag's value
     void setArguments(int argc, char const* const* argv, int flags) override;
-    /// Forgets a flag that the tool has dealt with itself.
+    /// Forgets a flag that the tool has handled itself.
     /// @param specification the specification that the flag belongs to, not null
     /// @param parameterName the flag as typed, without its dash; letter case is ignored
     /// @return whether it was there

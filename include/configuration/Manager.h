@@ -129,8 +129,8 @@ public:
     /// @throws ConfigurationException an ambiguous flag; a value where a group belongs or the other way round; a
     ///         specification without its root group
     ///
-    /// When a source asks for "help", the sources behind it are not asked, and the group holds "help" (with "quiet" and
-    /// "notitle", if they are set) beside what was collected before, unchecked and without defaults.
+    /// When a source asks for "help", the sources after it are not asked. The group then holds "help" (with "quiet" and
+    /// "notitle", if they are set) and what was collected before, unchecked and without defaults.
     void getValues(Specification const* specification, ParameterValueGroup& result, int flags);
     /// As above, by name.
     /// @throws ConfigurationException "Specification \"<name>\" was not found", "Duplicate specification \"<name>\""
@@ -146,17 +146,18 @@ public:
     /// @throws ConfigurationException what getValues() throws
     void validateValues(Specification const* specification, ParameterValueGroup& values, int flags);
     /// The settings of a specification. They are collected once, and kept until setApplicationValues(), reset() or
-    /// shutdown(): sources that are added later are not seen before.
+    /// shutdown(): until then, sources that are added later are not seen.
     /// @param name     id of the specification
-    /// @param required whether no value at all is an error; else the handle is then null, and nothing is kept
+    /// @param required whether it is an error when no value was given at all; if it is not, the handle is null and
+    ///                 nothing is kept
     /// @param flags    passed to the providers
     /// @throws kivo::ContractViolationException "objectKey != 0 && *objectKey != '\0'"
     /// @throws ConfigurationException "The \"<name>\" group was not found", and as getValues()
     ValueGroup getValueGroup(char const* name, bool required, int flags) const;
     /// The occurrences of a specification whose root group repeats; as getValueGroup().
     ValueGroupIterator getValueGroupIterator(char const* name, int flags) const;
-    /// Sets the application's own values, which win over all others, and forgets the kept settings: handles become
-    /// invalid. The values replace those of an earlier call.
+    /// Sets the application's own values, which win over all others and replace those of an earlier call. Forgets the
+    /// kept settings: all handles become invalid.
     /// @param values an unnamed group that holds the group of one specification, named by its id; copied. A group of
     ///               another specification beside it makes every request fail.
     /// @param flags  passed to the provider

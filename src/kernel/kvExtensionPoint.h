@@ -44,6 +44,6 @@ public:
     kvPlugin* getPlugin(unsigned long index);
 
 private:
-    class Impl;
+    class __attribute__((visibility("hidden"))) Impl;
     std::unique_ptr<Impl> mImpl;
 };

@@ -8,8 +8,8 @@
 
 namespace kivo::configuration {
 
-/// Collects the registry files of directories: those with the extension ".crg", in small letters. Paths that differ
-/// only in letter case count once.
+/// Collects the registry files of directories: those with the extension ".crg", in lower case. Paths that differ only
+/// in letter case count once.
 class ConfigurationRegistryFilesFinder final : public FileSystemVisitor {
 public:
     using Paths = std::set<std::string, CaseInsensitiveLess>;

@@ -6,8 +6,8 @@
 
 namespace kivo::configuration {
 
-/// Gives the kernel a context of its own for the length of a scope and lets exceptions be reported in it; at the end,
-/// however it comes, the context of before is current again. Scopes nest.
+/// Makes a new kernel context the current one while a scope lasts, and has exceptions reported in it. At the end of the
+/// scope, also when an exception ends it, the previous context is current again. Scopes nest.
 class ContextMgr {
 public:
     ContextMgr();
@@ -16,7 +16,7 @@ public:
     ContextMgr& operator=(ContextMgr const&) = delete;
 
 private:
-    /// Leaves the kernel without a context, and restores the one of before.
+    /// Leaves the kernel without a current context, and makes the previous one current again at the end.
     class SavedContext {
     public:
         SavedContext();

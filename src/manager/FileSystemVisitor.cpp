@@ -3,11 +3,13 @@
 #include "manager/FileSystemVisitor.h"
 
 #include "kernel/kvFiles.h"
+#include "kernel/kvKivo.h"
 #include "schema/ContractChecks.h"
 
-#include <memory>
+#include <cerrno>
 #include <set>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include <sys/stat.h>
@@ -16,24 +18,25 @@ namespace kivo::configuration {
 
 namespace {
 
-// Always the slash, whatever the kernel's own separator is.
+// Paths are POSIX paths, so the kernel's separator is the slash, too.
 constexpr char DIRECTORY_SEPARATOR = '/';
 constexpr char const* CURRENT_DIR = "/.";
 constexpr char const* PARENT_DIR = "/..";
-
-struct CloseListing {
-    void operator()(kvDirListing* listing) const { listing->close(); }
-};
 
 } // namespace
 
 /// Knows directories by what they are, not by the paths that lead to them.
 class FileSystemVisitor::EnteredDirectories {
 public:
-    /// @return whether a directory is entered for the first time; one that cannot be told is not entered
+    /// @return whether a directory is entered for the first time; one that cannot be examined is not entered
     bool enter(std::string const& path) {
         struct stat status {};
-        return ::stat(path.c_str(), &status) == 0 && mEntered.emplace(status.st_dev, status.st_ino).second;
+        if (::stat(path.c_str(), &status) != 0) {
+            auto const reason = std::generic_category().message(errno);
+            kvKivo::addToMainLog("Kernel", ("Directory \"" + path + "\" cannot be examined: " + reason).c_str());
+            return false;
+        }
+        return mEntered.emplace(status.st_dev, status.st_ino).second;
     }
 
 private:
@@ -54,7 +57,7 @@ bool FileSystemVisitor::scanInto(EnteredDirectories& entered, std::string const&
     if (!entered.enter(directory)) {
         return true;
     }
-    std::unique_ptr<kvDirListing, CloseListing> const listing(kvLocalOpenDir(directory.c_str()));
+    kvDirListingPointer const listing(kvLocalOpenDir(directory.c_str()));
     if (!listing) {
         return true;
     }
@@ -62,7 +65,7 @@ bool FileSystemVisitor::scanInto(EnteredDirectories& entered, std::string const&
     if (!prefix.ends_with(DIRECTORY_SEPARATOR)) {
         prefix += DIRECTORY_SEPARATOR;
     }
-    while (char const* name = listing->next()) {
+    while (auto const* name = listing->next()) {
         if (!scanEntry(entered, prefix + name, recursive)) {
             return false;
         }

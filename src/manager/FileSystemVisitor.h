@@ -4,17 +4,17 @@
 
 namespace kivo::configuration {
 
-/// Base of what looks through the files of a directory.
+/// Base of classes that look through the files of a directory. Paths are POSIX paths.
 class FileSystemVisitor {
 public:
-    /// A directory below the one scanned, before its own entries. @return false to end the scan; true here
+    /// Called for a directory below the one scanned, before its own entries. @return false to end the scan; true here
     virtual bool visitDirectory(char const* path);
-    /// Anything that is not a directory. @return false to end the scan; true here
+    /// Called for anything that is not a directory. @return false to end the scan; true here
     virtual bool visitFile(char const* path);
 
-    /// Shows the entries of a directory in the kernel's order. A directory that cannot be listed has none. However many
-    /// links lead to a directory, its entries are shown once.
-    /// @param recursive whether to go into directories
+    /// Shows the entries of a directory in the kernel's order. A directory that cannot be read has none, and the main
+    /// log says why. However many links lead to a directory, its entries are shown once.
+    /// @param recursive whether to enter the directories below, too
     /// @return false when the visitor ended the scan
     /// @throws kivo::ContractViolationException "directory != 0 && *directory != 0"
     bool scan(char const* directory, bool recursive);

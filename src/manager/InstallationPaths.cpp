@@ -4,6 +4,8 @@
 
 #include "kernel/kvDirectories.h"
 
+#include <string.h>
+
 namespace kivo::configuration {
 
 char directorySeparator() {
@@ -21,6 +23,13 @@ std::string installationDirectory(DirectoryService service) {
         directory += directorySeparator();
     }
     return directory;
+}
+
+std::string describeInstallationDirectory(DirectoryService service) {
+    char buffer[1024] = "";
+    bool const exists = service(buffer, sizeof(buffer));
+    std::string const path(buffer, ::strnlen(buffer, sizeof(buffer)));
+    return path.empty() ? "none" : '"' + path + '"' + (exists ? "" : ", no such directory");
 }
 
 } // namespace kivo::configuration

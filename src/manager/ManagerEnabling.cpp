@@ -10,6 +10,7 @@
 #include "manager/InstallationPaths.h"
 #include "manager/ManagerImpl.h"
 #include "manager/VectorWrapper.h"
+#include "providers/CommandLineArguments.h"
 #include "registry/xml/XmlScope.h"
 #include "schema/MainLog.h"
 
@@ -19,8 +20,6 @@ namespace {
 
 constexpr char const* LOAD_CONFIGURATION_FLAG = "-loadConfiguration";
 constexpr char const* MACHINE_CONFIGURATION_FILE_NAME = "machine.config";
-
-bool beginsWithDash(std::string const& argument) { return argument.starts_with('-'); }
 
 void logEnabling(bool allowMachineConfig, std::string const& applicationConfigFile,
                  std::vector<std::string> const& arguments) {
@@ -43,18 +42,15 @@ void logLoading(char const* outcome, std::string const& path) {
 struct CommandLine {
     std::vector<std::string> kept;      // what the command-line provider gets, the program's name first
     std::vector<std::string> fileNames; // what follows "-loadConfiguration"
-    bool isFileNameMissing = false;     // a "-loadConfiguration" behind these has no value
+    bool isFileNameMissing = false;     // a "-loadConfiguration" after these has no value
 };
 
 CommandLine splitCommandLine(std::vector<std::string> const& arguments) {
     CommandLine commandLine;
     commandLine.kept.push_back(arguments[0]);
-    for (std::size_t i = 1; i < arguments.size(); ++i) {
-        auto const& argument = arguments[i];
-        bool const hasValue = beginsWithDash(argument) && i + 1 < arguments.size() && !beginsWithDash(arguments[i + 1]);
-        auto const* value = hasValue ? &arguments[++i] : nullptr;
-        if (!equalIgnoringCase(argument, LOAD_CONFIGURATION_FLAG)) {
-            commandLine.kept.push_back(argument);
+    for (auto const& [argument, value] : pairArguments(arguments)) {
+        if (!equalIgnoringCase(*argument, LOAD_CONFIGURATION_FLAG)) {
+            commandLine.kept.push_back(*argument);
             if (value) {
                 commandLine.kept.push_back(*value);
             }

@@ -13,6 +13,7 @@
 #include "manager/ValidatorExtensionPoint.h"
 #include "schema/NameComparison.h"
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -20,16 +21,16 @@
 
 namespace kivo::configuration {
 
-/// The state of the manager. Its operations are spread over files by job: configuration_Manager.cpp keeps the
-/// registries, ManagerRetrieval.cpp collects values, ManagerEnabling.cpp sets providers up, ManagerStartUp.cpp loads
-/// what an installation offers, ManagerTexts.cpp composes texts.
+/// The state of the manager. Each of its jobs has a file: configuration_Manager.cpp keeps the registries,
+/// ManagerRetrieval.cpp collects values, ManagerEnabling.cpp sets up providers, ManagerStartUp.cpp loads what an
+/// installation offers, ManagerTexts.cpp composes texts.
 class Manager::Impl {
 public:
     Impl();
     ~Impl();
 
     // configuration_Manager.cpp
-    /// Takes ownership, unless it throws. Behind the providers of the same priority.
+    /// Takes ownership, unless it throws. The provider is asked after those of the same priority.
     void registerProvider(ValueProvider* provider);
     /// Makes, registers and returns a provider.
     template <class Provider>
@@ -60,9 +61,17 @@ public:
     void loadDefaultConfigurationRegistry();
     void registerDefaultValidators();
 
+    // ManagerTexts.cpp
+    using ComposeFunction = std::function<std::string(ValueProvider const&, Specification const*)>;
+    /// Lets the provider of a name compose a text about a specification, or a command-line provider where there is none
+    /// of that name.
+    /// @param buffer keeps the text
+    char const* composeMessage(std::string& buffer, char const* providerName, char const* specificationName,
+                               ComposeFunction const& compose) const;
+
     /// Sorted by priority; those of equal priority in the order of registration.
     std::vector<std::unique_ptr<ValueProvider>> mProviders;
-    /// What the next provider gets that enableConfiguration() or loadConfigurationFile() makes.
+    /// The priority of the next provider that enableConfiguration() or loadConfigurationFile() makes.
     int mNextProviderPriority = 1;
     KeyedRegistry<Specification> mSpecifications{"specification"};
     KeyedRegistry<ParameterEnumDefinition> mEnumDefinitions{"enumeration"};
@@ -74,7 +83,7 @@ public:
     ValidatorExtensionPoint mValidatorExtensionPoint;
     std::string mUsageMessage;
     std::string mHelpMessage;
-    /// The last representations, one of each kind in the process.
+    /// The last representation of each kind, shared by all managers of the process.
     static std::string smParameterItemRepresentationCache;
     static std::string smParameterValueItemRepresentationCache;
 };

@@ -21,7 +21,7 @@ namespace kivo::configuration {
 
 namespace {
 
-/// Checks merged values, fills in defaults, and gives the whole to the result with constraint groups dissolved.
+/// Checks merged values, fills in defaults, and adds the whole to the result without its constraint groups.
 void completeValues(Specification const* specification, ParameterValueGroup& values, ParameterValueGroup& result,
                     ParameterValueAggregationVisitor::SourceUse sourceUse) {
     ParameterErrors errors;
@@ -30,7 +30,7 @@ void completeValues(Specification const* specification, ParameterValueGroup& val
     runPhase(values, errors, ParameterValueAggregationVisitor(specification, result, errors, true, sourceUse));
 }
 
-/// What a tool gets whose user asked for help: the collected values as they are.
+/// When the user asked for help, the tool gets the collected values as they are.
 void addHelpRequest(Specification const& specification, ParameterValueGroup const& collected,
                     ParameterValueGroup& result) {
     auto group = std::make_unique<ParameterValueGroup>(specification.getParameterGroup());
@@ -53,7 +53,7 @@ Specification* Manager::Impl::findSpecification(char const* name) const {
 void Manager::Impl::getValues(Specification const* specification, ParameterValueGroup& result, int flags) const {
     KIVO_REQUIRE(specification != 0);
     ParameterValueGroup collected(nullptr);
-    // By position: a provider of somebody's own may register another one meanwhile.
+    // By position, since a caller's own provider may register another one during this loop.
     for (std::size_t i = 0; i < mProviders.size(); ++i) {
         auto& provider = *mProviders[i];
         if (provider.getEnabled() && !provider.getValues(specification, collected, flags)) {

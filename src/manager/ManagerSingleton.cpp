@@ -16,8 +16,8 @@ std::atomic<Manager*> Manager::smInstance{nullptr};
 
 namespace {
 
-/// The lock of getInstance() and shutdown(). It must outlive the manager: it is made before shutdown() is registered
-/// with atexit, and so destroyed after shutdown() has run.
+/// The lock of getInstance() and shutdown(). It is made before shutdown() is registered with atexit, so it is destroyed
+/// after shutdown() has run.
 class SingletonMutex {
 public:
     SingletonMutex() { pthread_mutex_init(&mMutex, nullptr); }
@@ -37,7 +37,7 @@ SingletonMutex& managerSingletonMutex() {
     return mutex;
 }
 
-/// Makes the lock when the library is loaded, whether a manager is asked for or not.
+/// Makes the lock when the library is loaded, whether or not a manager is ever asked for.
 [[maybe_unused]] SingletonMutex& madeAtLoadTime = managerSingletonMutex();
 
 } // namespace
@@ -51,7 +51,7 @@ Manager* Manager::getInstance() {
         return instance;
     }
     auto* instance = std::make_unique<Manager>().release();
-    // Before anything is loaded: what loads asks for the instance on this thread, and must not come to the lock again.
+    // Published before anything is loaded: loading calls getInstance() on this thread, which must not lock again.
     smInstance.store(instance, std::memory_order_release);
     instance->mImpl->registerDefaultValidators();
     instance->mImpl->loadDefaultConfigurationRegistry();
@@ -61,7 +61,7 @@ Manager* Manager::getInstance() {
 
 void Manager::shutdown() {
     std::scoped_lock const lock(managerSingletonMutex());
-    // Reset last: what the manager destroys may ask for the instance, and must not come to the lock again.
+    // Cleared last: what the manager destroys may call getInstance(), which must not lock again.
     std::unique_ptr<Manager>(smInstance.load(std::memory_order_acquire)).reset();
     smInstance.store(nullptr, std::memory_order_release);
 }

@@ -3,6 +3,7 @@
 #include <configuration/ConfigurationException.h>
 
 #include "kernel/kvDirectories.h"
+#include "kernel/kvKivo.h"
 #include "manager/ConfigurationRegistryFilesFinder.h"
 #include "manager/ContextMgr.h"
 #include "manager/InstallationPaths.h"
@@ -36,7 +37,15 @@ ConfigurationRegistryFilesFinder::Paths findRegistryFiles() {
     return finder.getPaths();
 }
 
-/// Registers a validator, and destroys it when it is refused.
+/// Says in the main log where the main registry file was looked for.
+void logSearchedDirectories() {
+    auto const text = std::string("Unable to find the ") + MAIN_CONFIGURATION_REGISTRY_FILE_NAME +
+                      " file in these directories:\n [etc = " + describeInstallationDirectory(kvGetEtcDir) +
+                      "]\n [plug-ins, and all below = " + describeInstallationDirectory(kvGetPluginsDir) + "]";
+    kvKivo::addToMainLog("Kernel", text.c_str());
+}
+
+/// Registers a validator, or destroys it when it is refused.
 void addOwned(KeyedRegistry<ParameterValidator>& validators, ParameterValidator* made) {
     std::unique_ptr<ParameterValidator, Destroyer> validator(made);
     validators.add(validator->getName(), validator.get());
@@ -50,6 +59,7 @@ void Manager::Impl::loadDefaultConfigurationRegistry() {
     auto paths = findRegistryFiles();
     auto const main = std::ranges::find_if(paths, isMainRegistry);
     if (main == paths.end()) {
+        logSearchedDirectories();
         throw ConfigurationException("Unable to find the %s file.", MAIN_CONFIGURATION_REGISTRY_FILE_NAME);
     }
     XmlScope const scope;

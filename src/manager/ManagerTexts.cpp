@@ -9,36 +9,34 @@
 
 namespace kivo::configuration {
 
-namespace {
-
-/// The text of a provider of the manager's, or of a command-line provider when there is none of that name.
-template <class Compose>
-char const* composeInto(std::string& buffer, ValueProvider const* provider, Compose compose) {
-    buffer = compose(provider ? *provider : static_cast<ValueProvider const&>(CommandLineValueProvider(1)));
-    return buffer.c_str();
-}
-
-} // namespace
-
-char const* Manager::composeUsageMessage(char const* providerName, char const* specificationName) const {
+char const* Manager::Impl::composeMessage(std::string& buffer, char const* providerName, char const* specificationName,
+                                          ComposeFunction const& compose) const {
     KIVO_REQUIRE(providerName != 0 && strlen(providerName) > 0);
     KIVO_REQUIRE_AS("specificationName != 0 && strlen( specificationName) > 0",
                     specificationName != 0 && strlen(specificationName) > 0);
-    auto const* specification = mImpl->findSpecification(specificationName);
-    return composeInto(mImpl->mUsageMessage, mImpl->findProvider(providerName), [&](ValueProvider const& provider) {
-        return std::string(provider.composeUsageMessage(specification));
-    });
+    auto const* specification = findSpecification(specificationName);
+    if (auto const* provider = findProvider(providerName)) {
+        buffer = compose(*provider, specification);
+    } else {
+        buffer = compose(CommandLineValueProvider(1), specification);
+    }
+    return buffer.c_str();
+}
+
+char const* Manager::composeUsageMessage(char const* providerName, char const* specificationName) const {
+    return mImpl->composeMessage(mImpl->mUsageMessage, providerName, specificationName,
+                                 [](ValueProvider const& provider, Specification const* specification) {
+                                     return std::string(provider.composeUsageMessage(specification));
+                                 });
 }
 
 char const* Manager::composeHelpMessage(char const* providerName, char const* specificationName,
                                         unsigned long screenWidth, unsigned long maxParameterNameWidth) const {
-    KIVO_REQUIRE(providerName != 0 && strlen(providerName) > 0);
-    KIVO_REQUIRE_AS("specificationName != 0 && strlen( specificationName) > 0",
-                    specificationName != 0 && strlen(specificationName) > 0);
-    auto const* specification = mImpl->findSpecification(specificationName);
-    return composeInto(mImpl->mHelpMessage, mImpl->findProvider(providerName), [&](ValueProvider const& provider) {
-        return std::string(provider.composeHelpMessage(specification, screenWidth, maxParameterNameWidth));
-    });
+    return mImpl->composeMessage(
+        mImpl->mHelpMessage, providerName, specificationName,
+        [&](ValueProvider const& provider, Specification const* specification) {
+            return std::string(provider.composeHelpMessage(specification, screenWidth, maxParameterNameWidth));
+        });
 }
 
 std::string Manager::Impl::smParameterItemRepresentationCache;

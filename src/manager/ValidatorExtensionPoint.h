@@ -6,14 +6,14 @@
 
 namespace kivo::configuration {
 
-/// The kernel's extension point at which plug-ins offer validators, in storage of the kernel's.
+/// The kernel's extension point at which plug-ins offer validators. Its memory comes from the kernel.
 class ValidatorExtensionPoint {
 public:
     ValidatorExtensionPoint();
 
     /// The number of plug-ins.
     unsigned long getNumberOfPlugins() const;
-    /// A new object of a plug-in's, or null when the plug-in makes none.
+    /// A new object, made by the plug-in at `index`; null when the plug-in makes none.
     void* createImplementation(unsigned long index) const;
 
 private:

@@ -8,11 +8,13 @@
 #include <configuration/ParameterValueGroup.h>
 #include <configuration/Specification.h>
 
+#include "providers/CommandLineArguments.h"
 #include "providers/NameFixer.h"
 #include "schema/ContractChecks.h"
 #include "values/GroupEditing.h"
 #include "values/ValueItemUtil.h"
 
+#include <algorithm>
 #include <string>
 
 namespace kivo::configuration {
@@ -37,7 +39,11 @@ std::string trim(char const* argument) {
     return std::string(text.substr(first, text.find_last_not_of(WHITE_SPACE) - first + 1));
 }
 
-bool isFlag(std::string const& argument) { return argument.starts_with('-'); }
+std::vector<std::string> trimAll(int argc, char const* const* argv) {
+    std::vector<std::string> texts(static_cast<std::size_t>(argc));
+    std::transform(argv, argv + argc, texts.begin(), trim);
+    return texts;
+}
 
 /// The name by which an argument that is no flag's value is added.
 std::string nameOf(std::string const& argument, int flags) {
@@ -53,7 +59,8 @@ std::string nameOf(std::string const& argument, int flags) {
     return argument.substr(1);
 }
 
-char const* textOrNull(std::string const& text) { return text.empty() ? nullptr : text.c_str(); }
+/// A value's text, or null: a value of white space only counts as none.
+char const* textOf(std::string const* value) { return value && !value->empty() ? value->c_str() : nullptr; }
 
 /// Gives every value that shares its id with an earlier one to that one.
 void mergeValuesOfOneId(ParameterValueGroup& group) {
@@ -85,18 +92,10 @@ CommandLineValueProvider::~CommandLineValueProvider() = default;
 char const* CommandLineValueProvider::getName() const { return Manager::COMMAND_LINE_PROVIDER_NAME; }
 
 void CommandLineValueProvider::setArguments(int argc, char const* const* argv, int flags) {
+    std::vector<std::string> const texts = argv && argc > 0 ? trimAll(argc, argv) : std::vector<std::string>();
     auto arguments = Impl::noArguments();
-    for (int i = 1; argv && i < argc; ++i) {
-        auto const argument = trim(argv[i]);
-        auto const name = nameOf(argument, flags);
-        std::string text;
-        if (isFlag(argument) && i + 1 < argc) {
-            if (auto next = trim(argv[i + 1]); !isFlag(next)) {
-                text = std::move(next);
-                ++i;
-            }
-        }
-        arguments->addValue(name.c_str(), textOrNull(text));
+    for (auto const& [argument, value] : pairArguments(texts)) {
+        arguments->addValue(nameOf(*argument, flags).c_str(), textOf(value));
     }
     mImpl->mArguments = std::move(arguments);
 }

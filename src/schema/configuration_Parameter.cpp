@@ -11,6 +11,7 @@
 
 #include "schema/ContractChecks.h"
 #include "schema/ParameterItemImpl.h"
+#include "schema/ValueTypes.h"
 #include "visitors/SecondPhaseValidationVisitor.h"
 
 namespace kivo::configuration {
@@ -41,16 +42,6 @@ ParameterValidator const* findValidator(char const* name) {
     return validator;
 }
 
-/// The default that an optional parameter of some types has when none is declared, or null.
-char const* implicitDefault(Parameter::ValueType type) {
-    switch (type) {
-    case Parameter::BOOLEAN_PARAMETER:
-    case Parameter::INT_PARAMETER:
-    case Parameter::DOUBLE_PARAMETER: return "0";
-    default: return nullptr;
-    }
-}
-
 std::unique_ptr<ParameterValue> makeDefaultValue(Parameter const& parameter, char const* text,
                                                  Parameter::ValueType type, ParameterValidator const* validator) {
     auto value = std::make_unique<ParameterValue>(&parameter, text);
@@ -75,7 +66,7 @@ Parameter::Parameter(char const* id, char const* name, char const* description, 
       mImpl(static_cast<Impl*>(getImpl())) {
     mImpl->mValidator = findValidator(validatorName);
     if (optional && !defaultValue) {
-        defaultValue = implicitDefault(valueType);
+        defaultValue = traitsOf(valueType).implicitDefault;
         if (!defaultValue && !unbounded) {
             throw ConfigurationException("Optional parameter \"%s\" is missing a default value", name);
         }

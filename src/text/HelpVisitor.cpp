@@ -17,7 +17,8 @@ namespace {
 
 char const* const BREAK_CHARACTERS = " /\\";
 constexpr unsigned long NAME_CONTINUATION_INDENT = 3;
-/// As many columns as a terminal can have. No column is padded beyond: the width may stand for "unlimited".
+/// As many columns as a terminal can have. Lines are not padded beyond them: a caller may use a huge width for
+/// "unlimited".
 constexpr unsigned long WIDEST_PADDING = 65535;
 
 std::stringstream wrapToColumn(std::string const& text, unsigned long columnWidth, unsigned long indent) {
@@ -60,8 +61,8 @@ bool HelpVisitor::visitParameter(Parameter const& parameter) {
     auto const name = std::string("-") + parameter.getName() + valuePlaceholder(parameter);
     auto names = wrapToColumn(name, mNameColumnWidth, NAME_CONTINUATION_INDENT);
     auto descriptions = wrapToColumn(parameter.getDescription(), mDescriptionColumnWidth, 0);
-    // Each column ends with a line feed, so that the empty line behind it tells that it is exhausted. An empty line in
-    // the description ends the entry as well, unless the name is still going on.
+    // Each column ends with a line feed, so an empty line after it means that nothing is left of it. An empty line in
+    // the description ends the entry, too, unless lines of the name are left.
     for (;;) {
         auto const nameLine = nextLine(names);
         auto const descriptionLine = nextLine(descriptions);

@@ -7,6 +7,8 @@
 #include <configuration/ParameterValidator.h>
 #include <configuration/ParameterValue.h>
 
+#include "schema/ValueTypes.h"
+
 namespace kivo::configuration {
 
 namespace {
@@ -37,16 +39,7 @@ std::string ParameterItemRepresentationVisitor::getRepresentation(ParameterItem 
 }
 
 std::string ParameterItemRepresentationVisitor::getValueTypeString(Parameter::ValueType type) {
-    switch (type) {
-    case Parameter::BOOLEAN_PARAMETER: return "bool";
-    case Parameter::STRING_PARAMETER: return "string";
-    case Parameter::INT_PARAMETER: return "int";
-    case Parameter::UINT_PARAMETER: return "unsigned int";
-    case Parameter::DOUBLE_PARAMETER: return "double";
-    case Parameter::OID_PARAMETER: return "OID";
-    case Parameter::ENUM_PARAMETER: return "enum";
-    }
-    return "unknown";
+    return traitsOf(type).title;
 }
 
 bool ParameterItemRepresentationVisitor::visitGroupStart(ParameterGroup const& group) {

@@ -48,18 +48,20 @@ std::string ParameterValueItemRepresentationVisitor::getRepresentation() const {
 
 void ParameterValueItemRepresentationVisitor::printValue(ParameterValue const& value, unsigned long index) {
     auto const* parameter = value.getParameter();
-    switch (parameter ? parameter->getValueType() : Parameter::STRING_PARAMETER) {
-    case Parameter::INT_PARAMETER: mPrinter.printIntValue(value.getIntValue(index)); break;
+    switch (parameter ? parameter->getValueType() : Parameter::STRING_PARAMETER) { // no default: see ValueTypes.cpp
     case Parameter::BOOLEAN_PARAMETER: mPrinter.printBoolValue(value.getBooleanValue(index)); break;
+    case Parameter::INT_PARAMETER: mPrinter.printIntValue(value.getIntValue(index)); break;
     case Parameter::UINT_PARAMETER: mPrinter.printUIntValue(value.getUIntValue(index)); break;
     case Parameter::DOUBLE_PARAMETER: mPrinter.printDoubleValue(value.getDoubleValue(index)); break;
-    default: mPrinter.printStringValue(value.getValue(index, false));
+    case Parameter::STRING_PARAMETER:
+    case Parameter::OID_PARAMETER:
+    case Parameter::ENUM_PARAMETER: mPrinter.printStringValue(value.getValue(index, false)); break;
     }
     printSchemaItem(value);
     mPrinter.printNewLine();
 }
 
-/// The pointer output begins with "0x" of its own where there is an item.
+/// Where there is an item, its address is printed with a "0x" too.
 void ParameterValueItemRepresentationVisitor::printSchemaItem(ParameterValueItem const& item) {
     mPrinter.printLiteralValue(" (0x");
     mPrinter.printPointerValue(item.getParameterItem());

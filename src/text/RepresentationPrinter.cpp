@@ -27,7 +27,8 @@ void RepresentationPrinter::enterScope(char const* text) {
 }
 
 void RepresentationPrinter::leaveScope(char const* text) {
-    mIndent = createIndentString(static_cast<int>(--mDepth));
+    mDepth -= mDepth > 0 ? 1 : 0;
+    mIndent = createIndentString(static_cast<int>(mDepth));
     indent();
     mText << text;
     printNewLine();

@@ -6,7 +6,7 @@
 namespace kivo::configuration {
 
 /// Writes indented, brace-structured text: keys with values, and scopes that are indented by two more spaces. Alike in
-/// every locale. Scopes are to be left as often as they are entered.
+/// every locale.
 class RepresentationPrinter {
 public:
     RepresentationPrinter();
@@ -21,7 +21,7 @@ public:
     void printNewLine();
     /// Writes the line that begins a scope.
     void enterScope(char const* text);
-    /// Writes the line that ends the scope, indented as the one that began it.
+    /// Writes the line that ends the scope, indented as the one that began it. Without a scope, only writes the line.
     void leaveScope(char const* text);
 
     /// Begins a line. @param key null is written as such

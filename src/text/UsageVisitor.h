@@ -18,7 +18,7 @@ public:
     void visitGroupEnd(ParameterGroup const& group) override;
     bool visitParameter(Parameter const& parameter) override;
 
-    /// How a user gives the parameter: its name behind a dash.
+    /// How a user gives the parameter: a dash and its name.
     virtual std::string getParameterName(Parameter const& parameter);
     /// How a user gives the group: its name. The text shows no groups.
     virtual std::string getParameterGroupName(ParameterGroup const& group);

@@ -26,8 +26,8 @@ public:
     }
 
 private:
-    /// Where the line ends; a place that is not behind `position` cannot end it. Looks no farther than the line
-    /// reaches, so that a long text is not searched again for every line.
+    /// Where the line ends; only a place after `position` can end it. Looks no farther than the line reaches, so that
+    /// a long text is not searched again for every line.
     std::size_t breakPosition(std::size_t position, std::size_t lineWidth) const {
         auto const reach = mText.substr(position, lineWidth + 1);
         if (auto const lineEnd = reach.find_first_of(LINE_ENDS); lineEnd != NONE) {

@@ -7,48 +7,11 @@
 #include <configuration/ParameterValue.h>
 
 #include "schema/ContractChecks.h"
-#include "schema/NameComparison.h"
-#include "values/NumberText.h"
+#include "schema/ValueTypes.h"
 
-#include <cstdio>
 #include <memory>
-#include <utility>
 
 namespace kivo::configuration {
-
-namespace {
-
-template <class Number>
-bool isIntegerOf(char const* text) {
-    auto const number = parseInteger(text);
-    return number.isWhole && std::in_range<Number>(number.value);
-}
-
-bool isBoolean(char const* text) {
-    return parseInteger(text).isWhole || equalIgnoringCase(text, "true") || equalIgnoringCase(text, "false");
-}
-
-/// Four numbers joined by hyphens; a fifth field means that something other than white space follows them.
-bool isOid(char const* text) {
-    unsigned int numbers[4];
-    char rest[11];
-    return std::sscanf(*text == '#' ? text + 1 : text, "%u-%u-%u-%u%10s", &numbers[0], &numbers[1], &numbers[2],
-                       &numbers[3], rest) == 4;
-}
-
-/// The type that a text is not, as messages name it; null when it fits.
-char const* findMisfit(char const* text, Parameter::ValueType type) {
-    switch (type) {
-    case Parameter::BOOLEAN_PARAMETER: return isBoolean(text) ? nullptr : "boolean";
-    case Parameter::INT_PARAMETER: return isIntegerOf<int>(text) ? nullptr : "signed integer";
-    case Parameter::UINT_PARAMETER: return isIntegerOf<unsigned int>(text) ? nullptr : "unsigned integer";
-    case Parameter::DOUBLE_PARAMETER: return parseDouble(text).isWhole ? nullptr : "double";
-    case Parameter::OID_PARAMETER: return isOid(text) ? nullptr : "OID";
-    default: return nullptr; // any text is a string; labels are looked up when they are read
-    }
-}
-
-} // namespace
 
 std::string SecondPhaseValidationVisitor::generateInvalidValueMessage(char const* parameterName, char const* valueText,
                                                                       char const* typeName) {
@@ -62,8 +25,8 @@ std::string SecondPhaseValidationVisitor::generateInvalidValueMessage(char const
 void SecondPhaseValidationVisitor::validate(char const* parameterName, char const* valueText,
                                             Parameter::ValueType valueType, ParameterErrors& errors) {
     KIVO_REQUIRE(valueText != 0);
-    if (char const* typeName = findMisfit(valueText, valueType)) {
-        errors.addError("%s", generateInvalidValueMessage(parameterName, valueText, typeName).c_str());
+    if (auto const& type = traitsOf(valueType); !type.accepts(valueText)) {
+        errors.addError("%s", generateInvalidValueMessage(parameterName, valueText, type.noun).c_str());
     }
 }
 

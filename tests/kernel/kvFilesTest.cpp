@@ -1,11 +1,13 @@
 #include "kernel/kvFiles.h"
 
+#include "kernel/FailingSystemCall.h"
 #include "kernel/kvDirectories.h"
 #include "support/TemporaryInstallation.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <map>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -14,80 +16,105 @@ namespace {
 
 using namespace kivo::test;
 
-TEST(kvFilesTest, TellWhatIsThereAndListDirectoriesInByteOrder) {
-    TemporaryDirectory const directory;
-    auto const at = [&](std::string const& name) { return directory.at(name); };
-    fs::create_directory(at("dir"));
-    directory.write("file", "text");
-    ASSERT_EQ(mkfifo(at("pipe").c_str(), 0600), 0);
-    fs::create_symlink("dir", at("to-dir"));
-    fs::create_symlink("no", at("no"));
+struct kvFilesTest : testing::Test {
+    /// The main log's record of a fault, with the path in the installation.
+    std::string record(std::string const& kind, std::string const& path, std::string const& fault) const {
+        return kind + " \"" + installation.at(path) + "\" " + fault;
+    }
+    TemporaryInstallation const installation;
+};
+
+TEST_F(kvFilesTest, TellWhatIsThere) {
+    installation.write("file", "text");
+    ASSERT_EQ(mkfifo(installation.at("pipe").c_str(), 0600), 0);
+    fs::create_symlink("etc", installation.at("to-etc"));
+    fs::create_symlink("circle", installation.at("circle"));
     std::map<int, std::vector<std::string>> const paths = {
         {0, {"file"}},
-        {2, {"missing", "file/below", "no", std::string(300, 'n'), std::string(5000, 'n')}},
-        {4, {"", "dir", "dir/", "to-dir"}},
+        {2, {"missing", "file/below", "circle", std::string(300, 'n'), std::string(5000, 'n')}},
+        {4, {"", "etc", "etc/", "to-etc"}},
         {8, {"pipe"}},
     };
     for (auto const& [status, pathsOfStatus] : paths) {
         for (auto const& path : pathsOfStatus) {
-            EXPECT_EQ(kvLocalExists(at(path).c_str()), status) << path;
+            EXPECT_EQ(kvLocalExists(installation.at(path).c_str()), status) << path;
         }
     }
     EXPECT_EQ(kvLocalExists(nullptr), 2);
+}
 
+TEST_F(kvFilesTest, ListDirectoriesInByteOrderWithoutDeadLinks) {
+    for (char const* file : {"etc/b", "etc/B", "etc/a"}) {
+        installation.write(file, "");
+    }
+    fs::create_symlink("a", installation.at("etc/to-a"));
+    fs::create_symlink("user@host.1", installation.at("etc/.#a"));
+    fs::create_symlink("circle", installation.at("etc/circle"));
     auto const openDescriptors = [] { return std::distance(fs::directory_iterator("/proc/self/fd"), {}); };
     auto const before = openDescriptors();
-    auto* const listing = kvLocalOpenDir(at("").c_str());
-    ASSERT_NE(listing, nullptr);
+    kvDirListingPointer const listing(kvLocalOpenDir(installation.at("etc").c_str()));
     EXPECT_EQ(openDescriptors(), before);
     std::string names;
     while (char const* const name = listing->next()) {
         names.append(name).append(" ");
     }
-    EXPECT_EQ(names, ". .. dir file no pipe to-dir ");
-    listing->close();
-    EXPECT_EQ(kvLocalOpenDir(nullptr), nullptr);
-    EXPECT_EQ(kvLocalOpenDir(at("file").c_str()), nullptr);
+    EXPECT_EQ(names, ". .. B a b kivobase.crg to-a ");
+    std::string const fault = "is left out, since it leads nowhere: ";
+    EXPECT_THAT(
+        installation.mainLog("Kernel"),
+        testing::UnorderedElementsAre(record("Link", "etc/.#a", fault + "No such file or directory"),
+                                      record("Link", "etc/circle", fault + "Too many levels of symbolic links")));
+}
 
-    fs::permissions(at("dir"), fs::perms::none);
+TEST_F(kvFilesTest, SayWhyADirectoryCannotBeReadOrExamined) {
+    EXPECT_EQ(kvLocalOpenDir(nullptr), nullptr);
+    EXPECT_EQ(kvLocalOpenDir(installation.at("missing").c_str()), nullptr);
+    auto const cannotRead = [this] {
+        bool const isSet = failSystemCall(SYS_getdents64, EIO);
+        _exit(isSet && kvLocalOpenDir(installation.at("etc").c_str()) ? 1 : 0);
+    };
+    EXPECT_EXIT(cannotRead(), testing::ExitedWithCode(0), "");
+    fs::permissions(installation.at(""), fs::perms(0755));
+    fs::permissions(installation.at("main.log"), fs::perms(0666));
+    fs::permissions(installation.at("plugins"), fs::perms::none);
     auto const user = geteuid(); // the superuser may look into everything
     ASSERT_TRUE(user != 0 || seteuid(65534) == 0);
-    EXPECT_EQ(kvLocalExists(at("dir/hidden").c_str()), 0) << "cannot be told to be missing";
+    EXPECT_EQ(kvLocalExists(installation.at("plugins/hidden").c_str()), 0) << "cannot be told to be missing";
     ASSERT_EQ(seteuid(user), 0);
+    EXPECT_THAT(installation.mainLog("Kernel"),
+                testing::ElementsAre(record("Directory", "missing", "cannot be read: No such file or directory"),
+                                     record("Directory", "etc", "cannot be read: Input/output error"),
+                                     record("File", "plugins/hidden", "cannot be examined: Permission denied")));
 }
 
 TEST(kvDirectoriesTest, OwnVariableThenHomeThenInstalled) {
     struct {
         bool (*get)(char* buffer, unsigned int size);
         char const *variable, *folder, *installed;
-    } const rows[] = {{kvGetEtcDir, "KIVO_ETC_DIR", "home/etc", KIVO_DEFAULT_ETC_DIR},
-                      {kvGetPluginsDir, "KIVO_PLUGINS_DIR", "home/plugins", KIVO_DEFAULT_PLUGINS_DIR},
-                      {kvGetConfigDir, "KIVO_CONFIG_DIR", "home/config", KIVO_DEFAULT_CONFIG_DIR}};
+    } const rows[] = {{kvGetEtcDir, "KIVO_ETC_DIR", "etc", KIVO_DEFAULT_ETC_DIR},
+                      {kvGetPluginsDir, "KIVO_PLUGINS_DIR", "plugins", KIVO_DEFAULT_PLUGINS_DIR},
+                      {kvGetConfigDir, "KIVO_CONFIG_DIR", "config", KIVO_DEFAULT_CONFIG_DIR}};
+    using Value = std::optional<std::string>;
+    TemporaryInstallation const installation;
+    auto const home = installation.at("");
+    auto const file = installation.write("file", "");
     for (auto const& row : rows) {
         SCOPED_TRACE(row.variable);
-        using Value = std::optional<std::string>;
-        auto const get = [&](Value const& own, Value const& home, unsigned int size = 1024) {
+        auto const get = [&](Value const& own, Value const& homeValue, std::size_t size = 1024) {
             ScopedEnvironment const ownVariable(row.variable, own);
-            ScopedEnvironment const homeVariable("KIVO_HOME", home);
-            std::string buffer(1024, '#');
-            bool const isWritten = row.get(buffer.data(), size);
-            EXPECT_NE(isWritten, buffer == std::string(1024, '#'));
-            return isWritten ? buffer.c_str() : std::string("none");
+            ScopedEnvironment const homeVariable("KIVO_HOME", homeValue);
+            char buffer[1024] = "unchanged";
+            bool const exists = row.get(buffer, static_cast<unsigned int>(size));
+            return (exists ? "" : "none: ") + std::string(buffer);
         };
+        EXPECT_EQ(get({}, {}), (fs::is_directory(row.installed) ? "" : "none: ") + std::string(row.installed));
+        EXPECT_EQ(get("", home), home + row.folder) << "empty is unset";
+        EXPECT_EQ(get({}, home + "etc"), "none: " + home + "etc/" + row.folder);
+        EXPECT_EQ(get(file, home), "none: " + file) << "a file is no directory, and is not replaced by another";
+        EXPECT_EQ(get(home, {}, home.size() + 1), home);
+        EXPECT_EQ(get(home, {}, home.size()), "none: unchanged");
+        EXPECT_EQ(get(home, {}, 0), "none: unchanged");
         EXPECT_FALSE(row.get(nullptr, 1024));
-        TemporaryDirectory const directory;
-        auto const home = directory.at("home");
-        EXPECT_EQ(get({}, {}), fs::is_directory(row.installed) ? row.installed : "none");
-        EXPECT_EQ(get({}, home), "none");
-        fs::create_directories(directory.at(row.folder));
-        EXPECT_EQ(get({}, home), directory.at(row.folder));
-        EXPECT_EQ(get("", home + "/"), directory.at(row.folder)) << "empty is unset";
-        EXPECT_EQ(get(directory.at("own"), home), "none") << "a missing directory is not replaced by another";
-        EXPECT_EQ(get(directory.write("file", ""), home), "none") << "a file is no directory";
-        auto const length = static_cast<unsigned int>(home.size());
-        EXPECT_EQ(get(home, {}, length + 1), home);
-        EXPECT_EQ(get(home, {}, length), "none");
-        EXPECT_EQ(get(home, {}, 0), "none");
     }
 }
 

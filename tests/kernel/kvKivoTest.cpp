@@ -1,16 +1,19 @@
 #include "kernel/kvKivo.h"
 
-#include "kernel/kvException.h"
+#include "kernel/FailingSystemCall.h"
+#include "kernel/kvContext.h"
 #include "support/TemporaryInstallation.h"
 
 #include <algorithm>
-#include <csignal>
+#include <fcntl.h>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <iterator>
 #include <ranges>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -38,13 +41,18 @@ TEST_F(MainLogTest, GetsHeadersAndUnchangedLines) {
 
 TEST_F(MainLogTest, IsARegularFileOrStandardError) {
     ASSERT_EQ(mkfifo(installation.at("pipe").c_str(), 0600), 0);
-    testing::internal::CaptureStderr();
-    for (auto const& target :
-         {installation.at("missing/log"), installation.at("pipe"), std::string("-"), std::string()}) {
-        ScopedEnvironment const variable("KIVO_MAIN_LOG", target);
-        kvKivo::addToMainLog("To", target.c_str()); // a pipe without a reader does not stop it
-    }
-    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::MatchesRegex("[^ ]* [^ ]* To\n-\n"));
+    auto const tryOthers = [this] {
+        for (auto const& target :
+             {installation.at("missing/log"), installation.at("pipe"), std::string("-"), std::string()}) {
+            ScopedEnvironment const variable("KIVO_MAIN_LOG", target);
+            kvKivo::addToMainLog("To", target.c_str()); // a pipe without a reader does not stop it
+        }
+        _exit(0);
+    };
+    // That the log cannot be written is said once.
+    EXPECT_EXIT(tryOthers(), testing::ExitedWithCode(0),
+                testing::MatchesRegex("The main log \"[^\n]*/missing/log\" cannot be written: "
+                                      "No such file or directory\n[^ ]* [^ ]* To\n-\n"));
     EXPECT_FALSE(std::filesystem::exists(installation.at("main.log")));
 }
 
@@ -73,16 +81,35 @@ TEST_F(MainLogTest, NeverMixesRecordsOfThreadsAndProcesses) {
     EXPECT_TRUE(std::ranges::equal(records, expected)) << records.size() << " records";
 }
 
-TEST_F(MainLogTest, HasNoHalfRecordWhenTheFileCannotGrow) {
+TEST_F(MainLogTest, DropsRecordsThatCannotBeWritten) {
     kvKivo::addToMainLog("Test", "whole");
+    auto const complaint = [this](std::string const& reason) {
+        return "The main log \"" + installation.at("main.log") + "\" cannot be written: " + reason + "\n";
+    };
     auto const writeTooMuch = [] {
-        std::signal(SIGXFSZ, SIG_IGN);
         rlimit const limit{1000, 1000};
         setrlimit(RLIMIT_FSIZE, &limit);
         kvKivo::addToMainLog("Test", std::string(5000, 'x').c_str());
         _exit(0);
     };
-    EXPECT_EXIT(writeTooMuch(), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(writeTooMuch(), testing::ExitedWithCode(0), complaint("File too large"));
+    auto const writeNothing = [] {
+        alarm(10);
+        if (failSystemCall(SYS_write, 0)) {
+            kvKivo::addToMainLog("Test", "nothing");
+        }
+        _exit(0);
+    };
+    EXPECT_EXIT(writeNothing(), testing::ExitedWithCode(0), "");
+    auto const writeLocked = [this] {
+        alarm(10);
+        flock(open(installation.at("main.log").c_str(), O_RDONLY), LOCK_EX);
+        for (int i = 0; i < 100; ++i) {
+            kvKivo::addToMainLog("Test", "locked");
+        }
+        _exit(0);
+    };
+    EXPECT_EXIT(writeLocked(), testing::ExitedWithCode(0), complaint("another process keeps it locked"));
     kvKivo::addToMainLog("Test", "whole again");
     EXPECT_THAT(installation.mainLog("Test"), ElementsAre("whole", "whole again"));
 }
@@ -91,12 +118,20 @@ TEST_F(MainLogTest, GetsExceptionsWhereReportingIsEnabled) {
     struct Fault : kvException {
         char const* what() const noexcept override { return nullptr; }
     };
+    kvContext context(1, 2);
+    kvContext::setCurrentShared(&context);
     kvException().reportErrors("not enabled");
-    kvException::setEnabled(nullptr, true);
+    EXPECT_FALSE(kvException::setEnabled(nullptr, true));
     kvException().reportErrors("Loading %d");
     Fault().reportErrors("");
+    std::thread([session = kvSessionCurrentGetFunction()] {
+        kvException().reportErrors("not enabled in this thread");
+        EXPECT_EQ(kvContext::current(nullptr), nullptr);
+        EXPECT_NE(kvContext::current(session), nullptr);
+    }).join();
     kvException().reportErrors(nullptr);
-    kvException::setEnabled(nullptr, false);
+    EXPECT_TRUE(kvException::setEnabled(nullptr, false));
+    kvContext::setCurrentShared(nullptr);
     EXPECT_THAT(installation.mainLog("Kernel"), ElementsAre("Loading %d: Kernel exception", "", "Kernel exception"));
 }
 

@@ -5,15 +5,12 @@
 #include <configuration/Specification.h>
 #include <configuration/ValueProvider.h>
 
-#include "kernel/standalone/kvTrace.h"
 #include "support/Exceptions.h"
 #include "support/ManagerTest.h"
 #include "support/Notation.h"
 #include "support/ValueTree.h"
 
 #include <gmock/gmock.h>
-#include <iterator>
-#include <sstream>
 
 namespace kivo::test {
 
@@ -46,6 +43,7 @@ TEST_F(ManagerStartUp, LoadsTheMainRegistryFirstAndTheOthersInTheOrderOfTheirPat
                              "plugins/x/y/Kivobase.crg", "plugins/W/g.crg", "plugins/kivobase.crg.d/h.crg"}) {
         installation.write(file, REGISTRY);
     }
+    fs::create_symlink("user@host.1:2", installation.at("etc/.#b.crg")); // as an editor locks a file
     fs::create_directory_symlink("..", installation.at("plugins/x/up"));
     fs::create_directory_symlink("../..", installation.at("plugins/x/y/up"));
     std::string const others = "etc/.crg etc/A.crg etc/b.crg plugins/kivobase.crg.d/h.crg plugins/W/g.crg ";
@@ -59,6 +57,10 @@ TEST_F(ManagerStartUp, KeepsTheInstanceAndWhatWasLoadedWhenLoadingThrows) {
     fs::remove_all(installation.at("etc"));
     fs::remove_all(installation.at("plugins"));
     EXPECT_EQ(whatOf<ConfigurationException>([] { Manager::getInstance(); }), MISSING);
+    EXPECT_EQ(installation.mainLog("Kernel").at(0),
+              "Unable to find the kivobase.crg file in these directories:\n [etc = \"" + installation.at("etc") +
+                  "\", no such directory]\n [plug-ins, and all below = \"" + installation.at("plugins") +
+                  "\", no such directory]");
     auto* const instance = Manager::getInstance();
     EXPECT_EQ(instance->getNumberofValidators(), 1u);
     installation.write("etc/kivobase.CRG", REGISTRY);
@@ -200,26 +202,6 @@ TEST_F(EnablingTest, StartsANewSetAndCountsPrioritiesOn) {
     manager().reset();
     enable(false, nullptr, {"-"});
     EXPECT_EQ(manager().getProvider(0)->getPriority(), 1);
-}
-
-TEST_F(EnablingTest, SwitchesContextsInScopesThatNestAndEndOnExceptions) {
-    Manager::shutdown();
-    kvContext before(1, 2);
-    kvContext::setCurrentShared(&before);
-    kvTrace::start();
-    EXPECT_EQ(whatOf([] { enable(false, "none.xml", {}); }).substr(0, 5), "File ");
-    std::ostringstream events;
-    std::ranges::copy(kvTrace::stop(), std::ostream_iterator<std::string>(events, " "));
-    kvContext::setCurrentShared(nullptr);
-    auto const enter = [](std::string const& name) {
-        return "setCurrentShared(null) new kvContext(200, 500) setCurrentShared(" + name + ") setEnabled(true) ";
-    };
-    auto const leave = [](std::string const& name) {
-        return "setCurrentShared(null) setCurrentShared(" + name + ") delete kvContext ";
-    };
-    // For the validators, for the registry, and for the configuration with its file.
-    EXPECT_EQ(events.str(), enter("#1") + leave("other") + enter("#2") + leave("other") + enter("#3") + enter("#4") +
-                                leave("#3") + leave("other"));
 }
 
 } // namespace

@@ -52,6 +52,14 @@ TEST(Representation, PrintsKeysWithValues) {
               "<<null>>: null\npointer: printer\nint: -2147483648\nuint: 4294967295\ntiny: -0.000000\n");
 }
 
+TEST(Representation, LeavesNoMoreScopesThanItEntered) {
+    RepresentationPrinter printer;
+    printer.leaveScope("}");
+    printer.enterScope("{");
+    printer.printKey("key");
+    EXPECT_EQ(printer.getRepresentation(), "}\n{\n  key: ");
+}
+
 TEST(Representation, ShowsAllPropertiesOfASchema) {
     Items items;
     ParameterEnumDefinition levels("Levels");

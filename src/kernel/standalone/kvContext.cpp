@@ -1,20 +1,19 @@
 #include "kernel/kvContext.h"
 
 #include "kernel/standalone/kvSession.h"
-#include "kernel/standalone/kvTrace.h"
 
 #include <type_traits>
 
 namespace {
+
 constinit thread_local kvSession tSession;
 static_assert(std::is_trivially_destructible_v<kvSession>);
+
 } // namespace
 
-kvContext::kvContext(unsigned int first, unsigned int second) : mFirstNumber(first), mSecondNumber(second) {
-    kvTrace::contextMade(*this);
-}
+kvContext::kvContext(unsigned int first, unsigned int second) : mFirstNumber(first), mSecondNumber(second) {}
 
-kvContext::~kvContext() { kvTrace::contextDeleted(); }
+kvContext::~kvContext() = default;
 
 unsigned int kvContext::getFirstNumber() const { return mFirstNumber; }
 
@@ -22,9 +21,6 @@ unsigned int kvContext::getSecondNumber() const { return mSecondNumber; }
 
 kvContext* kvContext::current(kvSession* session) { return kvSession::of(session).mContext; }
 
-void kvContext::setCurrentShared(kvContext* context) {
-    tSession.mContext = context;
-    kvTrace::contextSwitched(context);
-}
+void kvContext::setCurrentShared(kvContext* context) { tSession.mContext = context; }
 
 kvSession* kvSessionCurrentGetFunction() { return &tSession; }

@@ -1,7 +1,7 @@
 #include "kernel/kvDirectories.h"
 
 #include "kernel/kvFiles.h"
-#include "kernel/standalone/kvEnvironment.h"
+#include "kernel/standalone/Environment.h"
 
 #include <cstring>
 #include <string>
@@ -10,12 +10,12 @@ namespace {
 
 constexpr char SEPARATOR = '/';
 
-// Where one of the directories is: a variable of its own, else a folder of the home, else where it was installed.
+/// Where one of the directories is: a variable of its own, else a folder of the home, else where it was installed.
 std::string locate(char const* variable, char const* folder, char const* installed) {
-    if (char const* const directory = kvEnvironmentValue(variable)) {
+    if (auto const* directory = kivo::kernel::environmentValue(variable)) {
         return directory;
     }
-    char const* const home = kvEnvironmentValue("KIVO_HOME");
+    auto const* home = kivo::kernel::environmentValue("KIVO_HOME");
     if (!home) {
         return installed;
     }
@@ -27,11 +27,11 @@ std::string locate(char const* variable, char const* folder, char const* install
 }
 
 bool deliver(std::string const& directory, char* buffer, unsigned int size) {
-    if (!buffer || directory.size() >= size || (kvLocalExists(directory.c_str()) & KV_FILE_DIRECTORY) == 0) {
+    if (!buffer || directory.size() >= size) {
         return false;
     }
     std::memcpy(buffer, directory.c_str(), directory.size() + 1);
-    return true;
+    return (kvLocalExists(buffer) & KV_FILE_DIRECTORY) != 0;
 }
 
 } // namespace

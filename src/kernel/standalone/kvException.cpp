@@ -2,7 +2,6 @@
 
 #include "kernel/kvKivo.h"
 #include "kernel/standalone/kvSession.h"
-#include "kernel/standalone/kvTrace.h"
 
 #include <string>
 #include <utility>
@@ -19,8 +18,8 @@ void kvException::reportErrors(char const* context) {
     if (!isEnabled(nullptr)) {
         return;
     }
-    std::string text = context && *context != '\0' ? std::string(context) + ": " : std::string();
-    if (char const* const message = what()) {
+    auto text = context && *context != '\0' ? std::string(context) + ": " : std::string();
+    if (auto const* message = what()) {
         text += message;
     }
     kvKivo::addToMainLog("Kernel", text.c_str());
@@ -29,7 +28,6 @@ void kvException::reportErrors(char const* context) {
 kvException* kvException::asKernelException() { return nullptr; }
 
 bool kvException::setEnabled(kvSession* session, bool enabled) {
-    kvTrace::reportingSwitched(enabled);
     return std::exchange(kvSession::of(session).mReportingEnabled, enabled);
 }
 

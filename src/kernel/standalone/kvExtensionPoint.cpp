@@ -2,16 +2,17 @@
 
 #include "kernel/kvDirectories.h"
 #include "kernel/kvKivo.h"
-#include "kernel/standalone/kvPluginFiles.h"
+#include "kernel/standalone/PluginFiles.h"
 
 #include <array>
-#include <dlfcn.h>
-#include <limits.h>
-#include <link.h>
+#include <climits>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include <dlfcn.h>
+#include <link.h>
 
 namespace {
 
@@ -26,11 +27,11 @@ void logPassedOver(std::string const& file, std::string const& reason) {
     kvKivo::addToMainLog("Kernel", ("Plug-in file \"" + file + "\" passed over: " + reason).c_str());
 }
 
-// The function that the shared object itself exports under a name, or null. A plain lookup also finds those of the
-// libraries that the object is linked with, which may be plug-ins of another point.
-template <typename Function>
+/// The function that the shared object itself exports under a name, or null. A plain lookup also finds those of the
+/// libraries that the object is linked with, which may be plug-ins of another point.
+template <class Function>
 Function findOwnFunction(void* object, char const* name) {
-    void* const symbol = dlsym(object, name);
+    auto* symbol = dlsym(object, name);
     Dl_info info{};
     link_map* definedBy = nullptr;
     link_map* own = nullptr;
@@ -39,12 +40,12 @@ Function findOwnFunction(void* object, char const* name) {
     return known && definedBy == own ? reinterpret_cast<Function>(symbol) : nullptr;
 }
 
-// Nothing that was loaded is unloaded again, not even what turns out to be no plug-in: its initialisers may have left
-// threads, handlers or objects behind that run its code.
+/// Nothing that was loaded is unloaded again, not even what turns out to be no plug-in: its initialisers may have left
+/// threads, handlers or objects that run its code.
 std::optional<EntryPoints> load(std::string const& file) {
-    void* const object = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+    auto* object = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (!object) {
-        char const* const reason = dlerror();
+        auto const* reason = dlerror();
         logPassedOver(file, reason ? reason : "cannot be loaded");
         return std::nullopt;
     }
@@ -91,7 +92,7 @@ private:
 void kvExtensionPoint::Impl::search() {
     std::array<char, PATH_MAX> directory{};
     if (kvGetPluginsDir(directory.data(), static_cast<unsigned int>(directory.size()))) {
-        for (std::string const& file : kvFindPluginFiles(directory.data())) {
+        for (auto const& file : kivo::kernel::findPluginFiles(directory.data())) {
             examine(file);
         }
     }
@@ -101,11 +102,11 @@ void kvExtensionPoint::Impl::search() {
 }
 
 void kvExtensionPoint::Impl::examine(std::string const& file) {
-    std::optional<EntryPoints> const found = load(file);
+    auto const found = load(file);
     if (!found) {
         return;
     }
-    char const* const name = found->mName();
+    auto const* name = found->mName();
     if (std::string_view(name ? name : "") != mName) {
         return;
     }
@@ -124,6 +125,6 @@ kvExtensionPoint::~kvExtensionPoint() = default;
 unsigned long kvExtensionPoint::getNumberOfPlugins() { return mImpl->plugins().size(); }
 
 kvPlugin* kvExtensionPoint::getPlugin(unsigned long index) {
-    std::vector<kvPlugin>& plugins = mImpl->plugins();
+    auto& plugins = mImpl->plugins();
     return index < plugins.size() ? &plugins[index] : nullptr;
 }

@@ -1,19 +1,26 @@
 #include "kernel/kvFiles.h"
 
+#include "kernel/standalone/FileErrors.h"
+
 #include <algorithm>
 #include <cerrno>
-#include <dirent.h>
 #include <memory>
 #include <string>
-#include <sys/stat.h>
 #include <utility>
 #include <vector>
 
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
 namespace {
+
+using kivo::kernel::logFileError;
+using Names = std::vector<std::string>;
 
 class DirListing final : public kvDirListing {
 public:
-    explicit DirListing(std::vector<std::string> names) : mNames(std::move(names)) {}
+    explicit DirListing(Names names) : mNames(std::move(names)) {}
 
     char const* next() override { return mNext == mNames.size() ? nullptr : mNames[mNext++].c_str(); }
 
@@ -22,7 +29,7 @@ public:
 private:
     ~DirListing() = default;
 
-    std::vector<std::string> mNames;
+    Names mNames;
     std::size_t mNext = 0;
 };
 
@@ -30,8 +37,22 @@ struct CloseDirectory {
     void operator()(DIR* directory) const { closedir(directory); }
 };
 
-// Whether a failed examination means that nothing can be there, and not that it could not be examined.
+/// Whether a failed examination means that nothing can be there, and not that it could not be examined.
 bool meansMissing(int error) { return error == ENOENT || error == ENOTDIR || error == ELOOP || error == ENAMETOOLONG; }
+
+/// The next entry of a directory; null at its end, with errno 0, and after an error.
+dirent const* nextEntry(DIR* directory) {
+    errno = 0;
+    return readdir(directory);
+}
+
+/// The number of the reason why an entry is a link that leads nowhere; 0 when it is not.
+int deadLinkReason(DIR* directory, dirent const& entry) {
+    struct stat status {};
+    bool const canBeLink = entry.d_type == DT_LNK || entry.d_type == DT_UNKNOWN;
+    bool const isReached = !canBeLink || fstatat(dirfd(directory), entry.d_name, &status, 0) == 0;
+    return isReached || !meansMissing(errno) ? 0 : errno;
+}
 
 } // namespace
 
@@ -41,7 +62,11 @@ int kvLocalExists(char const* path) {
         return KV_FILE_MISSING;
     }
     if (stat(path, &status) != 0) {
-        return meansMissing(errno) ? KV_FILE_MISSING : 0;
+        if (meansMissing(errno)) {
+            return KV_FILE_MISSING;
+        }
+        logFileError("File", path, "cannot be examined", errno);
+        return 0;
     }
     if (S_ISDIR(status.st_mode)) {
         return KV_FILE_DIRECTORY;
@@ -49,16 +74,29 @@ int kvLocalExists(char const* path) {
     return S_ISREG(status.st_mode) ? 0 : KV_FILE_SPECIAL;
 }
 
+// Read at once and sorted: a caller that descends while it lists holds no descriptor per level, and what it finds does
+// not depend on the order in which the file system happens to keep the entries.
 kvDirListing* kvLocalOpenDir(char const* path) {
-    std::unique_ptr<DIR, CloseDirectory> const directory(path ? opendir(path) : nullptr);
-    if (!directory) {
+    if (!path) {
         return nullptr;
     }
-    // Read at once and sorted: a caller that descends while it lists holds no descriptor per level, and what it finds
-    // does not depend on the order in which the file system happens to keep the entries.
-    std::vector<std::string> names;
-    while (dirent const* const entry = readdir(directory.get())) {
-        names.emplace_back(entry->d_name);
+    std::unique_ptr<DIR, CloseDirectory> const directory(opendir(path));
+    if (!directory) {
+        logFileError("Directory", path, "cannot be read", errno);
+        return nullptr;
+    }
+    Names names;
+    while (auto const* entry = nextEntry(directory.get())) {
+        if (auto const reason = deadLinkReason(directory.get(), *entry); reason != 0) {
+            logFileError("Link", std::string(path) + '/' + entry->d_name, "is left out, since it leads nowhere",
+                         reason);
+        } else {
+            names.emplace_back(entry->d_name);
+        }
+    }
+    if (errno != 0) {
+        logFileError("Directory", path, "cannot be read", errno);
+        return nullptr;
     }
     std::sort(names.begin(), names.end());
     return new DirListing(std::move(names));

@@ -1,82 +1,50 @@
 #include "kernel/kvKivo.h"
 
-#include "kernel/standalone/kvEnvironment.h"
+#include "kernel/standalone/Environment.h"
+#include "kernel/standalone/LogFile.h"
 
 #include <array>
+#include <atomic>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <ctime>
-#include <fcntl.h>
 #include <string>
 #include <string_view>
-#include <sys/file.h>
-#include <sys/stat.h>
+
 #include <unistd.h>
 
 namespace {
 
-// The log file, opened and locked against every other writer for as long as this object lives. Each record opens the
-// file anew: it may have been moved away meanwhile, and a lock belongs to an opening, so that it parts threads, too.
-class LockedLog {
+using namespace kivo::kernel;
+
+/// Keeps the signal that a write sends beyond the process's limit of file sizes from ending the process.
+class FileSizeSignalBlock {
 public:
-    explicit LockedLog(char const* path)
-        // Without O_NONBLOCK a pipe that nobody reads would stop the process here.
-        : mDescriptor(
-              open(path, O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, S_IRUSR | S_IWUSR)) {
-        mUsable = mDescriptor >= 0 && isRegularFile() && lock();
+    FileSizeSignalBlock() {
+        sigemptyset(&mSignal);
+        sigaddset(&mSignal, SIGXFSZ);
+        sigset_t pending;
+        sigpending(&pending);
+        mWasPending = sigismember(&pending, SIGXFSZ) == 1;
+        pthread_sigmask(SIG_BLOCK, &mSignal, &mMask);
     }
-
-    ~LockedLog() {
-        if (mDescriptor >= 0) {
-            close(mDescriptor);
+    ~FileSizeSignalBlock() {
+        timespec const noTime{};
+        while (!mWasPending && sigtimedwait(&mSignal, nullptr, &noTime) < 0 && errno == EINTR) {
         }
+        pthread_sigmask(SIG_SETMASK, &mMask, nullptr);
     }
-
-    LockedLog(LockedLog const&) = delete;
-    LockedLog& operator=(LockedLog const&) = delete;
-
-    void append(std::string_view record);
+    FileSizeSignalBlock(FileSizeSignalBlock const&) = delete;
+    FileSizeSignalBlock& operator=(FileSizeSignalBlock const&) = delete;
 
 private:
-    bool isRegularFile() const {
-        struct stat status {};
-        return fstat(mDescriptor, &status) == 0 && S_ISREG(status.st_mode);
-    }
-
-    bool lock() const {
-        int result = -1;
-        do {
-            result = flock(mDescriptor, LOCK_EX);
-        } while (result != 0 && errno == EINTR);
-        return result == 0;
-    }
-
-    int mDescriptor;
-    bool mUsable = false;
+    sigset_t mSignal;
+    sigset_t mMask;
+    bool mWasPending;
 };
 
-// One write as a rule; false when the rest could not be written.
-bool writeAll(int descriptor, std::string_view text) {
-    while (!text.empty()) {
-        ssize_t const written = write(descriptor, text.data(), text.size());
-        if (written < 0 && errno != EINTR) {
-            return false;
-        }
-        text.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
-    }
-    return true;
-}
-
-void LockedLog::append(std::string_view record) {
-    struct stat before {};
-    if (!mUsable || fstat(mDescriptor, &before) != 0 || writeAll(mDescriptor, record)) {
-        return;
-    }
-    // A full disk, for example: the next record must not start within half of this one.
-    [[maybe_unused]] int const ignored = ftruncate(mDescriptor, before.st_size);
-}
-
-// UTC in ISO 8601 with milliseconds, such as 2024-02-29T23:59:59.042Z.
+/// UTC in ISO 8601 with milliseconds, such as 2024-02-29T23:59:59.042Z.
 std::string currentTime() {
     timespec now{};
     clock_gettime(CLOCK_REALTIME, &now);
@@ -90,7 +58,7 @@ std::string currentTime() {
 }
 
 std::string composeRecord(char const* category, char const* text) {
-    std::string record = currentTime() + ' ' + std::to_string(getpid()) + ' ';
+    auto record = currentTime() + ' ' + std::to_string(getpid()) + ' ';
     record += category ? category : "";
     record += '\n';
     record += text ? text : "";
@@ -98,20 +66,29 @@ std::string composeRecord(char const* category, char const* text) {
     return record;
 }
 
+/// Says on standard error, once in a process, that the log cannot be written.
+void complain(char const* path, std::string const& reason) {
+    static std::atomic_flag smWasSaid;
+    if (!smWasSaid.test_and_set()) {
+        writeAll(STDERR_FILENO, std::string("The main log \"") + path + "\" cannot be written: " + reason + '\n');
+    }
+}
+
 } // namespace
 
 // KIVO_MAIN_LOG names the log: a regular file, made when missing, or `-` for standard error. Without it there is no
 // log.
 void kvKivo::addToMainLog(char const* category, char const* text) {
-    char const* const target = kvEnvironmentValue("KIVO_MAIN_LOG");
+    auto const* target = environmentValue("KIVO_MAIN_LOG");
     if (!target) {
         return;
     }
-    std::string const record = composeRecord(category, text);
+    FileSizeSignalBlock const block;
+    auto const record = composeRecord(category, text);
     if (std::string_view(target) == "-") {
         // Not locked: a lock on an inherited descriptor excludes nobody who inherited it, too.
         writeAll(STDERR_FILENO, record);
-        return;
+    } else if (auto const reason = appendToLogFile(target, record); !reason.empty()) {
+        complain(target, reason);
     }
-    LockedLog(target).append(record);
 }

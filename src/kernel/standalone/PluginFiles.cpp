@@ -1,27 +1,26 @@
-#include "kernel/standalone/kvPluginFiles.h"
+#include "kernel/standalone/PluginFiles.h"
 
 #include "kernel/kvFiles.h"
+#include "kernel/standalone/FileErrors.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <map>
-#include <memory>
 #include <set>
 #include <string_view>
-#include <sys/stat.h>
 #include <utility>
+
+#include <sys/stat.h>
+
+namespace kivo::kernel {
 
 namespace {
 
+/// What a file or directory is, whatever path leads to it.
 using Identity = std::pair<dev_t, ino_t>;
 
-Identity identityOf(struct stat const& status) { return {status.st_dev, status.st_ino}; }
-
-struct CloseListing {
-    void operator()(kvDirListing* listing) const { listing->close(); }
-};
-
-// Enters the directories in the byte order of their paths, from a list instead of by recursion: so each is entered by
-// its smallest path, which every path below it begins with, and no depth of the tree exhausts the stack.
+/// Enters the directories in the byte order of their paths, from a list instead of by recursion. So each is entered by
+/// its smallest path, with which every path below it begins, and no depth of the tree exhausts the stack.
 class PluginFileSearch {
 public:
     explicit PluginFileSearch(std::string const& root) {
@@ -48,12 +47,12 @@ public:
 
 private:
     void list(std::string const& directory) {
-        std::unique_ptr<kvDirListing, CloseListing> const listing(kvLocalOpenDir(directory.c_str()));
+        kvDirListingPointer const listing(kvLocalOpenDir(directory.c_str()));
         if (!listing) {
             return;
         }
-        std::string const prefix = directory.ends_with('/') ? directory : directory + '/';
-        while (char const* const name = listing->next()) {
+        auto const prefix = directory.ends_with('/') ? directory : directory + '/';
+        while (auto const* name = listing->next()) {
             if (std::string_view(name) != "." && std::string_view(name) != "..") {
                 consider(prefix + name);
             }
@@ -63,12 +62,14 @@ private:
     void consider(std::string const& path) {
         struct stat status {};
         if (stat(path.c_str(), &status) != 0) {
+            logFileError("File", path, "cannot be examined", errno);
             return;
         }
+        Identity const identity(status.st_dev, status.st_ino);
         if (S_ISDIR(status.st_mode)) {
-            mPending.emplace(path, identityOf(status));
+            mPending.emplace(path, identity);
         } else if (S_ISREG(status.st_mode) && path.ends_with(".so")) {
-            mFiles.emplace_back(path, identityOf(status));
+            mFiles.emplace_back(path, identity);
         }
     }
 
@@ -79,4 +80,6 @@ private:
 
 } // namespace
 
-std::vector<std::string> kvFindPluginFiles(std::string const& root) { return PluginFileSearch(root).takeFiles(); }
+std::vector<std::string> findPluginFiles(std::string const& root) { return PluginFileSearch(root).takeFiles(); }
+
+} // namespace kivo::kernel

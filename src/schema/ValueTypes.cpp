@@ -1,0 +1,81 @@
+#include "kernel/kvProcessInit.h"
+
+#include "schema/ValueTypes.h"
+
+#include "schema/NameComparison.h"
+#include "values/NumberText.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <utility>
+
+namespace kivo::configuration {
+
+namespace {
+
+bool isAnything(char const*) { return true; }
+
+bool isBoolean(char const* text) {
+    return parseInteger(text).isWhole || equalIgnoringCase(text, "true") || equalIgnoringCase(text, "false");
+}
+
+template <class Number>
+bool isIntegerOf(char const* text) {
+    auto const number = parseInteger(text);
+    return number.isWhole && std::in_range<Number>(number.value);
+}
+
+bool isDouble(char const* text) { return parseDouble(text).isWhole; }
+
+/// Four numbers joined by hyphens. A fifth field means that something other than white space follows them.
+bool isOid(char const* text) {
+    unsigned int numbers[4];
+    char rest[11];
+    return std::sscanf(*text == '#' ? text + 1 : text, "%u-%u-%u-%u%10s", &numbers[0], &numbers[1], &numbers[2],
+                       &numbers[3], rest) == 4;
+}
+
+/// Any text is accepted as a label: labels are looked up when they are read.
+constexpr ValueTypeTraits VALUE_TYPES[] = {
+    // type                         word      title           noun                implicit default  check
+    {Parameter::BOOLEAN_PARAMETER, "bool", "bool", "boolean", "0", isBoolean},
+    {Parameter::STRING_PARAMETER, "string", "string", "string", nullptr, isAnything},
+    {Parameter::INT_PARAMETER, "int", "int", "signed integer", "0", isIntegerOf<int>},
+    {Parameter::UINT_PARAMETER, "uint", "unsigned int", "unsigned integer", nullptr, isIntegerOf<unsigned int>},
+    {Parameter::DOUBLE_PARAMETER, "double", "double", "double", "0", isDouble},
+    {Parameter::OID_PARAMETER, "oid", "OID", "OID", nullptr, isOid},
+    {Parameter::ENUM_PARAMETER, "enum", "enum", "label", nullptr, isAnything},
+};
+
+/// What a number that is no type comes to.
+constexpr ValueTypeTraits UNKNOWN_TYPE = {Parameter::STRING_PARAMETER, "", "unknown", "", nullptr, isAnything};
+
+/// The row of a type. A type without a row does not compile.
+template <Parameter::ValueType type>
+ValueTypeTraits const& row() {
+    static constexpr auto const* found = std::ranges::find(VALUE_TYPES, type, &ValueTypeTraits::type);
+    static_assert(found != std::end(VALUE_TYPES), "the type has no row in VALUE_TYPES");
+    return *found;
+}
+
+} // namespace
+
+ValueTypeTraits const& traitsOf(Parameter::ValueType type) {
+    switch (type) { // without a default: a type that is forgotten here does not compile
+    case Parameter::BOOLEAN_PARAMETER: return row<Parameter::BOOLEAN_PARAMETER>();
+    case Parameter::STRING_PARAMETER: return row<Parameter::STRING_PARAMETER>();
+    case Parameter::INT_PARAMETER: return row<Parameter::INT_PARAMETER>();
+    case Parameter::UINT_PARAMETER: return row<Parameter::UINT_PARAMETER>();
+    case Parameter::DOUBLE_PARAMETER: return row<Parameter::DOUBLE_PARAMETER>();
+    case Parameter::OID_PARAMETER: return row<Parameter::OID_PARAMETER>();
+    case Parameter::ENUM_PARAMETER: return row<Parameter::ENUM_PARAMETER>();
+    }
+    return UNKNOWN_TYPE;
+}
+
+std::optional<Parameter::ValueType> findValueType(std::string_view word) {
+    auto const* const found = std::ranges::find(VALUE_TYPES, word, &ValueTypeTraits::word);
+    return found == std::end(VALUE_TYPES) ? std::nullopt : std::optional(found->type);
+}
+
+} // namespace kivo::configuration

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <configuration/Parameter.h>
+
+#include <optional>
+#include <string_view>
+
+namespace kivo::configuration {
+
+/// What sets one type of values apart. The table of all types is in ValueTypes.cpp: a new type needs a row there, a
+/// check of its texts, and an accessor.
+struct ValueTypeTraits {
+    Parameter::ValueType type;
+    char const* word;             ///< names the type in registry files
+    char const* title;            ///< names the type in representations
+    char const* noun;             ///< names the type in messages: "… is not a valid <noun>"
+    char const* implicitDefault;  ///< of an optional parameter that declares none; null: it has to declare one
+    bool (*accepts)(char const*); ///< whether a text is a value of the type
+};
+
+/// The row of a type.
+ValueTypeTraits const& traitsOf(Parameter::ValueType type);
+
+/// The type that a registry file means by a word, letter by letter; nothing for any other word.
+std::optional<Parameter::ValueType> findValueType(std::string_view word);
+
+} // namespace kivo::configuration
