@@ -29,7 +29,7 @@ struct ParameterDeclaration {
     char const* valueName;
     char const* defaultValue;
     char const* validator;
-    char const* enumType; ///< null but for ENUM_PARAMETER
+    char const* enumType; ///< null unless the type is ENUM_PARAMETER
 };
 
 struct GroupDeclaration {
@@ -57,7 +57,7 @@ struct ExclusiveChoiceDeclaration {
     bool isOptional;
 };
 
-/// What is absent is as the parameter has it.
+/// What is absent stays as the parameter has it.
 struct ParameterReference {
     char const* id;
     char const* description;

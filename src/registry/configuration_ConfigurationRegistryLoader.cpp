@@ -59,7 +59,7 @@ void ConfigurationRegistryLoader::Impl::readFile(char const* fileName) {
     }
     XmlFile const file(fileName);
     file.getErrors().throwIfErrors();
-    mRegistrar = {}; // an earlier file that failed left groups open, and measured groups can have changed
+    mRegistrar = {}; // a faulty file may have left groups open, and groups can have changed since they were measured
     for (auto const& section : readSections(file.getDocument().getRoot())) {
         registerChildren(section.element, section.children);
     }
