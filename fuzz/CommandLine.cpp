@@ -1,5 +1,6 @@
 // After the byte of choices, each line of the input is an argument of a tool. The arguments go to a provider, which may
-// be strict; or, as the alternative, to the manager, which enables configuration as in a tool, with values files around.
+// be strict; or, as the alternative, to the manager, which enables configuration as in a tool, with values files
+// around.
 
 #include "Harness.h"
 #include "ToolSpecification.h"

@@ -5,6 +5,7 @@
 #include <configuration/ConfigurationException.h>
 
 #include "schema/NameComparison.h"
+#include "schema/ValueTypes.h"
 
 #include <algorithm>
 #include <string_view>
@@ -43,23 +44,12 @@ private:
     std::span<XmlAttribute const> mAttributes;
 };
 
-struct ValueTypeWord {
-    std::string_view word;
-    Parameter::ValueType type;
-};
-
-constexpr ValueTypeWord VALUE_TYPE_WORDS[] = {
-    {"bool", Parameter::BOOLEAN_PARAMETER}, {"string", Parameter::STRING_PARAMETER}, {"int", Parameter::INT_PARAMETER},
-    {"uint", Parameter::UINT_PARAMETER},    {"double", Parameter::DOUBLE_PARAMETER}, {"oid", Parameter::OID_PARAMETER},
-    {"enum", Parameter::ENUM_PARAMETER},
-};
-
 Parameter::ValueType valueTypeOf(char const* word) {
-    auto const* const found = std::ranges::find(VALUE_TYPE_WORDS, std::string_view(word), &ValueTypeWord::word);
-    if (found == std::end(VALUE_TYPE_WORDS)) {
+    auto const type = findValueType(word);
+    if (!type) {
         throw ConfigurationException("\"%s\" is not a acceptable value for the \"%s\" attribute", word, "type");
     }
-    return found->type;
+    return *type;
 }
 
 // One function for each element. Members are initialised in the order in which their attributes are asked for.
