@@ -1,5 +1,5 @@
-# What `cmake --install` puts where: the two libraries, the public headers, the CMake package, the pkg-config file, the
-# main registry file and the copyright notice.
+# What `cmake --install` puts where: the two libraries, the module, the public headers, the CMake package, the pkg-config
+# file, the main registry file and the copyright notice.
 # Everything is found relative to its own place, so an installed tree can be moved.
 
 include(CMakePackageConfigHelpers)
@@ -18,6 +18,11 @@ install(TARGETS kivo-configuration kivo-kernel
     EXPORT kivo-configuration
     LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
     INCLUDES DESTINATION "${includeDirectory}")
+
+# Where the library looks for it: beside itself, in a folder of the number of its binary interface.
+set_target_properties(kivo-configuration-xerces PROPERTIES INSTALL_RPATH "$ORIGIN/.." BUILD_RPATH_USE_ORIGIN ON)
+install(TARGETS kivo-configuration-xerces LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/kivo-configuration-1")
+
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/" "${PROJECT_BINARY_DIR}/include/"
     DESTINATION "${includeDirectory}"
     FILES_MATCHING PATTERN "*.h")

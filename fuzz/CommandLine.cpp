@@ -1,5 +1,6 @@
-// Behind the byte of choices, each line of the input is an argument of a tool. The alternative to a provider alone,
-// which may be strict, is to enable configuration as a tool does, with values files in reach.
+// After the byte of choices, each line of the input is an argument of a tool. The arguments go to a provider, which may
+// be strict; or, as the alternative, to the manager, which enables configuration as in a tool, with values files
+// around.
 
 #include "Harness.h"
 #include "ToolSpecification.h"

@@ -60,7 +60,7 @@ void Manager::Impl::getValues(Specification const* specification, ParameterValue
             break;
         }
     }
-    if (isFlagSet(collected, HELP)) {
+    if (readsAsTrue(collected, HELP)) {
         addHelpRequest(*specification, collected, result);
     } else {
         completeValues(specification, collected, result, ParameterValueAggregationVisitor::CONSUME);
@@ -71,7 +71,7 @@ void Manager::Impl::validateValues(Specification const* specification, Parameter
     KIVO_REQUIRE(specification != 0);
     ParameterErrors errors;
     runPhase(values, errors, ParameterMatchingVisitor(*specification, errors, (flags & STRICT_RECOGNITION) != 0));
-    if (isFlagSet(values, HELP)) {
+    if (readsAsTrue(values, HELP)) {
         return;
     }
     runPhase(values, errors, ConstraintSplitterVisitor(errors));

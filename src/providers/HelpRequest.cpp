@@ -7,7 +7,7 @@
 
 namespace kivo::configuration {
 
-bool isFlagSet(ParameterValueGroup const& group, char const* name) {
+bool readsAsTrue(ParameterValueGroup const& group, char const* name) {
     auto const* value = group.getValue(name);
     return value && value->getNumberOfValues() > 0 && value->getBooleanValue(0);
 }

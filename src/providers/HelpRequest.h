@@ -11,6 +11,6 @@ inline constexpr char const* NO_TITLE = "notitle";
 
 /// Whether a group holds a value of a name that reads as true.
 /// @throws ConfigurationException "\"<name>\" is not a parameter value": a group has that name
-bool isFlagSet(ParameterValueGroup const& group, char const* name);
+bool readsAsTrue(ParameterValueGroup const& group, char const* name);
 
 } // namespace kivo::configuration

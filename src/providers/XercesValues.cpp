@@ -3,14 +3,21 @@
 #include "providers/XercesValues.h"
 
 #include "providers/XmlValuesFile.h"
-#include "registry/xml/xerces/XercesTree.h"
+#include "registry/xml/XmlModuleReader.h"
+#include "registry/xml/xerces/DocumentTeller.h"
 #include "schema/ContractChecks.h"
+
+#include <new>
 
 namespace kivo::configuration {
 
 ParameterValueGroup* getGroupFromXmlElement(xercesc::DOMElement* element) {
     KIVO_REQUIRE(element != 0);
-    return getGroupFromXmlElement(toXmlDocument(*element).getRoot());
+    XmlModuleReader reader;
+    if (tellDocument(*element, {}, reader.makeClient()) == XML_MODULE_OUT_OF_MEMORY) {
+        throw std::bad_alloc();
+    }
+    return getGroupFromXmlElement(reader.builder.finish().getRoot());
 }
 
 } // namespace kivo::configuration

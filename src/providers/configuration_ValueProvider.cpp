@@ -40,7 +40,7 @@ public:
 namespace {
 
 void addIfSet(ParameterValueGroup& result, ParameterValueGroup const& source, char const* name) {
-    if (isFlagSet(source, name)) {
+    if (readsAsTrue(source, name)) {
         result.addItem(source.getValue(name)->clone(ParameterValueItem::DEEP_COPY));
     }
 }
@@ -77,7 +77,7 @@ bool ValueProvider::Impl::getValues(Specification const* specification, Paramete
         if (group->getNumberOfItems() == 0) {
             return true;
         }
-        if (isFlagSet(*group, HELP)) {
+        if (readsAsTrue(*group, HELP)) {
             for (char const* name : {HELP, QUIET, NO_TITLE}) {
                 addIfSet(result, *group, name);
             }

@@ -8,7 +8,7 @@ namespace kivo::configuration {
 /// registers what they declare with the Manager. References may name what stands earlier in the file or in files loaded
 /// before.
 ///
-/// One thread at a time. The loader keeps nothing of a file.
+/// One loader may load any number of files, one after another, also after a fault. It serves one thread at a time.
 class ConfigurationRegistryLoader {
 public:
     ConfigurationRegistryLoader();
@@ -19,9 +19,10 @@ public:
 
     /// Loads a file and records the outcome in the kernel's main log. The first fault ends the load; what was
     /// registered before it stays.
+    /// @param fileName null for a file that does not exist
     /// @throws ConfigurationException          the file does not exist, or does not have the format
-    /// @throws ConfigurationParameterException the faults of XML, one a line
-    /// @throws what the factories of the declared objects throw, ids that are taken among it
+    /// @throws ConfigurationParameterException the errors in the XML, one a line
+    /// @throws what the factories of the declared objects throw, for example for an id that is taken
     void loadFile(char const* fileName);
 
 private:

@@ -6,17 +6,17 @@ namespace kivo::configuration {
 
 class ParameterGroup;
 
-/// What a group amounts to when the groups inside it are written out at every place where they stand.
+/// The size of a group when every group inside it is counted again at each place that refers to it.
 struct UnfoldedSize {
     static constexpr unsigned long MAX_ITEMS = 1000000;
     static constexpr unsigned long MAX_LEVELS = 1000;
 
     unsigned long items = 0;  ///< parameters and groups below; MAX_ITEMS + 1 stands for any larger number
-    unsigned long levels = 0; ///< groups on the longest way down
+    unsigned long levels = 0; ///< groups below each other, at most
 };
 
-/// Sizes of finished groups. Each group is counted once, however often it is asked for, so that a few lines of
-/// references that unfold to millions of items cost no more than other lines.
+/// The sizes of finished groups. Each group is measured once: a few lines of references can unfold to millions of
+/// items, and must not cost more than other lines.
 class UnfoldedSizes {
 public:
     /// The size of what is below a group.

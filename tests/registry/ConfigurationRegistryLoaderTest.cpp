@@ -115,7 +115,8 @@ TEST_F(LoaderTest, ReadsEveryElementOfTheFormat) {
     for (char const* label : {"a", "b", "c", "d", "e", "f", "none", "least", "most"}) {
         numbers.push_back(manager().getEnumDefinition("levels")->getValue(label));
     }
-    EXPECT_THAT(numbers, testing::ElementsAre(0, 10, 11, -3, -2, 41, 0, -2147483648, 2147483647));
+    numbers.push_back(manager().getEnumDefinition("answers")->getValue("no"));
+    EXPECT_THAT(numbers, testing::ElementsAre(0, 10, 11, -3, -2, 41, 0, -2147483648, 2147483647, 0));
 }
 
 std::string enumeration(std::string const& values) { return tag("Enumerations", tag("Enumeration id='e'", values)); }

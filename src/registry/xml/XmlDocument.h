@@ -1,9 +1,15 @@
 #pragma once
 
+#include "registry/xml/XmlPlaces.h"
+
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <memory_resource>
+#include <optional>
 #include <span>
+#include <string_view>
+#include <vector>
 
 namespace kivo::configuration {
 
@@ -32,6 +38,7 @@ public:
     XmlElement const* getNextSibling() const { return mNextSibling; }
 
 private:
+    friend class XmlDocument;
     friend class XmlDocumentBuilder;
 
     char const* mName = nullptr;
@@ -40,19 +47,38 @@ private:
     XmlAttribute* mAttributes = nullptr;
     XmlElement* mFirstChild = nullptr;
     XmlElement* mNextSibling = nullptr;
+    /// Where its "<" is in the file's text; where the document does not have that, the line in which its tag ends.
+    std::size_t mPlace = 0;
 };
 
 /// The elements and attributes of an XML file, whoever read it. Texts, comments and processing instructions are not
 /// kept: no file of the library gives them a meaning.
+///
+/// Used by one thread at a time, since positions are found when somebody asks for one.
 class XmlDocument {
 public:
     XmlElement const& getRoot() const { return *mRoot; }
+
+    /// Where an element begins. Of a document that Xerces-C read: the line in which its start tag ends, and no column.
+    XmlPosition getPosition(XmlElement const& element) const;
+
+    /// Where the name of an attribute begins; that of its element, of a document that Xerces-C read.
+    /// @param attribute one of element.getAttributes()
+    XmlPosition getPosition(XmlElement const& element, XmlAttribute const& attribute) const;
 
 private:
     friend class XmlDocumentBuilder;
 
     std::unique_ptr<std::pmr::monotonic_buffer_resource> mArena;
     XmlElement const* mRoot = nullptr;
+    std::unique_ptr<char[]> mText;
+    std::size_t mTextSize = 0;
+
+    /// Made when the first position is asked for.
+    mutable std::optional<XmlPlaces> mPlaces;
+    /// Where the attributes of one element are: callers ask for many of one element.
+    mutable std::vector<std::size_t> mAttributePlaces;
+    mutable XmlElement const* mAttributePlacesOf = nullptr;
 };
 
 } // namespace kivo::configuration

@@ -8,11 +8,12 @@ namespace kivo::configuration {
 
 XmlDocumentBuilder::XmlDocumentBuilder() { mDocument.mArena = std::make_unique<std::pmr::monotonic_buffer_resource>(); }
 
-void XmlDocumentBuilder::startElement(std::string_view name, std::size_t attributeCount) {
+void XmlDocumentBuilder::startElement(std::string_view name, std::size_t place, std::size_t attributeCount) {
     auto* const element = new (allocate<XmlElement>(1)) XmlElement;
     element->mName = keepName(name);
     element->mPrefixLength = static_cast<std::uint32_t>(name.find(':') + 1); // 0 where there is none
     element->mAttributes = allocate<XmlAttribute>(attributeCount);
+    element->mPlace = place;
     append(*element);
     mOpen.push_back({element, nullptr});
 }
@@ -25,7 +26,11 @@ void XmlDocumentBuilder::addAttribute(std::string_view name, std::string_view va
 
 void XmlDocumentBuilder::endElement() { mOpen.pop_back(); }
 
-XmlDocument XmlDocumentBuilder::finish() { return std::move(mDocument); }
+XmlDocument XmlDocumentBuilder::finish(std::unique_ptr<char[]> text, std::size_t textSize) {
+    mDocument.mText = std::move(text);
+    mDocument.mTextSize = textSize;
+    return std::move(mDocument);
+}
 
 void XmlDocumentBuilder::append(XmlElement& element) {
     if (mOpen.empty()) {

@@ -14,7 +14,8 @@ public:
     XmlDocumentBuilder();
 
     /// Opens an element, inside the one that is open. Its attributes follow, in their final order.
-    void startElement(std::string_view name, std::size_t attributeCount);
+    /// @param place an index of the text that finish() is given, or a number of a line when it is given none
+    void startElement(std::string_view name, std::size_t place, std::size_t attributeCount);
 
     /// Gives the element that was opened last its next attribute.
     void addAttribute(std::string_view name, std::string_view value);
@@ -29,7 +30,8 @@ public:
     std::size_t getDepth() const { return mOpen.size(); }
 
     /// The document, once its last element is closed. Nothing can be added then.
-    XmlDocument finish();
+    /// @param text what the document was read from, where that is UTF-8 and at hand
+    XmlDocument finish(std::unique_ptr<char[]> text = nullptr, std::size_t textSize = 0);
 
 private:
     struct OpenElement {

@@ -2,20 +2,56 @@
 
 #include "registry/xml/XmlFile.h"
 
+#include "registry/xml/PlainXml.h"
+#include "registry/xml/XmlInput.h"
+#include "registry/xml/XmlMessage.h"
+#include "registry/xml/XmlModuleReader.h"
 #include "registry/xml/XmlScope.h"
-#include "registry/xml/xerces/XercesDocument.h"
-#include "registry/xml/xerces/XercesTree.h"
+
+#include <new>
 
 namespace kivo::configuration {
 
 XmlFile::XmlFile(char const* path) {
-    XmlScope const scope;
-    XercesDocument const document(path, nullptr);
-    mWarnings = document.getWarnings();
-    mErrors = document.getErrors();
-    if (mErrors.getNumberOfErrors() == 0) {
-        mDocument = toXmlDocument(*document.getDocument()->getDocumentElement());
+    XmlInput input(path);
+    if (!input.getProblem().empty()) {
+        addError(path, input.getProblem(), {});
+        return;
     }
+    auto plain = readPlainXml(input);
+    if (plain.document) {
+        mDocument = std::move(*plain.document);
+    } else {
+        readWithModule(path, input, plain);
+    }
+}
+
+void XmlFile::readWithModule(char const* path, XmlInput& input, PlainXml const& plain) {
+    XmlScope const scope;
+    auto const* const module = scope.getModule();
+    if (!module) {
+        auto const* const text = "this document needs the Xerces-C module, which cannot be opened";
+        addError(path, plain.fault.empty() ? text : plain.fault, plain.faultPosition);
+        return;
+    }
+    XmlModuleReader reader;
+    reader.input = &input;
+    auto const client = reader.makeClient();
+    auto const outcome = module->read(path, &client);
+    if (outcome == XML_MODULE_OUT_OF_MEMORY) {
+        throw std::bad_alloc();
+    }
+    mWarnings = std::move(reader.warnings);
+    mErrors = reader.errors;
+    if (outcome == XML_MODULE_FAILED) {
+        addError(path, "the Xerces-C module has failed", {});
+    } else if (mErrors.getNumberOfErrors() == 0) {
+        mDocument = reader.builder.finish();
+    }
+}
+
+void XmlFile::addError(char const* path, std::string const& text, XmlPosition position) {
+    mErrors.addError("%s", composeXmlMessage("ERROR", text, path, position).c_str());
 }
 
 } // namespace kivo::configuration

@@ -9,11 +9,15 @@
 
 namespace kivo::configuration {
 
+class XmlInput;
+struct PlainXml;
+
 /// An XML file that was read, and what there is to say about it, a line for each fault.
 class XmlFile {
 public:
     /// Reads a file. Whatever is wrong with it, missing files included, becomes a line in getErrors().
     /// @param path of a regular file, links followed
+    /// @throws std::bad_alloc memory has run out
     explicit XmlFile(char const* path);
 
     /// One line "XML WARNING: …" for each warning.
@@ -26,6 +30,9 @@ public:
     XmlDocument const& getDocument() const { return mDocument; }
 
 private:
+    void readWithModule(char const* path, XmlInput& input, PlainXml const& plain);
+    void addError(char const* path, std::string const& text, XmlPosition position);
+
     std::vector<std::string> mWarnings;
     ParameterErrors mErrors;
     XmlDocument mDocument;

@@ -2,9 +2,11 @@
 
 namespace kivo::configuration {
 
-/// The scope in which files are read. Scopes nest: what is costly to start is started by the first file that needs it,
-/// and kept to the end of the outermost scope, so whoever reads several files puts one around all of them. Documents
-/// may outlive it.
+struct XmlModule;
+
+/// The scope in which files are read. Scopes nest, in threads too: what is costly to start is started by the first file
+/// that needs it, and kept to the end of the outermost scope, so whoever reads several files puts one around all of
+/// them. Documents may outlive it.
 class XmlScope {
 public:
     XmlScope();
@@ -12,6 +14,10 @@ public:
 
     XmlScope(XmlScope const&) = delete;
     XmlScope& operator=(XmlScope const&) = delete;
+
+    /// The module of Xerces-C, or null when it cannot be opened.
+    /// @throws std::bad_alloc memory has run out
+    XmlModule const* getModule() const;
 };
 
 } // namespace kivo::configuration

@@ -2,7 +2,8 @@
 
 #include "registry/xml/xerces/BoundedDomParser.h"
 
-#include "registry/xml/xerces/RegularFileSource.h"
+#include "registry/xml/LocalCodePage.h"
+#include "registry/xml/xerces/ByteSource.h"
 #include "registry/xml/xerces/XmlText.h"
 
 #include <xercesc/dom/DOMException.hpp>
@@ -20,12 +21,7 @@ namespace kivo::configuration {
 
 namespace {
 
-constexpr XMLSize_t MAX_DEPTH = 1000;
 constexpr XMLSize_t MAX_NAMESPACES = 1000;
-constexpr XMLSize_t MAX_ATTRIBUTES = 10000;
-constexpr XMLSize_t MANY_ATTRIBUTES = 1000;
-constexpr XMLSize_t MAX_ATTRIBUTE_SQUARES = MAX_ATTRIBUTES * MAX_ATTRIBUTES; // of elements that have many
-constexpr XMLSize_t MAX_NAMES = 20000;
 constexpr XMLSize_t MAX_ENTITY_EXPANSIONS = 1000;
 constexpr XMLSize_t MAX_DEFAULTED_SIZE = 10000000; // in characters, of which a node counts as many as this:
 constexpr XMLSize_t ATTRIBUTE_SIZE = 100;
@@ -56,11 +52,7 @@ BoundedDomParser::BoundedDomParser(xercesc::ErrorHandler& errorHandler)
     getScanner()->setDocTypeHandler(&mDocumentTypeGuard);
 }
 
-void BoundedDomParser::read(RegularFileSource const& source) {
-    if (!source.getProblem().empty()) {
-        report(source.getProblem().c_str());
-        return;
-    }
+void BoundedDomParser::read(ByteSource const& source) {
     try {
         parse(source);
     } catch (InputRefuser::Refused const&) { // reported already
@@ -80,8 +72,8 @@ void BoundedDomParser::XMLDecl(XMLCh const* version, XMLCh const* encoding, XMLC
 void BoundedDomParser::startElement(xercesc::XMLElementDecl const& declaration, unsigned int uriId, XMLCh const* prefix,
                                     xercesc::RefVectorOf<xercesc::XMLAttr> const& attributes, XMLSize_t attributeCount,
                                     bool isEmpty, bool isRoot) {
-    if (mNamespaces.size() == MAX_DEPTH) {
-        mRefuser.refuse(moreThan("elements are nested", MAX_DEPTH, "levels deep"));
+    if (mNamespaces.size() == XmlLimits::MAX_DEPTH) {
+        mRefuser.refuse(moreThan("elements are nested", XmlLimits::MAX_DEPTH, "levels deep"));
     }
     countAttributes(attributeCount);
     if (declaration.hasAttDefs()) {
@@ -97,13 +89,15 @@ void BoundedDomParser::startElement(xercesc::XMLElementDecl const& declaration, 
         lastUriId = std::max(lastUriId, attribute.getURIId());
         namespaces += declaresNamespace(attribute.getQName());
     }
-    if (mNames.size() > MAX_NAMES || lastUriId > MAX_NAMES) { // ids count the namespaces of the document
-        mRefuser.refuse(moreThan("there are", MAX_NAMES, "different names"));
+    if (mNames.size() > XmlLimits::MAX_NAMES ||
+        lastUriId > XmlLimits::MAX_NAMES) { // ids count the namespaces of the document
+        mRefuser.refuse(moreThan("there are", XmlLimits::MAX_NAMES, "different names"));
     }
     if (namespaces > MAX_NAMESPACES) {
         mRefuser.refuse(moreThan("there are", MAX_NAMESPACES, "namespaces around an element"));
     }
     mNamespaces.push_back(namespaces);
+    mLines.push_back(getScanner()->getLocator()->getLineNumber());
     try {
         XercesDOMParser::startElement(declaration, uriId, prefix, attributes, attributeCount, isEmpty, isRoot);
     } catch (xercesc::DOMException const& fault) { // a declared default can have a name that no document holds
@@ -117,18 +111,12 @@ void BoundedDomParser::endElement(xercesc::XMLElementDecl const& declaration, un
     XercesDOMParser::endElement(declaration, uriId, isRoot, prefix);
 }
 
-void BoundedDomParser::report(XMLCh const* problem) {
-    error(0, xercesc::XMLUni::fgXMLErrDomain, xercesc::XMLErrorReporter::ErrType_Fatal, problem, nullptr, nullptr, 0,
-          0);
-}
-
 void BoundedDomParser::countAttributes(XMLSize_t count) {
-    if (count > MAX_ATTRIBUTES) {
-        mRefuser.refuse(moreThan("an element has", MAX_ATTRIBUTES, "attributes"));
+    if (count > XmlLimits::MAX_ATTRIBUTES) {
+        mRefuser.refuse(moreThan("an element has", XmlLimits::MAX_ATTRIBUTES, "attributes"));
     }
-    mAttributeSquares += count > MANY_ATTRIBUTES ? count * count : 0;
-    if (mAttributeSquares > MAX_ATTRIBUTE_SQUARES) {
-        mRefuser.refuse(moreThan("too many elements have", MANY_ATTRIBUTES, "attributes"));
+    if (!mLimits.countAttributes(count)) {
+        mRefuser.refuse(moreThan("too many elements have", XmlLimits::MANY_ATTRIBUTES, "attributes"));
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "registry/xml/XmlLimits.h"
 #include "registry/xml/xerces/DocumentTypeGuard.h"
 #include "registry/xml/xerces/InputRefuser.h"
 
@@ -8,11 +9,12 @@
 
 #include <cstddef>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace kivo::configuration {
 
-class RegularFileSource;
+class ByteSource;
 
 /// Reads the elements and attributes of a file into a document, without validation and without any other file or
 /// address, and refuses, as an error with line and column, what would take time or memory out of proportion to the
@@ -32,7 +34,11 @@ public:
     explicit BoundedDomParser(xercesc::ErrorHandler& errorHandler);
 
     /// Reads the whole file, or up to the first error that cannot be passed.
-    void read(RegularFileSource const& source);
+    /// @throws std::bad_alloc memory has run out
+    void read(ByteSource const& source);
+
+    /// The line in which each element's start tag ends, in the order of the tags.
+    std::vector<XMLFileLoc> takeLines() { return std::move(mLines); }
 
     void XMLDecl(XMLCh const* version, XMLCh const* encoding, XMLCh const* standalone,
                  XMLCh const* actualEncoding) override;
@@ -53,7 +59,6 @@ public:
     /// @}
 
 private:
-    void report(XMLCh const* problem);
     void countAttributes(XMLSize_t count);
     void countDefaults(xercesc::XMLElementDecl const& declaration);
     void checkName(XMLCh const* name);
@@ -65,10 +70,11 @@ private:
     bool mChecksTexts;
     /// For each open element the number of namespaces declared in it and around it.
     std::vector<XMLSize_t> mNamespaces;
-    XMLSize_t mAttributeSquares = 0;
+    XmlLimits mLimits;
     /// Hashes of the names seen.
     std::unordered_set<std::size_t> mNames;
     XMLSize_t mDefaultedSize = 0;
+    std::vector<XMLFileLoc> mLines;
 };
 
 } // namespace kivo::configuration

@@ -2,8 +2,10 @@
 
 #include "registry/xml/xerces/XercesDocument.h"
 
+#include "registry/xml/XmlInput.h"
+#include "registry/xml/XmlMessage.h"
 #include "registry/xml/xerces/BoundedDomParser.h"
-#include "registry/xml/xerces/RegularFileSource.h"
+#include "registry/xml/xerces/ByteSource.h"
 #include "registry/xml/xerces/XmlText.h"
 
 #include <xercesc/sax/SAXParseException.hpp>
@@ -11,10 +13,22 @@
 namespace kivo::configuration {
 
 XercesDocument::XercesDocument(char const* fileName, xercesc::ErrorHandler* errorHandler) : mFileName(fileName) {
-    RegularFileSource const source(fileName);
-    BoundedDomParser parser(errorHandler ? *errorHandler : *this);
-    parser.read(source);
-    mDocument.reset(parser.adoptDocument());
+    auto& handler = errorHandler ? *errorHandler : *this;
+    XmlInput input(fileName);
+    if (input.getProblem().empty()) {
+        read(ByteSource(fileName,
+                        [&input](char* buffer, std::size_t size) {
+                            auto const count = input.copy(buffer, size);
+                            return count ? static_cast<long>(*count) : -1;
+                        }),
+             handler);
+    } else {
+        handler.fatalError({toXmlText(input.getProblem()).c_str(), nullptr, nullptr, 0, 0});
+    }
+}
+
+XercesDocument::XercesDocument(char const* fileName, ByteSource const& source) : mFileName(fileName) {
+    read(source, *this);
 }
 
 XercesDocument::XercesDocument(xercesc::DOMDocument* document) : mDocument(document) {}
@@ -22,6 +36,8 @@ XercesDocument::XercesDocument(xercesc::DOMDocument* document) : mDocument(docum
 XercesDocument::~XercesDocument() = default;
 
 xercesc::DOMDocument* XercesDocument::getDocument() const { return mDocument.get(); }
+
+std::vector<XMLFileLoc> const& XercesDocument::getLines() const { return mLines; }
 
 ParameterErrors const& XercesDocument::getErrors() const { return mErrors; }
 
@@ -37,6 +53,13 @@ void XercesDocument::error(xercesc::SAXParseException const& exception) { addErr
 
 void XercesDocument::fatalError(xercesc::SAXParseException const& exception) { addError(exception); }
 
+void XercesDocument::read(ByteSource const& source, xercesc::ErrorHandler& errorHandler) {
+    BoundedDomParser parser(errorHandler);
+    parser.read(source);
+    mDocument.reset(parser.adoptDocument());
+    mLines = parser.takeLines();
+}
+
 void XercesDocument::addWarning(xercesc::SAXParseException const& exception) {
     mWarnings.push_back(generateMessage("WARNING", exception));
 }
@@ -47,18 +70,8 @@ void XercesDocument::addError(xercesc::SAXParseException const& exception) {
 
 std::string XercesDocument::generateMessage(char const* kind, xercesc::SAXParseException const& exception) const {
     auto const* const text = exception.getMessage();
-    std::string message = "XML ";
-    message.append(kind).append(": ").append(text ? toMessageText(text) : "").append(".");
-    if (!mFileName.empty()) {
-        message.append(" File: \"").append(mFileName).append("\".");
-    }
-    if (auto const line = exception.getLineNumber(); line != 0) {
-        message.append(" Line: ").append(std::to_string(line)).append(".");
-    }
-    if (auto const column = exception.getColumnNumber(); column != 0) {
-        message.append(" Column: ").append(std::to_string(column)).append(".");
-    }
-    return message;
+    return composeXmlMessage(kind, text ? toMessageText(text) : "", mFileName,
+                             {exception.getLineNumber(), exception.getColumnNumber()});
 }
 
 void XercesDocument::Releaser::operator()(xercesc::DOMDocument* document) const { document->release(); }

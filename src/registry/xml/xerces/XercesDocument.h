@@ -11,6 +11,8 @@
 
 namespace kivo::configuration {
 
+class ByteSource;
+
 /// The elements and attributes of one XML file, and what the parser said about it, a line for each fault. Texts between
 /// elements, comments and processing instructions are not kept: no file of the library gives them a meaning.
 ///
@@ -23,6 +25,10 @@ public:
     /// @param errorHandler gets what the parser says instead of this object's lists; null: the lists get it
     XercesDocument(char const* fileName, xercesc::ErrorHandler* errorHandler);
 
+    /// Reads a file's bytes as another one gets them.
+    /// @param fileName what messages call the file
+    XercesDocument(char const* fileName, ByteSource const& source);
+
     /// Takes a finished document over; null is allowed.
     explicit XercesDocument(xercesc::DOMDocument* document);
 
@@ -33,6 +39,9 @@ public:
 
     /// The document, which stays owned by this object, or null.
     xercesc::DOMDocument* getDocument() const;
+
+    /// The line in which each element's start tag ends, in the order of the tags; empty when no file was read.
+    std::vector<XMLFileLoc> const& getLines() const;
 
     /// One line "XML ERROR: …" for each error, fatal or not.
     ParameterErrors const& getErrors() const;
@@ -48,6 +57,7 @@ private:
     void error(xercesc::SAXParseException const& exception) override;
     void fatalError(xercesc::SAXParseException const& exception) override;
 
+    void read(ByteSource const& source, xercesc::ErrorHandler& errorHandler);
     void addWarning(xercesc::SAXParseException const& exception);
     void addError(xercesc::SAXParseException const& exception);
     std::string generateMessage(char const* kind, xercesc::SAXParseException const& exception) const;
@@ -57,6 +67,7 @@ private:
     };
 
     std::unique_ptr<xercesc::DOMDocument, Releaser> mDocument;
+    std::vector<XMLFileLoc> mLines;
     ParameterErrors mErrors;
     std::vector<std::string> mWarnings;
     std::string mFileName;

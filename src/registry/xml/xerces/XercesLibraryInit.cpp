@@ -2,25 +2,35 @@
 
 #include "registry/xml/xerces/XercesLibraryInit.h"
 
+#include <xercesc/util/OutOfMemoryException.hpp>
+#include <xercesc/util/PanicHandler.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLUni.hpp>
+
+#include <new>
 
 namespace kivo::configuration {
 
 namespace {
 
-void open() {
-    xercesc::XMLPlatformUtils::Initialize(xercesc::XMLUni::fgXercescDefaultLocale, nullptr, nullptr, nullptr);
-}
+/// The library's own handler ends the process. What it calls a panic comes of memory that it did not get.
+class Thrower final : public xercesc::PanicHandler {
+public:
+    void panic(PanicReasons) override { throw std::bad_alloc(); }
+};
 
 } // namespace
 
-XercesLibraryInit::XercesLibraryInit() { open(); }
+XercesLibraryInit::XercesLibraryInit() {
+    static Thrower handler;
+    try {
+        xercesc::XMLPlatformUtils::Initialize(xercesc::XMLUni::fgXercescDefaultLocale, nullptr, &handler, nullptr);
+    } catch (...) { // half open; it throws OutOfMemoryException, too, which is no std::exception
+        xercesc::XMLPlatformUtils::Terminate();
+        throw std::bad_alloc();
+    }
+}
 
 XercesLibraryInit::~XercesLibraryInit() { xercesc::XMLPlatformUtils::Terminate(); }
-
-void XercesLibraryInit::keepOpen() {
-    [[maybe_unused]] static bool const isOpen = (open(), true); // never closed
-}
 
 } // namespace kivo::configuration

@@ -4,13 +4,12 @@
 
 #include <configuration/ConfigurationException.h>
 
-#include <langinfo.h>
+#include "registry/xml/LocalCodePage.h"
 
 #include <algorithm>
 #include <climits>
 #include <cstdio>
 #include <cwchar>
-#include <string_view>
 
 namespace kivo::configuration {
 
@@ -23,11 +22,6 @@ bool isLeadSurrogate(char32_t c) { return c >= 0xD800 && c < 0xDC00; }
 bool isTrailSurrogate(char32_t c) { return c >= 0xDC00 && c < 0xE000; }
 
 bool isControl(char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }
-
-std::string_view codePageName() {
-    std::string_view const name = nl_langinfo(CODESET);
-    return name == "ANSI_X3.4-1968" ? "UTF-8" : name; // the former is how the locale "C" calls plain ASCII
-}
 
 /// The character at a position, which moves behind it. Half a surrogate pair is returned as it is: no code page has it.
 char32_t nextCharacter(XMLCh const*& position) {
@@ -101,12 +95,11 @@ std::string hexadecimal(char32_t c) {
 }
 
 std::string missingCharacter(char32_t c) {
-    return "character U+" + hexadecimal(c) + " is not in the local code page \"" + std::string(codePageName()) + "\"";
+    return "character U+" + hexadecimal(c) + " is not in the local code page \"" + std::string(getLocalCodePageName()) +
+           "\"";
 }
 
 } // namespace
-
-bool isLocalCodePageUnicode() { return codePageName() == "UTF-8"; }
 
 std::string toLocalText(XMLCh const* text) {
     return convert(

@@ -5,16 +5,11 @@
 #include <string>
 #include <type_traits>
 
-// Texts of the XML parser, which are UTF-16, in the local code page: that of the process's locale. The locale "C", in
-// which a process starts, names no code page of its own; there the local code page is UTF-8, so that the bytes of a
-// UTF-8 file come out as they went in. Nothing is ever replaced silently.
+// Texts of the XML parser, which are UTF-16, in the local code page. Nothing is ever replaced silently.
 
 namespace kivo::configuration {
 
 static_assert(std::is_same_v<XMLCh, char16_t>, "texts of the XML parser are compared with char16_t literals");
-
-/// Whether the local code page holds every character.
-bool isLocalCodePageUnicode();
 
 /// A text in the local code page.
 /// @throws ConfigurationException "character U+<code> is not in the local code page \"<name>\""

@@ -1,0 +1,193 @@
+#include "kernel/kvProcessInit.h"
+
+#include "registry/xml/PlainXml.h"
+
+#include "registry/xml/LocalCodePage.h"
+#include "registry/xml/XmlDocumentBuilder.h"
+#include "registry/xml/XmlInput.h"
+#include "registry/xml/XmlLimits.h"
+#include "schema/NameComparison.h"
+
+#include <expat.h>
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+
+namespace kivo::configuration {
+
+namespace {
+
+constexpr std::size_t MAX_SIZE = 64 << 20;
+constexpr std::size_t FIRST_PART = 64 << 10;
+
+bool isAscii(std::string_view text) {
+    return std::ranges::all_of(text, [](char c) { return static_cast<signed char>(c) >= 0; });
+}
+
+/// Whether the parser would take a text for UTF-16, whatever it is told.
+bool isUtf16(std::string_view text) {
+    return text.starts_with("\xFE\xFF") || text.starts_with("\xFF\xFE") || text.substr(0, 2).find('\0') != text.npos;
+}
+
+bool isPlainName(std::string_view name) { return isAscii(name) && name.find(':') == std::string_view::npos; }
+
+using TextPair = std::pair<std::string_view, std::string_view>;
+
+class PlainXmlReader {
+public:
+    explicit PlainXmlReader(XmlInput& input);
+
+    PlainXml read();
+
+private:
+    /// What the parser calls. An exception must not pass through it.
+    template <auto HANDLE, class... Arguments>
+    static void XMLCALL call(void* reader, Arguments... arguments) noexcept;
+
+    void declare(char const* version, char const* encoding, int standalone);
+    void startDocumentType(char const* name, char const* systemId, char const* publicId, int hasInternalSubset);
+    void readInstruction(char const* target, char const* data);
+    void startElement(char const* name, char const** attributes);
+    void endElement(char const* name);
+
+    bool parseAll();
+    void collectAttributes(char const** attributes);
+    void require(bool isPlain);
+    void stop();
+    PlainXml describeFault() const;
+
+    struct Free {
+        void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
+    };
+
+    XmlInput& mInput;
+    std::unique_ptr<std::remove_pointer_t<XML_Parser>, Free> mParser;
+    XmlDocumentBuilder mBuilder;
+    XmlLimits mLimits;
+    std::vector<TextPair> mAttributes; // of the element that begins
+    bool mIsStopped = false;
+    bool mIsOutOfMemory = false;
+    bool mIsDeclaredAscii = false;
+    bool const mAreTextsAscii = !isLocalCodePageUnicode();
+};
+
+PlainXmlReader::PlainXmlReader(XmlInput& input)
+    : mInput(input), mParser(XML_ParserCreate("UTF-8")) { // whatever the document declares: that is looked at here
+    if (!mParser) {
+        throw std::bad_alloc();
+    }
+    XML_SetUserData(mParser.get(), this);
+    XML_SetXmlDeclHandler(mParser.get(), call<&PlainXmlReader::declare>);
+    XML_SetStartDoctypeDeclHandler(mParser.get(), call<&PlainXmlReader::startDocumentType>);
+    XML_SetProcessingInstructionHandler(mParser.get(), call<&PlainXmlReader::readInstruction>);
+    XML_SetElementHandler(mParser.get(), call<&PlainXmlReader::startElement>, call<&PlainXmlReader::endElement>);
+}
+
+PlainXml PlainXmlReader::read() {
+    bool const isPlain = parseAll();
+    if (mIsOutOfMemory || XML_GetErrorCode(mParser.get()) == XML_ERROR_NO_MEMORY) {
+        throw std::bad_alloc();
+    }
+    if (isPlain) {
+        auto const size = mInput.getKept().size();
+        return {mBuilder.finish(mInput.takeKept(), size), {}, {}};
+    }
+    return XML_GetErrorCode(mParser.get()) == XML_ERROR_NONE || mIsStopped ? PlainXml{} : describeFault();
+}
+
+/// Parts grow, since the parser looks at a tag that is not complete again, from its beginning, with each part.
+/// @return whether the whole input is plain
+bool PlainXmlReader::parseAll() {
+    if (mInput.getExpectedSize() > MAX_SIZE) {
+        return false;
+    }
+    for (auto size = FIRST_PART;; size = mInput.getKept().size()) {
+        auto const part = mInput.readOn(size);
+        if (!part || mInput.getKept().size() > MAX_SIZE || isUtf16(mInput.getKept())) {
+            return false;
+        }
+        bool const isLast = part->size() < size;
+        if (XML_Parse(mParser.get(), part->data(), static_cast<int>(part->size()), isLast) != XML_STATUS_OK ||
+            (mIsDeclaredAscii && !isAscii(mInput.getKept()))) {
+            return false;
+        }
+        if (isLast) {
+            return true;
+        }
+    }
+}
+
+template <auto HANDLE, class... Arguments>
+void PlainXmlReader::call(void* reader, Arguments... arguments) noexcept {
+    auto& self = *static_cast<PlainXmlReader*>(reader);
+    if (self.mIsStopped) { // a call or two can follow
+        return;
+    }
+    try {
+        (self.*HANDLE)(arguments...);
+    } catch (std::bad_alloc const&) {
+        self.mIsOutOfMemory = true;
+        self.stop();
+    }
+}
+
+void PlainXmlReader::declare(char const* version, char const* encoding, int) {
+    require(std::strcmp(version, "1.0") == 0);
+    mIsDeclaredAscii = encoding && equalIgnoringCase(encoding, "US-ASCII");
+    require(!encoding || mIsDeclaredAscii || equalIgnoringCase(encoding, "UTF-8"));
+}
+
+void PlainXmlReader::startDocumentType(char const*, char const*, char const*, int) { require(false); }
+
+void PlainXmlReader::readInstruction(char const* target, char const*) { require(isPlainName(target)); }
+
+void PlainXmlReader::startElement(char const* name, char const** attributes) {
+    collectAttributes(attributes);
+    require(isPlainName(name) && mBuilder.getDepth() < XmlLimits::MAX_DEPTH &&
+            mAttributes.size() <= XmlLimits::MAX_ATTRIBUTES && mLimits.countAttributes(mAttributes.size()));
+    if (mIsStopped) {
+        return;
+    }
+    auto const place = XML_GetCurrentByteIndex(mParser.get());
+    mBuilder.startElement(name, static_cast<std::size_t>(place), mAttributes.size());
+    for (auto const& [attribute, value] : mAttributes) {
+        mBuilder.addAttribute(attribute, value);
+    }
+    require(mBuilder.getNumberOfNames() <= XmlLimits::MAX_NAMES);
+}
+
+void PlainXmlReader::endElement(char const*) { mBuilder.endElement(); }
+
+void PlainXmlReader::collectAttributes(char const** attributes) {
+    mAttributes.clear();
+    for (; *attributes; attributes += 2) {
+        auto const& [name, value] = mAttributes.emplace_back(attributes[0], attributes[1]);
+        require(isPlainName(name) && !name.starts_with("xmlns") && !(mAreTextsAscii && !isAscii(value)));
+    }
+    std::ranges::sort(mAttributes, {}, &TextPair::first);
+}
+
+/// Ends the reading when something is not plain.
+void PlainXmlReader::require(bool isPlain) {
+    if (!isPlain) {
+        stop();
+    }
+}
+
+void PlainXmlReader::stop() {
+    mIsStopped = true;
+    XML_StopParser(mParser.get(), XML_FALSE);
+}
+
+PlainXml PlainXmlReader::describeFault() const {
+    auto const line = XML_GetCurrentLineNumber(mParser.get());
+    auto const column = XML_GetCurrentColumnNumber(mParser.get()) + 1;
+    return {std::nullopt, XML_ErrorString(XML_GetErrorCode(mParser.get())), {line, column}};
+}
+
+} // namespace
+
+PlainXml readPlainXml(XmlInput& input) { return PlainXmlReader(input).read(); }
+
+} // namespace kivo::configuration

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "registry/xml/XmlDocument.h"
+
+#include <optional>
+#include <string>
+
+namespace kivo::configuration {
+
+class XmlInput;
+
+/// What came of reading a file as plain XML: its document, or else what the parser found wrong, if that was it.
+struct PlainXml {
+    std::optional<XmlDocument> document;
+    std::string fault; ///< empty: well-formed up to where it stopped being plain
+    XmlPosition faultPosition{};
+};
+
+/// Reads a file that is plain XML, which is what nearly all files are, quickly. Everything else is left to the module
+/// of Xerces-C, to which what was read of the input is still there: faults, so that they are always told in its words,
+/// and what the two parsers could see differently. Plain is:
+///
+/// - well-formed; version 1.0; UTF-8, declared or not, with a byte order mark or not, or declared as US-ASCII
+/// - without a document type, colons in names, and the attribute xmlns
+/// - names of ASCII characters; names and texts too, after references, where the local code page is not UTF-8
+/// - at most 64 MiB, and within the limits that BoundedDomParser has for elements, attributes and names
+PlainXml readPlainXml(XmlInput& input);
+
+} // namespace kivo::configuration

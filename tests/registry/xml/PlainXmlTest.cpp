@@ -1,0 +1,248 @@
+// Which files Expat finishes, and that Xerces-C would read them alike.
+
+#include "registry/xml/PlainXml.h"
+#include "registry/xml/Readers.h"
+#include "registry/xml/XmlFile.h"
+#include "registry/xml/XmlInput.h"
+#include "registry/xml/XmlScope.h"
+
+#include "support/Latin1Locale.h"
+#include "support/TemporaryInstallation.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <functional>
+
+namespace kivo::test {
+
+using namespace configuration;
+
+namespace {
+
+enum Reader { PLAIN, XERCES };
+
+std::string repeat(int count, std::function<std::string(int)> const& piece) {
+    std::string text;
+    for (int i = 0; i < count; ++i) {
+        text += piece(i);
+    }
+    return text;
+}
+
+std::string repeat(int count, std::string const& piece) {
+    return repeat(count, [&](int) { return piece; });
+}
+
+std::string attributes(int count) {
+    return repeat(count, [](int i) { return " a" + std::to_string(i) + "=''"; });
+}
+
+std::string names(int count) {
+    return "<r>" + repeat(count - 1, [](int i) { return "<a" + std::to_string(i) + "/>"; }) + "</r>";
+}
+
+class BorderTest : public testing::Test {
+protected:
+    void check(Reader reader, std::string const& content) const {
+        SCOPED_TRACE(content.substr(0, 100));
+        auto const file = directory.write("f.xml", content);
+        auto const plain = readPlain(file);
+        EXPECT_EQ(plain ? PLAIN : XERCES, reader);
+        EXPECT_EQ(plain.value_or(readFile(file)), readWithXerces(file));
+    }
+
+    XmlScope const scope;
+    TemporaryDirectory const directory;
+};
+
+TEST_F(BorderTest, OfPlainFiles) {
+    std::string const UTF16 = {"\xFF\xFE<\0r\0/\0>\0", 10};
+    std::pair<Reader, std::string> const rows[] = {
+        // encodings and their marks
+        {PLAIN, "<r/>"},
+        {PLAIN, "<r a='\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80'/>"},
+        {PLAIN, "\xEF\xBB\xBF<r/>"},
+        {PLAIN, "\xEF\xBB\xBF<?xml version='1.0' encoding='utf-8'?>\n<r a='\xC3\xA9'/>"},
+        {PLAIN, "<?xml version='1.0' encoding='US-ASCII'?><r/>"},
+        {XERCES, "<?xml version='1.0' encoding='US-ASCII'?><r><!--\xC3\xA9--></r>"},
+        {XERCES, "\xEF\xBB\xBF<?xml version='1.0' encoding='US-ASCII'?><r/>"},
+        {XERCES, "<?xml version='1.0' encoding='UTF8'?><r/>"},
+        {XERCES, "<?xml version='1.0' encoding='ISO-8859-1'?><r a='\xE9'/>"},
+        {XERCES, "<?xml version='1.0' encoding='UTF-16'?><r/>"},
+        {XERCES, UTF16},
+        {XERCES, UTF16.substr(2)},
+        {XERCES, std::string("\xFE\xFF\0<\0r\0/\0>", 10)},
+        {XERCES, "<r a='\xE9'/>"},
+        {XERCES, "<r a='\xED\xA0\x80'/>"}, // half a surrogate pair
+        {XERCES, "<r a='\xC0\xAF'/>"},     // longer than it needs to be
+        {XERCES, "<r a='\xEF\xBF\xBF'/>"},
+        // declarations
+        {PLAIN, "<?xml version='1.0' standalone='yes'?><r/>"},
+        {PLAIN, "<?xml version = \"1.0\"\n encoding = 'UTF-8'\tstandalone='no' ?><r/>"},
+        {XERCES, "<?xml version='1.0' standalone='maybe'?><r/>"},
+        {XERCES, "<?xml version='1.1'?><r/>"},
+        {XERCES, "<?xml version='1.2'?><r/>"},
+        {XERCES, "<?xml encoding='UTF-8'?><r/>"},
+        {XERCES, " <?xml version='1.0'?><r/>"},
+        {XERCES, "<!DOCTYPE r><r/>"},
+        {XERCES, "<!DOCTYPE r [<!ENTITY e 'x'>]><r a='&e;'/>"},
+        // names
+        {PLAIN, "<_r.-1 A_.-1=''/>"},
+        {PLAIN, "<r z='' b='' Z='' a1='' a='' _=''/>"},
+        {PLAIN, "<?p?><r xmln='' Xmlns='' xml=''><?q-1 xmlns:?></r><?xml-model href='a:b'?>"},
+        {XERCES, "<p:r xmlns:p='u'/>"},
+        {XERCES, "<p:r/>"},
+        {XERCES, "<r xmlns='u'/>"},
+        {XERCES, "<r xmlnsx=''/>"},
+        {XERCES, "<r xml:lang='en'/>"},
+        {XERCES, "<r><?a:b c?></r>"},
+        {XERCES, "<?XML v?><r/>"},
+        {XERCES, "<\xC3\xA9/>"},
+        {XERCES, "<r \xC3\xA9=''/>"},
+        {XERCES, "<?\xC3\xA9?><r/>"},
+        {XERCES, "<r a='' a=''/>"},
+        // texts
+        {PLAIN, "<r a='&lt;&amp;&gt;&quot;&apos;&#233;&#x20AC;&#x1F600;&#127;' b='>'/>"},
+        {PLAIN, "<r a='&#9;&#10;&#13;\t\n\r\n\r \r\r' b=' x  y '/>"},
+        {PLAIN, "<r\ta='1'\n\r\n b\r=\n'2'\r>\r\n</r\n>\n"},
+        {PLAIN, "<r>a<![CDATA[<&]]>b<!-- <c> &x; \xC3\xA9 -->&#65;&lt;]]<x/>]></r><!--d-->"},
+        {PLAIN, "<r a='\x7F\xC2\x85\xE2\x80\xA8'>\x7F\xC2\x85</r>"},
+        {XERCES, "<r a='&#0;'/>"},
+        {XERCES, "<r a='&#xD800;'/>"},
+        {XERCES, "<r a='&#xFFFF;'/>"},
+        {XERCES, "<r a='&#1;'/>"},
+        {XERCES, "<r a='\x01'/>"},
+        {XERCES, "<r a='&e;'/>"},
+        {XERCES, "<r a='<'/>"},
+        {XERCES, "<r>]]></r>"},
+        {XERCES, "<r><!-- -- --></r>"},
+        {XERCES, "<![CDATA[x]]><r/>"},
+        {XERCES, std::string("<r>\0</r>", 8)},
+        // structure
+        {XERCES, ""},
+        {XERCES, " \n"},
+        {XERCES, "<!--c-->"},
+        {XERCES, "x<r/>"},
+        {XERCES, "<r/>x"},
+        {XERCES, "<r/><r/>"},
+        {XERCES, "<r>"},
+        {XERCES, "<r></R>"},
+        {XERCES, "<r a/>"},
+        {XERCES, "<r a='1'b='2'/>"},
+    };
+    for (auto const& [reader, content] : rows) {
+        check(reader, content);
+    }
+}
+
+TEST_F(BorderTest, OfLimits) {
+    check(PLAIN, repeat(1000, "<a>") + repeat(1000, "</a>"));
+    check(XERCES, repeat(1001, "<a>") + repeat(1001, "</a>"));
+    check(PLAIN, "<r" + attributes(10000) + "/>");
+    check(XERCES, "<r" + attributes(10001) + "/>");
+    check(PLAIN, "<r>" + repeat(25, "<e" + attributes(2000) + "/>") + "<f" + attributes(1000) + "/></r>");
+    check(XERCES, "<r>" + repeat(25, "<e" + attributes(2000) + "/>") + "<f" + attributes(1001) + "/></r>");
+    check(PLAIN, names(20000));
+    check(XERCES, names(20001));
+}
+
+TEST_F(BorderTest, OfTextsInAnotherCodePage) {
+    Latin1Locale const locale;
+    check(PLAIN, "<r a='&#65;'><!--\xC3\xA9-->\xC3\xA9<?p \xC3\xA9?></r>");
+    check(XERCES, "<r a='\xC3\xA9'/>");
+    check(XERCES, "<r a='&#233;'/>");
+    check(XERCES, "<r a='&#x20AC;'/>");
+}
+
+TEST_F(BorderTest, OfSizes) {
+    auto const file = directory.write("f.xml", "<r>");
+    auto const fill = [&](std::uintmax_t size) { // with spaces, and the end tag
+        std::filesystem::resize_file(file, 3);
+        std::ofstream stream(file, std::ios::app);
+        stream << std::string(size - 7, ' ') << "</r>";
+    };
+    constexpr std::uintmax_t LIMIT = 64 << 20;
+    fill(LIMIT);
+    EXPECT_EQ(readPlain(file), "r[]()");
+    fill(LIMIT + 1);
+    EXPECT_EQ(readPlain(file), std::nullopt);
+    EXPECT_EQ(readFile(file), "r[]()");
+}
+
+/// Files that the project comes with.
+TEST_F(BorderTest, AllFilesAreReadAlikeAndTheExamplesArePlain) {
+    int count = 0;
+    for (char const* folder : {"etc", "examples", "docs", "fuzz/corpus", "tests"}) {
+        for (auto const& entry : std::filesystem::recursive_directory_iterator(SOURCE_DIR + std::string(folder))) {
+            auto const path = entry.path().string();
+            bool const isXml = path.ends_with(".crg") || path.ends_with(".xml") || path.ends_with(".config") ||
+                               path.find("corpus/values-file/") != std::string::npos;
+            if (!entry.is_regular_file() || !isXml) {
+                continue;
+            }
+            SCOPED_TRACE(path);
+            ++count;
+            auto const withXerces = readWithXerces(path);
+            EXPECT_EQ(readFile(path), withXerces);
+            bool const isTest = path.find("/fuzz/") != std::string::npos || path.find("/tests/") != std::string::npos;
+            EXPECT_TRUE(isTest || readPlain(path) || withXerces.starts_with("XML ERROR: "));
+        }
+    }
+    EXPECT_GT(count, 20);
+}
+
+TEST(XmlInput, HasOneFileWhateverBecomesOfIt) {
+    TemporaryDirectory const directory;
+    for (auto const& [replace, expected] : {
+             std::pair<void (*)(std::string const&), std::string>([](auto& file) { std::filesystem::remove(file); },
+                                                                  "0123456789"),
+             {[](auto& file) { std::filesystem::resize_file(file, 2); }, "01234"},
+             {[](auto& file) { std::ofstream(file, std::ios::app) << "more"; }, "0123456789more"},
+         }) {
+        auto const file = directory.write("f.xml", "0123456789");
+        XmlInput input(file.c_str());
+        EXPECT_EQ(input.readOn(3), "012");
+        EXPECT_EQ(input.readOn(2), "34");
+        replace(file);
+        char buffer[20];
+        std::string copied;
+        for (std::size_t const size : {1u, 6u, 20u, 20u}) {
+            copied.append(buffer, input.copy(buffer, size).value());
+        }
+        EXPECT_EQ(copied, expected);
+    }
+}
+
+std::string positions(XmlFile const& file, XmlElement const& element) {
+    auto const toText = [](XmlPosition position) {
+        return std::to_string(position.line) + ":" + std::to_string(position.column) + " ";
+    };
+    auto text = element.getName() + toText(file.getDocument().getPosition(element));
+    for (auto const& attribute : element.getAttributes()) {
+        text += attribute.name + toText(file.getDocument().getPosition(element, attribute));
+    }
+    for (auto const* child = element.getFirstChild(); child; child = child->getNextSibling()) {
+        text += positions(file, *child);
+    }
+    return text;
+}
+
+TEST(XmlPositions, CountLinesAndCharacters) {
+    TemporaryDirectory const directory;
+    std::pair<std::string, std::string> const rows[] = {
+        {"<r b='1' a='>'/>", "r1:1 a1:10 b1:4 "},
+        {"\xEF\xBB\xBF<r>\r\n\t<x\n a=\"'b=\" b = 'a'/>\r\xC3\xA9<y/></r>", "r1:1 x2:2 a3:2 b3:10 y4:2 "},
+        {"<r>" + repeat(3000, "\xE2\x82\xAC") + "<x/>\n<y a=''/></r>", "r1:1 x1:3004 y2:1 a2:4 "},
+        {"<r>\n<!DOCTYPE", ""},
+        {"<?xml version='1.1'?>\n<r\na='1'>\n<x/></r>", "r3:0 a3:0 x4:0 "},
+    };
+    for (auto const& [content, expected] : rows) {
+        XmlFile const file(directory.write("f.xml", content).c_str());
+        EXPECT_EQ(file.getErrors().getNumberOfErrors() ? "" : positions(file, file.getDocument().getRoot()), expected);
+    }
+}
+
+} // namespace
+
+} // namespace kivo::test
