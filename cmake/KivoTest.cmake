@@ -22,8 +22,6 @@ function(kivo_add_test name)
         "${PROJECT_SOURCE_DIR}/include" "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/tests")
     target_compile_definitions(${name} PRIVATE ${arg_DEFINITIONS})
     target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} kivo-kernel GTest::gmock_main Threads::Threads kivo-warnings)
-    # g++ 12 takes a text that is put before a std::string for one that overlaps it, when it optimises.
-    target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 
     cmake_path(GET CMAKE_CURRENT_SOURCE_DIR FILENAME labels)
     if(arg_CONCURRENT)
