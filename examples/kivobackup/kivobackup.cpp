@@ -1,5 +1,5 @@
 // Shows how a backup tool gets its settings. What it accepts is described in a registry file of the installation,
-// etc/kivobackup.crg; the values come from its command line, from values files and from the machine's configuration.
+// etc/kivobackup.crg. The values come from its command line, from values files and from the machine's configuration.
 
 #include "BackupPlan.h"
 #include "toolkit/Faults.h"
@@ -36,7 +36,7 @@ void backUp(int argc, char const* const* argv) {
         std::cout << toolkit::composeHelp(manager, specification, settings, NOTES);
         return;
     }
-    // Both before anything is printed: a label that does not exist is found when it is read.
+    // Both before anything is printed: a label that does not exist is only found when it is read.
     BackupPlan const plan(settings);
     std::string const text = toolkit::describeSettings(*specification.getParameterGroup(), settings);
     std::cout << text << plan.describe() << '\n';

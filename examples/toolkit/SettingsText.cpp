@@ -69,7 +69,7 @@ private:
 
     void addGroup(ParameterGroup const& group, ValueGroup const& values) {
         if (group.getGroupType() == ParameterGroup::CONSTRAINT) {
-            addItems(group, values); // a constraint is no level of nesting of the values
+            addItems(group, values); // a constraint adds no level to the values
             return;
         }
         // A container that does not repeat occurs once.

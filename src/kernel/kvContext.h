@@ -5,10 +5,11 @@
 /// The kernel's state for a piece of work. Every thread has one session, and every session at most one current context.
 class KIVO_KERNEL_API kvContext {
 public:
-    /// The two numbers are the kernel's business and are only kept. The new context does not become the current one.
+    /// Only the kernel knows what the two numbers mean; here they are stored. The new context does not become the
+    /// current one.
     kvContext(unsigned int first, unsigned int second);
 
-    /// The context must not be current any more.
+    /// The context must no longer be the current one.
     ~kvContext();
 
     kvContext(kvContext const&) = delete;

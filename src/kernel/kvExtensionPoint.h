@@ -12,16 +12,18 @@ public:
 
     explicit kvPlugin(CreateFunction create);
 
-    /// Calls "createPlugin" once and returns what it returns: its type and owner are as the extension point's users and
-    /// plug-ins agree, null means that the plug-in offers nothing. Exceptions of the plug-in pass.
+    /// Calls "createPlugin" once and returns its result. The type and the owner of the result are for the users and
+    /// plug-ins of the extension point to agree on; null means that the plug-in offers nothing. Exceptions of the
+    /// plug-in pass.
     void* createImplementation();
 
 private:
     CreateFunction mCreate;
 };
 
-/// A named place where plug-ins extend the kernel. It finds its plug-ins in the plug-ins directory when it is first
-/// asked for them, not before: a plug-in may call back into its user while it is loaded. Used by one thread at a time.
+/// A named place where plug-ins extend the kernel. It searches the plug-ins directory when it is first asked for its
+/// plug-ins, not before: a plug-in may call the user of the extension point while it is loaded. To be used by one
+/// thread at a time.
 ///
 /// A plug-in is a shared object, a regular file `*.so` anywhere below the directory, that itself exports the unmangled
 /// functions `char const* extensionPointName()`, returning the point's name, and `void* createPlugin()`. A file reached

@@ -6,8 +6,8 @@
 /// @return whether the services can be used
 KIVO_KERNEL_API bool kvProcessInit();
 
-// A source unit that includes this header before any other has the kernel initialised ahead of its own statics: objects
-// of one unit are initialised in the order of their definitions, so each unit needs a definition of its own.
+// A source that includes this header before any other has the kernel initialised before its own static objects. Each
+// source needs a definition of its own: only the objects of one source are initialised in the order of definitions.
 namespace {
 [[maybe_unused]] bool const kvProcessInitialised = kvProcessInit();
 } // namespace

@@ -33,7 +33,7 @@ TEST(kvExtensionPointTest, FindsItsPluginsOnceInTheOrderOfTheirPathsAndSaysWhatI
     fs::copy_file(PLUGIN_FIRST, plugins + "a/first.so.bak");
     fs::copy_file(PLUGIN_BARE, plugins + "bare.so");
     fs::copy_file(PLUGIN_BORROWING, plugins + "borrowing.so");
-    fs::create_symlink("a/b/first.so", plugins + "z.so");
+    fs::create_symlink("a/b/first.so", plugins + "b.so");
     fs::create_symlink("..", plugins + "a/loop"); // two, so that following them again and again would never end
     fs::create_symlink("..", plugins + "a/b/loop");
 
