@@ -6,7 +6,6 @@
 
 #include "schema/StorageLocationValidator.h"
 #include "support/Exceptions.h"
-#include "support/Schema.h"
 #include "support/WalkLog.h"
 
 #include <gtest/gtest.h>
@@ -53,10 +52,10 @@ TEST(ConfigurationException, OwnsMessageAndList) {
 struct Subjects {
     Items items;
     ParameterErrors errors;
-    Parameter* parameter = items.parameter({.id = "a"});
-    ParameterGroup* group = items.group({.id = "g"}, {parameter});
+    ParameterGroup* group = items.group("g{a}");
+    Parameter* parameter = static_cast<Parameter*>(group->getItem(0ul));
 
-    void make(char const* id, char const* name, char const* text) { items.parameter({id, name, text}); }
+    void make(char const* id, char const* name, char const* text) { ParameterGroup(id, name, text, {}, {}, {}, {}); }
     void set(char const* name, char const* text) { parameter->addValidatorConfigurationParameterValue(name, text); }
 };
 
@@ -87,7 +86,6 @@ TEST(SchemaContract, ThrowsWithTheConditionAndChangesNothing) {
              Row{"search null", "id != 0", [](S s) { s.group->getItem(nullptr, true); }},
              Row{"item index", "index < getNumberOfItems()", [](S s) { s.group->getItem(1); }},
              Row{"enumeration", name, [](S) { ParameterEnumDefinition const made(nullptr); }},
-             Row{"validator", name, [](S) { RejectingValidator const made(""); }},
              Row{"location", "value != 0",
                  [](S) { StorageLocationValidator().validate(static_cast<char const*>(nullptr)); }},
              Row{"specification", "id != 0", [](S) { Specification const made(nullptr, nullptr); }},
