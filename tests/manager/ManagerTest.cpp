@@ -2,10 +2,7 @@
 #include <configuration/ConfigurationException.h>
 #include <configuration/ContractViolationException.h>
 #include <configuration/Flags.h>
-#include <configuration/Parameter.h>
 #include <configuration/ParameterEnumDefinition.h>
-#include <configuration/ParameterGroup.h>
-#include <configuration/Specification.h>
 #include <configuration/ValueGroupIterator.h>
 
 #include "support/Exceptions.h"
@@ -178,7 +175,7 @@ TEST_F(ManagerTest, MergesChecksAndCompletesTheValuesOfItsProviders) {
         Row{"faults of one provider hide the others", "tool{a n:int}", {"{tool{n=x}}", "{tool{a=1,2 n=1,2}}", "{a=1}"},
             "\"a\" cannot be provided more than once\n\"n\" cannot be provided more than once"},
         Row{"help ends the loop", HELPFUL, {"{tool{help=<none> quiet=1 u=x}}", "{a=1}"}, "?{tool{help=1 quiet=1}}"},
-        Row{"help stands beside earlier values", HELPFUL, {"{tool{n=x u=y}}", "{tool{u=z help=1}}", "{a=1}"},
+        Row{"help comes after earlier values", HELPFUL, {"{tool{n=x u=y}}", "{tool{u=z help=1}}", "{a=1}"},
             "?{tool{tool{n=x u=y} help=1}}"},
         Row{"help declined is a value", HELPFUL, {"{tool{help=0 must=1}}", "{tool{help=1 u=x}}", "{a=1}"},
             "?{tool{tool{help=0 must=1} help=1}}"}}) {

@@ -6,8 +6,6 @@
 #include <configuration/ApplicationValuesProvider.h>
 #include <configuration/CommandLineValueProvider.h>
 #include <configuration/Flags.h>
-#include <configuration/ParameterValue.h>
-#include <configuration/Specification.h>
 #include <configuration/XmlFileValueProvider.h>
 
 #include <algorithm>
@@ -22,7 +20,7 @@ class ProviderTest : public ManagerTest {
 protected:
     static std::string cacheOf(ValueProvider const& provider) { return toText(provider.getDataCache()); }
 
-    /// The values that a provider gives, with "." behind them when no further one is to be asked, or what it throws.
+    /// The values that a provider gives, followed by "." when no further one is to be asked, or what it throws.
     static std::string ask(ValueProvider& provider, Specification const* specification, int flags = 0) {
         ParameterValueGroup result(nullptr);
         bool goesOn = true;
@@ -120,7 +118,7 @@ using Arguments = std::vector<char const*>;
 
 class CommandLineTest : public ProviderTest {
 protected:
-    /// Sets arguments behind a program's name.
+    /// Sets arguments, after a program's name.
     void set(Arguments arguments, int flags = 0) {
         arguments.insert(arguments.begin(), "prog");
         provider.setArguments(static_cast<int>(arguments.size()), arguments.data(), flags);
@@ -140,10 +138,10 @@ protected:
 TEST_F(CommandLineTest, TakesArgumentsApartOrKeepsTheEarlierOnes) {
     struct Row {
         Arguments arguments;
-        std::string parsed; ///< or what is thrown
+        std::string outcome; ///< what is parsed, or what is thrown
         int flags = 0;
     };
-    for (auto const& [arguments, outcome, flags] : {
+    for (auto const& row : {
         Row{{"-port", "80", "-verbose"}, "?{t?{port?=80 verbose?=<none>}}"},
         // A value does not begin with a dash, and a blank one is none.
         Row{{"-level", "-5", " \t-6"}, "?{t?{level?=<none> 5?=<none> 6?=<none>}}"},
@@ -160,8 +158,8 @@ TEST_F(CommandLineTest, TakesArgumentsApartOrKeepsTheEarlierOnes) {
         Row{{"-a", "b", " c%s d "}, "The \"c%s d\" command line argument is not recognized",
             STRICT_RECOGNITION | RESOLVE_FLAG_NAMES}}) {
         set({"-kept"});
-        auto const thrown = whatOf([&] { set(arguments, flags); });
-        EXPECT_EQ(thrown == "<nothing>" ? parsed() : thrown, outcome);
+        auto const thrown = whatOf([&] { set(row.arguments, row.flags); });
+        EXPECT_EQ(thrown == "<nothing>" ? parsed() : thrown, row.outcome);
         EXPECT_TRUE(thrown == "<nothing>" || parsed() == "?{t?{kept?=<none>}}");
     }
 }

@@ -2,7 +2,6 @@
 #include <configuration/ContractViolationException.h>
 #include <configuration/ParameterEnumDefinition.h>
 #include <configuration/ParameterSpecialization.h>
-#include <configuration/Specification.h>
 
 #include "schema/StorageLocationValidator.h"
 #include "support/Exceptions.h"
@@ -55,7 +54,6 @@ struct Subjects {
     ParameterGroup* group = items.group("g{a}");
     Parameter* parameter = static_cast<Parameter*>(group->getItem(0ul));
 
-    void make(char const* id, char const* name, char const* text) { ParameterGroup(id, name, text, {}, {}, {}, {}); }
     void set(char const* name, char const* text) { parameter->addValidatorConfigurationParameterValue(name, text); }
 };
 
@@ -73,9 +71,7 @@ TEST(SchemaContract, ThrowsWithTheConditionAndChangesNothing) {
     for (auto const& row : {
              Row{"format", "format != 0 && strlen(format) > 0", [](S s) { (s.errors.*addErrorUnchecked)(""); }},
              Row{"error index", "index < getNumberOfErrors()", [](S s) { s.errors.getError(0); }},
-             Row{"id first", "id && strlen(id) > 0", [](S s) { s.make("", "", ""); }},
-             Row{"name second", "name && strlen(name) > 0", [](S s) { s.make("x", "", ""); }},
-             Row{"description", text, [](S s) { s.make("x", "x", nullptr); }},
+             Row{"id first", "id && strlen(id) > 0", [](S) { ParameterGroup("", "", "", {}, {}, {}, {}); }},
              Row{"change to null", text, [](S s) { s.parameter->setDescription(nullptr); }},
              Row{"definition", "enumDef != 0", [](S s) { s.parameter->setEnumDefinition(nullptr); }},
              Row{"setting's name", name, [](S s) { s.set(nullptr, nullptr); }},

@@ -1,6 +1,5 @@
 #include <configuration/ConfigurationException.h>
 #include <configuration/ParameterGroupSpecialization.h>
-#include <configuration/Specification.h>
 
 #include "schema/ParameterItemFinder.h"
 #include "schema/SpecificationParameterGroup.h"
@@ -67,16 +66,13 @@ TEST_F(ParameterGroupTest, SpecializationsHaveTheRolesOfTheirBases) {
     EXPECT_EQ(group("none%s"), "Group to specialize \"none%s\" was not found");
     EXPECT_EQ(container("none%s", "d"), "Container to specialize \"none%s\" was not found");
     EXPECT_EQ(exclusive("none%s", "d"), "Mutually Exclusive to specialize \"none%s\" was not found");
-    for (char const* id : {"c", "x"}) {
-        EXPECT_EQ(group(id), "Group to specialize \"" + std::string(id) + "\" is not a group constraint");
-    }
-    for (char const* id : {"g", "x"}) {
-        EXPECT_EQ(container(id, "d"), "Container to specialize \"" + std::string(id) + "\" is not a container");
-    }
-    for (char const* id : {"g", "c"}) {
-        EXPECT_EQ(exclusive(id, "d"), "Mutually Exclusive to specialize \"" + std::string(id) +
-                                          "\" is not a mutually exclusive constraint");
-    }
+    EXPECT_EQ(group("c"), "Group to specialize \"c\" is not a group constraint");
+    EXPECT_EQ(group("x"), "Group to specialize \"x\" is not a group constraint");
+    EXPECT_EQ(container("g", "d"), "Container to specialize \"g\" is not a container");
+    EXPECT_EQ(container("x", "d"), "Container to specialize \"x\" is not a container");
+    auto const role = "is not a mutually exclusive constraint";
+    EXPECT_EQ(exclusive("g", "d"), std::string("Mutually Exclusive to specialize \"g\" ") + role);
+    EXPECT_EQ(exclusive("c", "d"), std::string("Mutually Exclusive to specialize \"c\" ") + role);
 }
 
 TEST_F(ParameterGroupTest, ASpecificationLooksItsRootUpOnEveryCall) {

@@ -49,7 +49,7 @@ INSTANTIATE_TEST_SUITE_P(UsageVisitor, UsageText, testing::Values(
     UsageCase{"HiddenFirstAndBetween", "root{h1~ a h2~ h3~ b}", "    -a\n    -b"},
     // The line was begun before the hidden parameter was seen.
     UsageCase{"HiddenLast", "root{a b h~}", "    -a\n    -b\n    "},
-    // Inside groups separators stay; behind a group that ends with a hidden parameter the line goes on.
+    // Inside groups separators stay; after a group that ends with a hidden parameter the line goes on.
     UsageCase{"HiddenInAContainer", "root{in{h1~ a h2~ b h3~} c d}", "     -a  -b -c\n    -d"},
     UsageCase{"HiddenInAChoice", "root{ex?[h1~ a h2~] in?*{h3~} b}", "    [ | -a | ][{}]-b"},
 
@@ -145,10 +145,10 @@ TEST(WordWrap, BreaksLines) {
         Row{"BackslashBeginsTheNextLine", "C:\\a\\bc", 0, 4, 0, "C:\\a\n\\bc\n"},
 
         Row{"LongWord", "abcdefghij", 0, 4, 1, "abcd\n efg\n hij\n"},
-        Row{"LongWordBehindASpace", "a bcdefghijk", 0, 4, 0, "a\nbcde\nfghi\njk\n"},
+        Row{"LongWordAfterASpace", "a bcdefghijk", 0, 4, 0, "a\nbcde\nfghi\njk\n"},
         // Without a break so far, the width counts from the beginning of the text.
-        Row{"LongWordBehindALineFeed", "ab\ncdefghijkl", 0, 6, 0, "ab\ncde\nfghijk\nl\n"},
-        Row{"LongWordBehindSpaceAndLineFeed", "a b\ncdefghijkl", 0, 6, 0, "a b\ncdefgh\nijkl\n"},
+        Row{"LongWordAfterALineFeed", "ab\ncdefghijkl", 0, 6, 0, "ab\ncde\nfghijk\nl\n"},
+        Row{"LongWordAfterSpaceAndLineFeed", "a b\ncdefghijkl", 0, 6, 0, "a b\ncdefgh\nijkl\n"},
 
         Row{"LineFeedThatFits", "a\nb c", 0, 5, 2, "a\nb c\n"},
         Row{"LineFeedBeforeASpace", "a\nb cd", 0, 5, 2, "a\n  b\n  cd\n"},
