@@ -1,3 +1,4 @@
+#include "Allocations.h"
 #include "Installation.h"
 #include "Subjects.h"
 #include "Tool.h"
@@ -85,10 +86,14 @@ void readTyped(benchmark::State& state) {
     manager.setApplicationValues(values, 0);
     auto const settings = manager.getValueGroup(SPECIFICATION, true, 0);
     std::size_t next = 0;
+    auto const before = countedAllocations();
     for (auto _ : state) {
         benchmark::DoNotOptimize(settings.getValue(subjects.names[subjects.readOrder[next]].c_str()).asInteger());
         next = next + 1 == subjects.count() ? 0 : next + 1;
     }
+    // One for the handle that a read makes: its state.
+    state.counters["allocations"] =
+        benchmark::Counter(static_cast<double>(countedAllocations() - before), benchmark::Counter::kAvgIterations);
 }
 
 void sizes(benchmark::internal::Benchmark* registered) { registered->RangeMultiplier(10)->Range(10, 10000); }

@@ -2,10 +2,11 @@
 
 #include <configuration/Flags.h>
 
-#include <sanitizer/allocator_interface.h>
-
 #include <cstdio>
 #include <cstdlib>
+
+/// Of <sanitizer/allocator_interface.h>, which not every compiler brings along.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 
 namespace kivo::fuzz {
 

@@ -8,7 +8,6 @@
 #include "support/Exceptions.h"
 #include "support/ManagerTest.h"
 #include "support/Notation.h"
-#include "support/ValueTree.h"
 
 #include <gmock/gmock.h>
 

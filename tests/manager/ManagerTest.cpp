@@ -2,16 +2,12 @@
 #include <configuration/ConfigurationException.h>
 #include <configuration/ContractViolationException.h>
 #include <configuration/Flags.h>
-#include <configuration/Parameter.h>
 #include <configuration/ParameterEnumDefinition.h>
-#include <configuration/ParameterGroup.h>
-#include <configuration/Specification.h>
 #include <configuration/ValueGroupIterator.h>
 
 #include "support/Exceptions.h"
 #include "support/ManagerTest.h"
 #include "support/Notation.h"
-#include "support/ValueTree.h"
 
 #include <algorithm>
 #include <barrier>
@@ -153,73 +149,69 @@ TEST_F(ManagerTest, IsReachedThroughThePluginsEntryPoints) {
     EXPECT_EQ(createPlugin(), &manager());
 }
 
-struct RetrievalCase {
+struct Row {
     char const* label;
     char const* schema;
     std::vector<char const*> trees; ///< of the providers, or of the caller
-    char const* result;             ///< null: not looked at
-    char const* thrown = "<nothing>";
+    std::string outcome;            ///< the result, or what is thrown
     int flags = 0;
 };
-
-class Retrieval : public ManagerTest, public testing::WithParamInterface<RetrievalCase> {};
-
-TEST_P(Retrieval, MergesChecksAndCompletes) {
-    createTool(GetParam().schema);
-    for (auto const* values : GetParam().trees) {
-        provide(values);
-    }
-    ParameterValueGroup result(nullptr);
-    EXPECT_EQ(whatOf([&] { manager().getValues("TOOL", result, GetParam().flags); }), GetParam().thrown);
-    EXPECT_EQ(toText(result), GetParam().result);
-}
 
 constexpr char const* HELPFUL = "tool{must n:int help:bool? quiet:bool? u*}";
 #define REQUIRED_FLAGS "A required flag was not specified. You must provide one of the following flags: "
 
 // clang-format off
-INSTANTIATE_TEST_SUITE_P(Manager, Retrieval, testing::Values(
-    RetrievalCase{"TheFirstWinsAndUnboundedOnesCollect", "tool{a b u* many*{m u2*} in{c d}}",
-        {"{tool{a=1 u=x in{c=1} many{m=1 u2=x}}}", "{}", "{tool{b=2 a=2 u=y,z in{d=2 c=2} many{m=2}}}"},
-        "?{tool{a=1 u=x,y,z in{c=1 d=2} many{m=1 u2=x} b=2 many{m=2}}}"},
-    RetrievalCase{"ConstraintsDissolveAndDefaultsComeLast", "tool{a?=7 b con(c ex[x?=1 y?=2])}", {"{tool{c=3 y=4}}", "{tool{b=5 c=6}}"},
-        "?{tool{c=3 y=4 b=5 a*=7}}"},
-    RetrievalCase{"NothingForARequiredRoot", "tool{a b?=1}", {"{}", "{tool{zzz=1}}"}, "?{}"},
-    RetrievalCase{"NothingForAnOptionalRoot", "tool?{a b?=1 in{c?=2 d} ex[x?=3]}", {}, "?{tool{b*=1 in{c*=2} x*=3}}"},
-    RetrievalCase{"FaultsOfTheMergedValuesTogether", "tool{a n:int in{b}}", {"{tool{n=x%s}}"}, "?{}",
-        "n: \"x%s\" is not a valid signed integer\nRequired group \"in\" was not found\n" REQUIRED_FLAGS "a, b"},
-    RetrievalCase{"FaultsOfOneProviderHideTheOthers", "tool{a n:int}", {"{tool{n=x}}", "{tool{a=1,2 n=1,2}}", "{a=1}"},
-        "?{}", "\"a\" cannot be provided more than once\n\"n\" cannot be provided more than once"},
-    RetrievalCase{"HelpEndsTheLoop", HELPFUL, {"{tool{help=<none> quiet=1 u=x}}", "{a=1}"}, "?{tool{help=1 quiet=1}}"},
-    RetrievalCase{"HelpStandsBesideEarlierValues", HELPFUL, {"{tool{n=x u=y}}", "{tool{u=z help=1}}", "{a=1}"},
-        "?{tool{tool{n=x u=y} help=1}}"},
-    RetrievalCase{"HelpDeclinedIsAValue", HELPFUL, {"{tool{help=0 must=1}}", "{tool{help=1 u=x}}", "{a=1}"},
-        "?{tool{tool{help=0 must=1} help=1}}"}),
-    Label());
-// clang-format on
-
-class Validation : public Retrieval {};
-
-TEST_P(Validation, ChecksAndCompletesTheCallersTree) {
-    auto const* tool = createTool(GetParam().schema);
-    provide("{tool{a=provided}}"); // not asked
-    auto const values = treeOf(GetParam().trees[0]);
-    EXPECT_EQ(whatOf([&] { manager().validateValues(tool, *values, GetParam().flags); }), GetParam().thrown);
-    EXPECT_EQ(GetParam().result ? toText(*values) : "", GetParam().result ? GetParam().result : "");
+TEST_F(ManagerTest, MergesChecksAndCompletesTheValuesOfItsProviders) {
+    for (auto const& row : {
+        Row{"the first wins, unbounded ones collect", "tool{a b u* many*{m u2*} in{c d}}",
+            {"{tool{a=1 u=x in{c=1} many{m=1 u2=x}}}", "{}", "{tool{b=2 a=2 u=y,z in{d=2 c=2} many{m=2}}}"},
+            "?{tool{a=1 u=x,y,z in{c=1 d=2} many{m=1 u2=x} b=2 many{m=2}}}"},
+        Row{"constraints dissolve, defaults come last", "tool{a?=7 b con(c ex[x?=1 y?=2])}", {"{tool{c=3 y=4}}", "{tool{b=5 c=6}}"},
+            "?{tool{c=3 y=4 b=5 a*=7}}"},
+        Row{"nothing for a required root", "tool{a b?=1}", {"{}", "{tool{zzz=1}}"}, "?{}"},
+        Row{"nothing for an optional root", "tool?{a b?=1 in{c?=2 d} ex[x?=3]}", {}, "?{tool{b*=1 in{c*=2} x*=3}}"},
+        Row{"faults of the merged values together", "tool{a n:int in{b}}", {"{tool{n=x%s}}"},
+            "n: \"x%s\" is not a valid signed integer\nRequired group \"in\" was not found\n" REQUIRED_FLAGS "a, b"},
+        Row{"faults of one provider hide the others", "tool{a n:int}", {"{tool{n=x}}", "{tool{a=1,2 n=1,2}}", "{a=1}"},
+            "\"a\" cannot be provided more than once\n\"n\" cannot be provided more than once"},
+        Row{"help ends the loop", HELPFUL, {"{tool{help=<none> quiet=1 u=x}}", "{a=1}"}, "?{tool{help=1 quiet=1}}"},
+        Row{"help comes after earlier values", HELPFUL, {"{tool{n=x u=y}}", "{tool{u=z help=1}}", "{a=1}"},
+            "?{tool{tool{n=x u=y} help=1}}"},
+        Row{"help declined is a value", HELPFUL, {"{tool{help=0 must=1}}", "{tool{help=1 u=x}}", "{a=1}"},
+            "?{tool{tool{help=0 must=1} help=1}}"}}) {
+        SCOPED_TRACE(row.label);
+        manager().reset();
+        createTool(row.schema);
+        for (auto const* values : row.trees) {
+            provide(values);
+        }
+        ParameterValueGroup result(nullptr);
+        auto const thrown = whatOf([&] { manager().getValues("TOOL", result, row.flags); });
+        EXPECT_EQ(thrown == "<nothing>" ? toText(result) : thrown, row.outcome);
+        EXPECT_TRUE(thrown == "<nothing>" || result.getNumberOfItems() == 0);
+    }
 }
 
-// clang-format off
-INSTANTIATE_TEST_SUITE_P(Manager, Validation, testing::Values(
-    RetrievalCase{"Completes", "tool{a b?=1 con(c d?=2)}", {"{tool{c=3 A=4}}"}, "?{tool{a=4 c=3 d*=2 b*=1}}"},
-    // Here nothing merges before the first phase.
-    RetrievalCase{"UnknownAndRepeatedItems", "tool{a in{b}}", {"{tool{in{} zzz=1 in{b=1,2}}}"}, nullptr,
-        "\"in\" cannot be provided more than once\n\"zzz\" is not a recognized parameter\n"
-        "\"in\" cannot be provided more than once\n\"b\" cannot be provided more than once"},
-    RetrievalCase{"UnknownOnesStrictly", "tool{a}", {"{tool{zzz=1,2 a=1,2}}"}, nullptr,
-        "\"zzz\" is not a recognized parameter", STRICT_RECOGNITION},
-    RetrievalCase{"Help", "tool{a help:bool?}", {"tool{help=<none> zzz=1,2}"}, "tool{help=1 zzz?=1,2}"},
-    RetrievalCase{"HelpBelowTheGroupThatIsGiven", "tool{a help:bool?}", {"{tool{help=1}}"}, nullptr, REQUIRED_FLAGS "a"}),
-    Label());
+TEST_F(ManagerTest, ChecksAndCompletesTheTreeOfACaller) {
+    for (auto const& row : {
+        Row{"completes", "tool{a b?=1 con(c d?=2)}", {"{tool{c=3 A=4}}"}, "?{tool{a=4 c=3 d*=2 b*=1}}"},
+        // Here nothing merges before the first phase.
+        Row{"unknown and repeated items", "tool{a in{b}}", {"{tool{in{} zzz=1 in{b=1,2}}}"},
+            "\"in\" cannot be provided more than once\n\"zzz\" is not a recognized parameter\n"
+            "\"in\" cannot be provided more than once\n\"b\" cannot be provided more than once"},
+        Row{"unknown ones, strictly", "tool{a}", {"{tool{zzz=1,2 a=1,2}}"},
+            "\"zzz\" is not a recognized parameter", STRICT_RECOGNITION},
+        Row{"help", "tool{a help:bool?}", {"tool{help=<none> zzz=1,2}"}, "tool{help=1 zzz?=1,2}"},
+        Row{"help below the group that is given", "tool{a help:bool?}", {"{tool{help=1}}"}, REQUIRED_FLAGS "a"}}) {
+        SCOPED_TRACE(row.label);
+        manager().reset();
+        auto const* tool = createTool(row.schema);
+        provide("{tool{a=provided}}"); // not asked
+        auto const values = treeOf(row.trees[0]);
+        auto const thrown = whatOf([&] { manager().validateValues(tool, *values, row.flags); });
+        EXPECT_EQ(thrown == "<nothing>" ? toText(*values) : thrown, row.outcome);
+    }
+}
 // clang-format on
 
 class ManagerRetrieval : public ManagerTest {
@@ -253,7 +245,7 @@ TEST_F(ManagerRetrieval, KeepsTheSettingsOfASpecificationUnlessTheyAreEmptyOrFai
 
     provide("{tool{a=1}}", -1);
     manager().loadConfigurationFile(installation.write("other.xml", "<tool a=\"2\"/>").c_str());
-    manager().enableConfiguration(false, nullptr, 0, nullptr);
+    manager().enableConfiguration(false, nullptr, 3, nullptr); // without arguments, whatever their number
     EXPECT_EQ(settings("TOOL"), "tool{a=7 u=x,y b*=1}");
     EXPECT_EQ(manager().getNumberOfProviders(), 0u);
     manager().registerSpecification(std::make_unique<Specification>("TOOL", "").release());

@@ -2,7 +2,7 @@
 #include "schema/NameComparison.h"
 #include "schema/ParameterItemFinder.h"
 #include "schema/SubtreeIndex.h"
-#include "support/Schema.h"
+#include "support/Notation.h"
 #include "visitors/ConstraintFinderVisitor.h"
 
 #include <cctype>
@@ -59,14 +59,13 @@ TEST(SubtreeIndex, AnswersAsWalksThroughAllChanges) {
     std::mt19937 random(11);
     auto const randomText = [&] { return (random() % 2 ? "Key" : "kEY") + std::to_string(random() % 42); };
     Items items;
-    ItemList parameters;
+    std::vector<ParameterItem*> parameters;
     for (unsigned i = 0; i < 90; ++i) {
-        parameters.push_back(
-            items.parameter({.id = randomText().c_str(), .name = randomText().c_str(), .hidden = i % 7 == 0}));
+        parameters.push_back(items.parameter(randomText() + "/" + randomText() + (i % 7 == 0 ? "~" : "")));
     }
     std::vector<ParameterGroup*> groups;
     for (unsigned i = 0; i < 5; ++i) {
-        groups.push_back(items.group({.id = randomText().c_str()}));
+        groups.push_back(items.group(randomText() + "{}"));
     }
     int indexed = 0;
     for (int step = 0; step < 3000 && !HasFailure(); ++step) {
@@ -102,7 +101,7 @@ TEST(SubtreeIndex, AnswersAsWalksThroughAllChanges) {
     EXPECT_GT(indexed, 500);
 
     auto* root = groups.front();
-    root->addItem(items.parameter({.id = "last"})); // no index is made yet: the threads meet there
+    root->addItem(items.parameter("last")); // no index is made yet: the threads meet there
     std::vector<std::jthread> threads;
     for (int i = 0; i < 4; ++i) {
         threads.emplace_back([&] {

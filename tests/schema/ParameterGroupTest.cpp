@@ -1,12 +1,10 @@
 #include <configuration/ConfigurationException.h>
 #include <configuration/ParameterGroupSpecialization.h>
-#include <configuration/Specification.h>
 
 #include "schema/ParameterItemFinder.h"
 #include "schema/SpecificationParameterGroup.h"
 #include "support/Exceptions.h"
 #include "support/ManagerTest.h"
-#include "support/Schema.h"
 #include "support/WalkLog.h"
 
 using namespace kivo::configuration;
@@ -17,49 +15,64 @@ namespace {
 
 class ParameterGroupTest : public ManagerTest {};
 
-/// The factories of a role, and what they make when all that they take is given.
-struct Kind {
-    std::string word, role, made;
-    ParameterGroup* (*create)(GroupFields const& fields);
-    ParameterGroup* (*specialize)(char const* id, char const* description);
-};
-Kind const KINDS[] = {
-    {"Group", "a group constraint", "Constraint optional", [](auto& fields) { return createGroup(fields); },
-     [](auto id, auto) -> ParameterGroup* { return Special::CreateGroup(id); }},
-    {"Container", "a container", "Container optional unbounded", [](auto& fields) { return createContainer(fields); },
-     [](auto id, auto text) -> ParameterGroup* { return Special::CreateContainer(id, text, true, true); }},
-    {"Mutually Exclusive", "a mutually exclusive constraint", "Constraint exclusive optional",
-     [](auto& fields) { return createMutuallyExclusive(fields); },
-     [](auto id, auto text) -> ParameterGroup* { return Special::CreateMutuallyExclusive(id, text, true); }},
-};
+/// The role, name and walk of a group that is made, or what is thrown.
+std::string groupOf(auto make) {
+    std::string text;
+    auto const thrown = whatOf([&] {
+        ParameterGroup const& made = *make();
+        text = std::string(made.getItemTypeName()) + (made.itemsAreExclusive() ? " exclusive" : "") +
+               (made.isOptional() ? " optional " : " ") + (made.isUnbounded() ? "unbounded " : "") + made.getName() +
+               ", " + made.getDescription() + ": " + walkLog(made);
+    });
+    return text.empty() ? thrown : text;
+}
 
-TEST_F(ParameterGroupTest, FactoriesMakeAndSpecializeTheRoles) {
-    auto* bare = createParameter({.id = "bare"}); // a parameter's id is not taken
-    createGroup({.id = "taken"});
-    for (auto const& [word, role, made, create, specialize] : KINDS) {
-        auto* group = create({.id = word.c_str(), .name = "Name", .optional = true, .unbounded = true});
-        EXPECT_EQ(describe(*group), made);
-        group->addItem(bare);
-        auto const fault = [make = create](GroupFields const& fields) { return whatOf([&] { make(fields); }); };
-        EXPECT_EQ(fault({.id = "TAKEN", .description = ""}), word + " id \"TAKEN\" is not unique");
-        auto const missing = contractText("description && strlen(description) > 0"); // and nothing is registered
-        EXPECT_EQ(fault({.id = "bare", .description = nullptr}), word == "Mutually Exclusive" ? "<nothing>" : missing);
-    }
-    for (auto const& kind : KINDS) {
-        for (std::string const id : {"Group", "Container", "Mutually Exclusive", "none%s"}) {
-            std::string made;
-            auto const thrown = whatOf<ConfigurationException>([&] {
-                auto const* special = kind.specialize(id.c_str(), "Other");
-                made = describe(*special) + " " + special->getName() + ": " + walkLog(*special);
-                EXPECT_STREQ(special->getDescription(), kind.word == "Group" ? "Description" : "Other");
-            });
-            auto const fault = id == "none%s" ? "was not found" : "is not " + kind.role;
-            EXPECT_EQ(made.empty() ? thrown : made, id == kind.word
-                                                        ? kind.made + " " + id + ": <" + id + " >" + id
-                                                        : kind.word + " to specialize \"" + id + "\" " + fault);
-        }
-        EXPECT_STREQ(kind.specialize(kind.word.c_str(), nullptr)->getDescription(), "Description");
-    }
+// Ids are unique among groups only, whatever their roles.
+TEST_F(ParameterGroupTest, FactoriesMakeTheRoles) {
+    using G = ParameterGroup;
+    createItem("bare");
+    createItem("taken{}");
+    auto const noDescription = contractText("description && strlen(description) > 0"); // and nothing is registered
+    EXPECT_EQ(groupOf([] { return G::CreateGroup("bare", "n", nullptr); }), noDescription);
+    EXPECT_EQ(groupOf([] { return G::CreateContainer("bare", "n", "", true, true); }), noDescription);
+    EXPECT_EQ(groupOf([] { return G::CreateGroup("g", "n", "d"); }), "Constraint optional n, d: <g >g");
+    EXPECT_EQ(groupOf([] { return G::CreateGroup("TAKEN", "", ""); }), "Group id \"TAKEN\" is not unique");
+    EXPECT_EQ(groupOf([] { return G::CreateContainer("c", "n", "d", true, true); }),
+              "Container optional unbounded n, d: <c >c");
+    EXPECT_EQ(groupOf([] { return G::CreateContainer("g", "", "", true, true); }), "Container id \"g\" is not unique");
+    EXPECT_EQ(groupOf([] { return G::CreateMutuallyExclusive("bare", "n", nullptr, true); }),
+              "Constraint exclusive optional n,  : <bare >bare");
+    EXPECT_EQ(groupOf([] { return G::CreateMutuallyExclusive("C", "", "", true); }),
+              "Mutually Exclusive id \"C\" is not unique");
+}
+
+// A specialization has the id and name of its base's id, and none of its items.
+TEST_F(ParameterGroupTest, SpecializationsHaveTheRolesOfTheirBases) {
+    createItem("g/n(a)");
+    createItem("c/n{b}");
+    createItem("x/n[d]");
+    auto const group = [](auto id) { return groupOf([=] { return Special::CreateGroup(id); }); };
+    auto const container = [](auto id, char const* description) {
+        return groupOf([=] { return Special::CreateContainer(id, description, true, true); });
+    };
+    auto const exclusive = [](auto id, char const* description) {
+        return groupOf([=] { return Special::CreateMutuallyExclusive(id, description, true); });
+    };
+    EXPECT_EQ(group("G"), "Constraint optional g, Description: <g >g");
+    EXPECT_EQ(container("C", nullptr), "Container optional unbounded c, Description: <c >c");
+    EXPECT_EQ(container("c", "Other"), "Container optional unbounded c, Other: <c >c");
+    EXPECT_EQ(exclusive("X", nullptr), "Constraint exclusive optional x, Description: <x >x");
+    EXPECT_EQ(exclusive("x", "Other"), "Constraint exclusive optional x, Other: <x >x");
+    EXPECT_EQ(group("none%s"), "Group to specialize \"none%s\" was not found");
+    EXPECT_EQ(container("none%s", "d"), "Container to specialize \"none%s\" was not found");
+    EXPECT_EQ(exclusive("none%s", "d"), "Mutually Exclusive to specialize \"none%s\" was not found");
+    EXPECT_EQ(group("c"), "Group to specialize \"c\" is not a group constraint");
+    EXPECT_EQ(group("x"), "Group to specialize \"x\" is not a group constraint");
+    EXPECT_EQ(container("g", "d"), "Container to specialize \"g\" is not a container");
+    EXPECT_EQ(container("x", "d"), "Container to specialize \"x\" is not a container");
+    auto const role = "is not a mutually exclusive constraint";
+    EXPECT_EQ(exclusive("g", "d"), std::string("Mutually Exclusive to specialize \"g\" ") + role);
+    EXPECT_EQ(exclusive("c", "d"), std::string("Mutually Exclusive to specialize \"c\" ") + role);
 }
 
 TEST_F(ParameterGroupTest, ASpecificationLooksItsRootUpOnEveryCall) {
@@ -67,52 +80,48 @@ TEST_F(ParameterGroupTest, ASpecificationLooksItsRootUpOnEveryCall) {
     EXPECT_TRUE(tool == Specification("tOOL%S", "Other") && !(tool == Specification("Tool", "Does")));
     auto const root = [&] { return whatOf<ConfigurationException>([&] { tool.getParameterGroup(); }); };
     EXPECT_EQ(root(), "Group \"Tool%s\" was not found in the registry");
-    createParameter({.id = "tool%S"});
+    createItem("tool%S");
     EXPECT_EQ(root(), "\"Tool%s\" is not a parameter group");
     manager().reset();
-    auto const* group = createMutuallyExclusive({.id = "tool%s"});
+    auto const* group = createItem("tool%s[]");
     EXPECT_EQ(tool.getParameterGroup(), group);
     SpecificationParameterGroup const above(tool);
     EXPECT_EQ(std::string(above.getName()) + above.getDescription(), "$SpecName$$SpecDesc$");
     EXPECT_EQ(walkLog(above), "<$SpecId$ <tool%s >tool%s >$SpecId$");
 }
 
-struct Schema {
-    Items items;
-    Parameter* a = items.parameter({.id = "a"});
-    Parameter* b = items.parameter({.id = "b"});
-    Parameter* upperB = items.parameter({.id = "B"});
-    ParameterGroup* inner = items.group({.id = "inner"}, {b});
-    ParameterGroup* root = items.group({.id = "root"}, {a, inner, upperB});
-};
-
 TEST(ParameterGroup, IsWalkedDepthFirstWithMiddlesBetween) {
-    Schema const schema;
-    auto const& root = *schema.root;
+    Items items;
+    auto const& root = *items.group("root{a inner{b} B}");
+    auto const& a = *root.getItem(0ul);
     EXPECT_EQ(walkLog(root), "<root a | <inner b >inner | B >root");
     EXPECT_EQ(walkLog(root, {.decline = "inner"}), "<root a | <inner | B >root");
     EXPECT_EQ(walkLog(root, {.decline = "a"}), walkLog(root));
     EXPECT_EQ(walkLog(root, {.decline = "root"}), "<root");
     ParameterItemFinder decliner("ROOT");
     ParameterVisitor accepter;
-    EXPECT_FALSE(root.accept(decliner) || schema.a->accept(decliner));
-    EXPECT_TRUE(root.accept(accepter) && schema.a->accept(accepter));
-    EXPECT_EQ(root.getItem("b", false), schema.upperB);
-    EXPECT_EQ(root.getItem("B", true), schema.b);
+    EXPECT_FALSE(root.accept(decliner) || a.accept(decliner));
+    EXPECT_TRUE(root.accept(accepter) && a.accept(accepter));
+    EXPECT_EQ(root.getItem("b", false), root.getItem(2));
+    EXPECT_STREQ(root.getItem("B", true)->getId(), "b");
     EXPECT_EQ(root.getItem("Root", true), &root);
 }
 
 TEST(ParameterGroup, MayChangeDuringTheWalk) {
-    auto const log = [](char const* event, void (*change)(Schema&)) {
-        Schema schema;
-        return walkLog(*schema.root, {.onEvent = doAt(event, [&] { change(schema); })});
+    auto const log = [](char const* event, void (*change)(ParameterGroup&)) {
+        Items items;
+        auto& root = *items.group("root{a inner{b} B}");
+        return walkLog(root, {.at = event, .action = [&] { change(root); }});
     };
+    auto const add = [](ParameterGroup& root) { root.addItem(root.getItem(0ul)); };
+    auto const removeA = [](ParameterGroup& root) { root.removeItem("a"); };
+    auto const removeB = [](ParameterGroup& root) { root.removeItem("b"); };
     auto const violation = "!" + contractText("index < getNumberOfItems()");
-    EXPECT_EQ(log("<root", [](auto& s) { s.root->addItem(s.a); }), "<root a | <inner b >inner | B | a >root");
-    EXPECT_EQ(log("<root", [](auto& s) { s.root->removeItem("a"); }), "<root <inner b >inner | B >root");
-    EXPECT_EQ(log("b", [](auto& s) { s.root->addItem(s.a); }), "<root a | <inner b >inner | B >root");
-    EXPECT_EQ(log("B", [](auto& s) { s.root->removeItem("b"); }), "<root a | <inner b >inner | B >root");
-    EXPECT_EQ(log(">inner", [](auto& s) { s.root->removeItem("b"); }), "<root a | <inner b >inner | " + violation);
+    EXPECT_EQ(log("<root", add), "<root a | <inner b >inner | B | a >root");
+    EXPECT_EQ(log("<root", removeA), "<root <inner b >inner | B >root");
+    EXPECT_EQ(log("b", add), "<root a | <inner b >inner | B >root");
+    EXPECT_EQ(log("B", removeB), "<root a | <inner b >inner | B >root");
+    EXPECT_EQ(log(">inner", removeB), "<root a | <inner b >inner | " + violation);
 }
 
 } // namespace

@@ -1,12 +1,8 @@
 #include "support/Notation.h"
 
-#include "support/Schema.h"
-#include "support/ValueTree.h"
-
 #include <configuration/Manager.h>
 
 #include <algorithm>
-#include <map>
 #include <regex>
 #include <sstream>
 #include <stdexcept>
@@ -17,7 +13,7 @@ using namespace configuration;
 
 namespace {
 
-/// A word, and what stands in brackets behind it.
+/// A word, and what stands in brackets after it.
 struct Node {
     std::string word;
     char bracket = '\0';
@@ -32,7 +28,11 @@ Node takeNode(std::string_view& rest) {
         node.bracket = rest.front();
         rest.remove_prefix(1);
         while (std::string_view("})]").find(rest.at(0)) == std::string_view::npos) {
-            rest.front() == ' ' ? rest.remove_prefix(1) : void(node.items.push_back(takeNode(rest)));
+            if (rest.front() == ' ') {
+                rest.remove_prefix(1);
+            } else {
+                node.items.push_back(takeNode(rest));
+            }
         }
         rest.remove_prefix(1);
     }
@@ -41,62 +41,100 @@ Node takeNode(std::string_view& rest) {
 
 Node nodeOf(std::string_view text) { return takeNode(text); }
 
-ParameterItem* createFrom(Node const& node) {
-    static std::map<std::string, Parameter::ValueType> const types{{"", Parameter::STRING_PARAMETER},
-                                                                   {"bool", Parameter::BOOLEAN_PARAMETER},
-                                                                   {"int", Parameter::INT_PARAMETER},
-                                                                   {"uint", Parameter::UINT_PARAMETER},
-                                                                   {"double", Parameter::DOUBLE_PARAMETER}};
-    static std::regex const form(
-        "([^/:<?*~=]*)(?:/([^:<?*~=]*))?(?::([a-z]*))?(?:<([^>]*)>)?(\\?)?(\\*)?(~)?(?:=(.*))?");
+Parameter::ValueType typeOf(std::string const& word) {
+    static std::vector<std::string> const words{"bool", "string", "int", "uint", "double", "oid", "enum"};
+    auto const found = std::ranges::find(words, word.empty() ? "string" : word);
+    return static_cast<Parameter::ValueType>(found - words.begin()); // the types have the order of their words
+}
+
+ParameterItem* makeItem(Node const& node, std::vector<std::unique_ptr<ParameterItem>>& items) {
+    static std::regex const form("([^/:<?*~!=]*)(?:/([^:<?*~!=]*))?(?::([a-z]*))?(?:<([^>]*)>)?"
+                                 "(\\?)?(\\*)?(~)?(?:!([^=]*))?(?:=(.*))?");
     std::smatch parts;
     if (!std::regex_match(node.word, parts, form)) {
         throw std::invalid_argument(node.word);
     }
-    auto const textOrNull = [](std::string const& text) { return text.empty() ? nullptr : text.c_str(); };
-    std::string const id = parts[1], valueName = parts[4], defaultValue = parts[8];
-    std::string const name = parts[2].matched ? parts[2] : parts[1];
+    std::vector<std::string> const texts(parts.begin(), parts.end());
+    auto const textOrNull = [&](std::size_t part) { return parts[part].matched ? texts[part].c_str() : nullptr; };
+    char const* const id = texts[1].c_str();
+    char const* const name = parts[2].matched ? texts[2].c_str() : id;
     bool const optional = parts[5].matched, unbounded = parts[6].matched, hidden = parts[7].matched;
     if (node.bracket == '\0') {
-        return createParameter({id.c_str(), name.c_str(), "Description", optional, unbounded, types.at(parts[3]),
-                                textOrNull(defaultValue), textOrNull(valueName), nullptr, hidden});
+        items.push_back(std::make_unique<Parameter>(id, name, "Description", optional, unbounded, typeOf(texts[3]),
+                                                    textOrNull(9), textOrNull(4), textOrNull(8), hidden));
+        return items.back().get();
     }
-    ItemList items;
-    std::ranges::transform(node.items, std::back_inserter(items), createFrom);
-    auto const create = node.bracket == '{'   ? createContainer
-                        : node.bracket == '(' ? createGroup
-                                              : createMutuallyExclusive;
-    return create({id.c_str(), name.c_str(), "Description", optional, unbounded}, items);
+    auto made = std::make_unique<ParameterGroup>(
+        id, name, "Description", optional || node.bracket == '(',
+        node.bracket == '[' ? ParameterGroup::ITEMS_MUTUALLY_EXCLUSIVE : ParameterGroup::ITEMS_NOT_EXCLUSIVE, unbounded,
+        node.bracket == '{' ? ParameterGroup::CONTAINER : ParameterGroup::CONSTRAINT);
+    auto& group = *made;
+    items.push_back(std::move(made));
+    for (auto const& item : node.items) {
+        group.addItem(makeItem(item, items));
+    }
+    return &group;
 }
 
 std::string paddingId(int number) { return "#" + std::to_string(number); }
 
-std::unique_ptr<ParameterValue> valueFrom(std::string const& word) {
+/// A node, bound when the schema group has an item of its id.
+template <class Value, class Item, class... Text>
+std::unique_ptr<Value> makeNode(std::string const& id, ParameterGroup const* schema, Text... text) {
+    auto const* item = dynamic_cast<Item const*>(schema ? schema->getItem(id.c_str(), true) : nullptr);
+    return item ? std::make_unique<Value>(item, text...)
+                : std::make_unique<Value>(id.empty() ? nullptr : id.c_str(), text...);
+}
+
+std::unique_ptr<ParameterValue> valueFrom(std::string const& word, ParameterGroup const* schema) {
     auto const sign = word.find('=');
     std::istringstream texts(word.substr(sign + 1) + ",");
     std::unique_ptr<ParameterValue> made;
     for (std::string text; std::getline(texts, text, ',');) {
         char const* given = text == "<none>" ? nullptr : text.c_str();
-        made ? made->addValue(given) : void(made = value(word.substr(0, sign).c_str(), given));
+        if (made) {
+            made->addValue(given);
+        } else {
+            made = makeNode<ParameterValue, Parameter>(word.substr(0, sign), schema, given);
+        }
     }
     return made;
 }
 
-std::unique_ptr<ParameterValueGroup> treeFrom(Node const& node, Padding const& padding) {
-    auto group = valueGroup(node.word.empty() ? nullptr : node.word.c_str());
+std::unique_ptr<ParameterValueGroup> treeFrom(Node const& node, Padding const& padding, ParameterGroup const* schema) {
+    auto group = makeNode<ParameterValueGroup, ParameterGroup>(node.word, schema);
     for (int i = 1; node.word == "tool" && !node.items.empty() && i <= padding.values; ++i) {
         group->addValue(paddingId(i).c_str(), "x");
     }
     for (auto const& item : node.items) {
-        item.bracket != '\0' ? group->addItem(treeFrom(item, padding).release())
-                             : group->addItem(valueFrom(item.word).release());
+        item.bracket != '\0' ? group->addItem(treeFrom(item, padding, schema).release())
+                             : group->addItem(valueFrom(item.word, schema).release());
     }
     return group;
 }
 
 } // namespace
 
-ParameterItem* createItem(std::string_view text) { return createFrom(nodeOf(text)); }
+ParameterItem* Items::item(std::string_view text) { return makeItem(nodeOf(text), mItems); }
+
+Parameter* Items::parameter(std::string_view text) { return static_cast<Parameter*>(item(text)); }
+
+ParameterGroup* Items::group(std::string_view text) { return static_cast<ParameterGroup*>(item(text)); }
+
+void Items::giveToManager() {
+    for (auto& item : mItems) {
+        Manager::getInstance()->addParameterItem(item.get());
+        static_cast<void>(item.release());
+    }
+    mItems.clear();
+}
+
+ParameterItem* createItem(std::string_view text) {
+    Items items;
+    auto* item = items.item(text);
+    items.giveToManager();
+    return item;
+}
 
 Specification* createTool(std::string_view text, Padding const& padding) {
     auto* root = static_cast<ParameterGroup*>(createItem(text));
@@ -109,12 +147,41 @@ Specification* createTool(std::string_view text, Padding const& padding) {
 }
 
 std::unique_ptr<ParameterValueGroup> treeOf(std::string_view text, Padding const& padding) {
-    return treeFrom(nodeOf(text), padding);
+    return treeFrom(nodeOf(text), padding, nullptr);
 }
 
-std::string shown(ParameterValueItem const& tree) {
-    static std::regex const padding("#[^ }]* ?");
-    return std::regex_replace(toText(tree), padding, "");
+std::unique_ptr<ParameterValueGroup> treeOf(std::string_view text, ParameterGroup const& schema) {
+    return treeFrom(nodeOf(text), {}, &schema);
+}
+
+std::string idOf(ParameterValueItem const& item) {
+    char const* id = item.getParameterItemId();
+    return id ? id : "";
+}
+
+std::string textsOf(ParameterValue const& value) {
+    ParameterValue const copy(value); // reading turns an absent flag into "1"
+    std::string texts;
+    for (unsigned long i = 0; i < copy.getNumberOfValues(); ++i) {
+        char const* text = copy.getValue(i, true);
+        texts += (i > 0 ? "," : "") + std::string(text ? text : "<none>");
+    }
+    return texts;
+}
+
+std::string toText(ParameterValueItem const& item) {
+    auto text = idOf(item) + (item.getItemState() == ParameterValueItem::ASSIGNED ? "" : "?");
+    if (auto const* value = dynamic_cast<ParameterValue const*>(&item)) {
+        return text + (value->isUsingDefaultValue() ? "*=" : "=") + textsOf(*value);
+    }
+    auto const& group = static_cast<ParameterValueGroup const&>(item);
+    text += '{';
+    for (unsigned long i = 0; i < group.getNumberOfItems(); ++i) {
+        if (auto const& child = *group.getItem(i); !idOf(child).starts_with('#')) {
+            text += (text.back() == '{' ? "" : " ") + toText(child);
+        }
+    }
+    return text + "}";
 }
 
 } // namespace kivo::test

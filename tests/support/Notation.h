@@ -6,11 +6,17 @@
 //     auto values = treeOf("{tool{a=1 u=1,2 in{c=<none>}}}");
 //     EXPECT_EQ(toText(*values), "?{tool?{a?=1 u?=1,2 in?{c?=<none>}}}");
 //
-// An item of a schema is its id, then, where they differ from the usual, its name behind "/", its type behind ":"
-// (string else), its value name in "<>", "?" when it is optional, "*" unbounded, "~" hidden, and a default behind "=".
-// A group's items stand in "{}" for a container, "()" for a group constraint, "[]" for a mutually exclusive one. The
-// Manager owns the items. All nodes of a tree are unbound.
+// An item of a schema is its id, then, where they differ from the usual, its name after "/", its type after ":"
+// (string else), its value name in "<>", "?" when it is optional, "*" unbounded, "~" hidden, the name of its validator
+// after "!", and a default after "=". A group's items stand in "{}" for a container, "()" for a group constraint, "[]"
+// for a mutually exclusive one.
+//
+// A node of a tree is its id and texts ("<none>" for an entry without a text), or its id and children in "{}". In what
+// toText() shows, "?" follows a node that is not bound, and "*" a default; texts are read without defaults.
 
+#include <configuration/Parameter.h>
+#include <configuration/ParameterGroup.h>
+#include <configuration/ParameterValue.h>
 #include <configuration/ParameterValueGroup.h>
 #include <configuration/Specification.h>
 
@@ -18,22 +24,46 @@
 #include <string>
 #include <string_view>
 #include <tuple>
+#include <vector>
 
 namespace kivo::test {
 
 /// A number of items called #1, #2, …, each with the value "x": they make a schema or tree larger and change nothing
-/// else. Larger ones are searched in other ways.
+/// else. Larger ones are searched in other ways. Trees are shown without them.
 struct Padding {
-    int schema = 0; ///< added behind the items of the specification's group
+    int schema = 0; ///< added after the items of the specification's group
     int values = 0; ///< added before the items of groups named "tool"
 };
 
+/// Makes schema items that no manager knows, and owns them.
+class Items {
+public:
+    configuration::ParameterItem* item(std::string_view text);
+    configuration::Parameter* parameter(std::string_view text);
+    configuration::ParameterGroup* group(std::string_view text);
+
+    /// Registers all items with the Manager, which owns them from now on.
+    void giveToManager();
+
+private:
+    std::vector<std::unique_ptr<configuration::ParameterItem>> mItems;
+};
+
+/// Make items that the Manager owns.
 configuration::ParameterItem* createItem(std::string_view text);
 configuration::Specification* createTool(std::string_view text, Padding const& padding = {});
-std::unique_ptr<configuration::ParameterValueGroup> treeOf(std::string_view text, Padding const& padding = {});
 
-/// A tree as toText() shows it, without padding.
-std::string shown(configuration::ParameterValueItem const& tree);
+/// All nodes are unbound; or those that have an item of their id in a schema group are bound to it.
+std::unique_ptr<configuration::ParameterValueGroup> treeOf(std::string_view text, Padding const& padding = {});
+std::unique_ptr<configuration::ParameterValueGroup> treeOf(std::string_view text,
+                                                           configuration::ParameterGroup const& schema);
+
+/// A node and all below it.
+std::string toText(configuration::ParameterValueItem const& item);
+/// The texts of a value, joined by commas.
+std::string textsOf(configuration::ParameterValue const& value);
+/// The id of a node, empty when it has none.
+std::string idOf(configuration::ParameterValueItem const& item);
 
 /// Name a case by its row; one of a row and a padding also by its size.
 struct Label {

@@ -4,14 +4,12 @@
 //
 //     EXPECT_EQ(walkLog(root), "<root a | <inner b >inner | c >root");                      a schema
 //     EXPECT_EQ(walkLog(values), "<root a=1,2 <inner b=<none> >inner >root");               a value tree
-//     walkLog(root, {.onEvent = doAt(">inner", [&] { root.removeItem("c"); })})
+//     walkLog(root, {.at = ">inner", .action = [&] { root.removeItem("c"); }})
 //
 // When it throws, the line ends with "!" and the text of the exception.
 
-#include "support/ValueTree.h"
+#include "support/Notation.h"
 
-#include <configuration/Parameter.h>
-#include <configuration/ParameterGroup.h>
 #include <configuration/ParameterValueVisitor.h>
 #include <configuration/ParameterVisitor.h>
 
@@ -20,16 +18,11 @@
 namespace kivo::test {
 
 struct WalkOptions {
-    std::string decline = {}; ///< id of an item for which the visitor returns false
-    /// Called after each event with its text ("<root", "a", "|", "a=1", ">root").
-    std::function<void(std::string const& event)> onEvent = {};
-    bool isMutator = false; ///< whether the visitor of values calls itself a mutator
+    std::string decline = {};          ///< id of an item for which the visitor returns false
+    std::string at = {};               ///< text of an event ("<root", "a", "|", "a=1", ">root")
+    std::function<void()> action = {}; ///< what is done at this event
+    bool isMutator = false;            ///< whether the visitor of values calls itself a mutator
 };
-
-/// Does something at each event of one text.
-inline auto doAt(std::string const& event, std::function<void()> const& action) {
-    return [=](std::string const& current) { current == event ? action() : void(); };
-}
 
 struct Walk final : configuration::ParameterVisitor, configuration::ParameterValueVisitor {
     using Group = configuration::ParameterGroup;
@@ -50,8 +43,8 @@ struct Walk final : configuration::ParameterVisitor, configuration::ParameterVal
     /// @return whether the item of this id is not to be declined
     bool add(std::string const& mark, std::string const& id = "", std::string const& texts = "") {
         line += (line.empty() ? "" : " ") + mark + id + texts;
-        if (options.onEvent) {
-            options.onEvent(mark + id + texts);
+        if (mark + id + texts == options.at) {
+            options.action();
         }
         return id.empty() || id != options.decline;
     }

@@ -1,7 +1,6 @@
 #include "support/Exceptions.h"
 #include "support/ManagerTest.h"
 #include "support/Notation.h"
-#include "support/Schema.h"
 #include "text/HelpVisitor.h"
 #include "text/UsageVisitor.h"
 #include "text/WordWrap.h"
@@ -50,7 +49,7 @@ INSTANTIATE_TEST_SUITE_P(UsageVisitor, UsageText, testing::Values(
     UsageCase{"HiddenFirstAndBetween", "root{h1~ a h2~ h3~ b}", "    -a\n    -b"},
     // The line was begun before the hidden parameter was seen.
     UsageCase{"HiddenLast", "root{a b h~}", "    -a\n    -b\n    "},
-    // Inside groups separators stay; behind a group that ends with a hidden parameter the line goes on.
+    // Inside groups separators stay; after a group that ends with a hidden parameter the line goes on.
     UsageCase{"HiddenInAContainer", "root{in{h1~ a h2~ b h3~} c d}", "     -a  -b -c\n    -d"},
     UsageCase{"HiddenInAChoice", "root{ex?[h1~ a h2~] in?*{h3~} b}", "    [ | -a | ][{}]-b"},
 
@@ -63,17 +62,19 @@ INSTANTIATE_TEST_SUITE_P(UsageVisitor, UsageText, testing::Values(
 struct HelpCase {
     char const* label;
     unsigned long screenWidth, maxNameWidth;
-    std::vector<ParameterFields> parameters;
+    std::vector<std::pair<char const*, char const*>> parameters; ///< each with its description
     char const* help;
 };
 
 class HelpText : public testing::TestWithParam<HelpCase> {};
 
-TEST_P(HelpText, IsWrittenAsSpecified) {
+TEST_P(HelpText, IsWrittenInTwoColumns) {
     Items items;
-    auto* root = items.group({.id = "root"});
-    for (auto const& fields : GetParam().parameters) {
-        root->addItem(items.parameter(fields));
+    auto* root = items.group("root{}");
+    for (auto const& [item, description] : GetParam().parameters) {
+        auto* parameter = items.parameter(item);
+        parameter->setDescription(description);
+        root->addItem(parameter);
     }
     HelpVisitor visitor(GetParam().screenWidth, GetParam().maxNameWidth);
     root->accept(visitor);
@@ -84,48 +85,36 @@ TEST_P(HelpText, IsWrittenAsSpecified) {
 #define FULL_LINE "0123456789012345678901234567890123456789012345678901234567890123456"
 
 INSTANTIATE_TEST_SUITE_P(HelpVisitor, HelpText, testing::Values(
-    HelpCase{"OneLineIsOneCharacterShorterThanTheScreen", 80, 30,
-        {{.id = "output", .description = FULL_LINE, .valueName = "to"},
-         {.id = "in", .description = FULL_LINE " and more"}},
+    HelpCase{"OneLineIsOneCharacterShorterThanTheScreen", 80, 30, {{"output<to>", FULL_LINE}, {"in", FULL_LINE " more"}},
         "-output to " FULL_LINE " \n"
         "-in        " FULL_LINE " \n"
-        "           and more                                                            \n"},
+        "           more                                                                \n"},
     HelpCase{"NameColumnAtItsLimit", 30, 12,
-        {{.id = "directory", .description = "Where the backup is written to", .valueName = "path"},
-         {.id = "abcdefghijklmnopqrstuvw", .description = "Long"}},
+        {{"directory<path>", "Where the backup is written to"}, {"abcdefghijklmnopqrstuvw", "Long"}},
         "-directory  Where the backup \n"
         "   path     is written to    \n"
         "-abcdefghij Long             \n"
         "   klmnopqr                  \n"
         "   stuvw                     \n"},
-    HelpCase{"NameEndsAtASlash", 20, 9, {{.id = "etc/kivo", .description = "One of two"}},
+    HelpCase{"NameEndsAtASlashOrABackslash", 20, 9, {{"p/etc\\kivo", "One of/two"}},
         "-etc     One of    \n"
-        "   /kivo two       \n"},
-    HelpCase{"HiddenParametersWidenTheColumn", 20, 15,
-        {{.id = "v", .name = "%s", .description = "Be %n"}, {.id = "secret", .hidden = true}}, "-%s     Be %n      \n"},
-    HelpCase{"UnseenValueNamesOfFlagsWidenTheColumn", 20, 15,
-        {{.id = "v", .description = "Be loud", .type = Parameter::BOOLEAN_PARAMETER, .valueName = "abcdef"}},
-        "-v        Be loud  \n"},
-    HelpCase{"LineFeedInTheDescription", 20, 15,
-        {{.id = "a", .description = "one\ntwo three four"}, {.id = "b", .description = "one\ntwo"}},
+        "   \\kivo /two      \n"},
+    HelpCase{"HiddenParametersWidenTheColumn", 20, 15, {{"v/%s", "Be %n"}, {"secret~", "d"}}, "-%s     Be %n      \n"},
+    HelpCase{"UnseenValueNamesOfFlagsWidenTheColumn", 20, 15, {{"v:bool<abcdef>", "Be loud"}}, "-v        Be loud  \n"},
+    HelpCase{"LineFeedInTheDescription", 20, 15, {{"a", "one\ntwo three four"}},
         "-a one             \n"
-        "   two three four  \n"
-        "-b one             \n"
-        "   two             \n"},
-    HelpCase{"BlankLineEndsTheEntry", 20, 15,
-        {{.id = "a", .description = "one\n\ntwo"}, {.id = "b", .description = "one\n\ntwo three four five"},
-         {.id = "c", .description = " "}},
+        "   two three four  \n"},
+    HelpCase{"BlankLineEndsTheEntry", 20, 15, {{"a", "one\n\ntwo three four five"}, {"c", " "}},
         "-a one             \n"
-        "-b one             \n"
         "-c                 \n"},
-    HelpCase{"BlankLineBesideTheNameIsKept", 14, 6, {{.id = "abc", .description = "a\n\nb", .valueName = "de"}},
+    HelpCase{"BlankLineBesideTheNameIsKept", 14, 6, {{"abc<de>", "a\n\nb"}},
         "-abc  a      \n"
         "   de        \n"
         "      b      \n"},
-    HelpCase{"NoNameColumn", 5, 0, {{.id = "a", .description = "abcd"}}, "-abc \n   ad   \n"},
-    HelpCase{"NoDescriptionColumn", 4, 3, {{.id = "abc", .description = "xy"}}, "-a x\n   by\n   c\n"},
-    HelpCase{"WidthsThatNoProviderAccepts", 0, 9, {{.id = "a", .description = "xy"}}, "-a x\n   y\n"},
-    HelpCase{"OnlyHidden", 80, 30, {{.hidden = true}}, ""}),
+    HelpCase{"NoNameColumn", 5, 0, {{"a", "abcd"}}, "-abc \n   ad   \n"},
+    HelpCase{"NoDescriptionColumn", 4, 3, {{"abc", "xy"}}, "-a x\n   by\n   c\n"},
+    HelpCase{"WidthsThatNoProviderAccepts", 0, 9, {{"a", "xy"}}, "-a x\n   y\n"},
+    HelpCase{"OnlyHidden", 80, 30, {{"h~", "d"}}, ""}),
     Label());
 
 std::string wrapped(std::string_view text, unsigned long start, unsigned long width, unsigned long indent) {
@@ -156,10 +145,10 @@ TEST(WordWrap, BreaksLines) {
         Row{"BackslashBeginsTheNextLine", "C:\\a\\bc", 0, 4, 0, "C:\\a\n\\bc\n"},
 
         Row{"LongWord", "abcdefghij", 0, 4, 1, "abcd\n efg\n hij\n"},
-        Row{"LongWordBehindASpace", "a bcdefghijk", 0, 4, 0, "a\nbcde\nfghi\njk\n"},
+        Row{"LongWordAfterASpace", "a bcdefghijk", 0, 4, 0, "a\nbcde\nfghi\njk\n"},
         // Without a break so far, the width counts from the beginning of the text.
-        Row{"LongWordBehindALineFeed", "ab\ncdefghijkl", 0, 6, 0, "ab\ncde\nfghijk\nl\n"},
-        Row{"LongWordBehindSpaceAndLineFeed", "a b\ncdefghijkl", 0, 6, 0, "a b\ncdefgh\nijkl\n"},
+        Row{"LongWordAfterALineFeed", "ab\ncdefghijkl", 0, 6, 0, "ab\ncde\nfghijk\nl\n"},
+        Row{"LongWordAfterSpaceAndLineFeed", "a b\ncdefghijkl", 0, 6, 0, "a b\ncdefgh\nijkl\n"},
 
         Row{"LineFeedThatFits", "a\nb c", 0, 5, 2, "a\nb c\n"},
         Row{"LineFeedBeforeASpace", "a\nb cd", 0, 5, 2, "a\n  b\n  cd\n"},
@@ -210,19 +199,18 @@ struct NamedProvider : ValueProvider {
 };
 
 TEST_F(Compose, ChecksItsArgumentsInOrder) {
-    auto const provider = contractText("providerName != 0 && strlen(providerName) > 0");
-    auto const specification = contractText("specificationName != 0 && strlen( specificationName) > 0");
+    auto const both = [&](char const* provider, char const* specification, unsigned long screen, unsigned long name) {
+        auto const usage = whatOf([&] { m.composeUsageMessage(provider, specification); });
+        auto const help = whatOf([&] { m.composeHelpMessage(provider, specification, screen, name); });
+        return usage == help ? usage : usage + " " + help;
+    };
     for (char const* nothing : {static_cast<char const*>(nullptr), ""}) {
-        EXPECT_EQ(whatOf([&] { m.composeUsageMessage(nothing, nothing); }), provider);
-        EXPECT_EQ(whatOf([&] { m.composeHelpMessage(nothing, nothing, 0, 0); }), provider);
-        EXPECT_EQ(whatOf([&] { m.composeUsageMessage("CLI", nothing); }), specification);
-        EXPECT_EQ(whatOf([&] { m.composeHelpMessage("CLI", nothing, 0, 0); }), specification);
+        EXPECT_EQ(both(nothing, nothing, 0, 0), contractText("providerName != 0 && strlen(providerName) > 0"));
+        EXPECT_EQ(both("CLI", nothing, 0, 0), contractText("specificationName != 0 && strlen( specificationName) > 0"));
     }
-    EXPECT_EQ(whatOf([&] { m.composeUsageMessage("CLI", "none"); }), "Specification \"none\" was not found");
-    EXPECT_EQ(whatOf([&] { m.composeHelpMessage("CLI", "none", 0, 0); }), "Specification \"none\" was not found");
-    EXPECT_EQ(whatOf([&] { m.composeHelpMessage("CLI", "tool", 0, 0); }), contractText("screenWidth > 0"));
-    EXPECT_EQ(whatOf([&] { m.composeHelpMessage("CLI", "tool", 9, 9); }),
-              contractText("maxParameterNameWidth < screenWidth"));
+    EXPECT_EQ(both("CLI", "none", 0, 0), "Specification \"none\" was not found");
+    EXPECT_EQ(both("CLI", "tool", 0, 0), "<nothing> " + contractText("screenWidth > 0"));
+    EXPECT_EQ(both("CLI", "tool", 9, 9), "<nothing> " + contractText("maxParameterNameWidth < screenWidth"));
     ApplicationValuesProvider const values(1);
     EXPECT_EQ(whatOf([&] { values.composeUsageMessage(nullptr); }), contractText("specification != 0"));
     EXPECT_EQ(whatOf([&] { values.composeHelpMessage(nullptr, 0, 0); }), contractText("specification != 0"));

@@ -6,7 +6,7 @@
 #include "schema/NameComparison.h"
 #include "support/CommaLocale.h"
 #include "support/Exceptions.h"
-#include "support/Schema.h"
+#include "support/Notation.h"
 #include "support/WalkLog.h"
 #include "values/ValueItemUtil.h"
 
@@ -22,9 +22,6 @@ namespace {
 using Group = ParameterValueGroup;
 using Item = ParameterValueItem;
 
-constexpr auto FLAG = Parameter::BOOLEAN_PARAMETER;
-constexpr auto INTEGER = Parameter::INT_PARAMETER;
-
 /// What the readers of the first entry return: int, unsigned, double and bool.
 std::string numbersOf(ParameterValue const& value) {
     std::ostringstream text;
@@ -35,28 +32,29 @@ std::string numbersOf(ParameterValue const& value) {
 }
 
 TEST(ParameterValue, AnEntryWithoutATextReadsAsTheParameterSays) {
-    std::string const none = "<none> <none> / 0 0 0 false";
-    using Row = std::pair<ParameterFields, std::string>; // read: without and with the default, as numbers
     Items items;
-    for (auto const& [fields, readings] : {
-             Row{{.id = "mandatory flag", .type = FLAG, .defaultValue = "1"}, none},
-             Row{{.id = "mandatory number", .type = INTEGER, .defaultValue = "8"}, none},
-             Row{{.id = "flag, default off", .optional = true, .type = FLAG, .defaultValue = "0"}, "1 1 / 1 1 1 true"},
-             Row{{.id = "number", .optional = true, .type = INTEGER, .defaultValue = "8"}, "<none> 8 / 8 8 8 true"},
-             Row{{.id = "text", .optional = true, .defaultValue = "%s"}, "<none> %s / 0 0 0 true"},
-             Row{{.id = "empty text", .optional = true, .defaultValue = ""}, "<none>  / 0 0 0 false"},
+    for (auto const& [parameter, readings] : {
+             // without and with the default, and as numbers
+             std::pair("flag:bool=1", "<none> <none> / 0 0 0 false"),
+             {"number:int=8", "<none> <none> / 0 0 0 false"},
+             {"flag:bool?=0", "1 1 / 1 1 1 true"}, // whatever the default
+             {"number:int?=8", "<none> 8 / 8 8 8 true"},
+             {"text?=%s", "<none> %s / 0 0 0 true"},
+             {"text?=", "<none>  / 0 0 0 false"},
          }) {
-        auto const absent = value(items.parameter(fields), nullptr);
-        auto const withoutDefault = textsOf(*absent);
-        char const* const text = absent->getValue(0, false);
-        EXPECT_EQ(withoutDefault + " " + (text ? text : "<none>") + " / " + numbersOf(*absent), readings) << fields.id;
+        ParameterValue const absent(items.parameter(parameter), nullptr);
+        auto const withoutDefault = textsOf(absent);
+        char const* const text = absent.getValue(0, false);
+        EXPECT_EQ(withoutDefault + " " + (text ? text : "<none>") + " / " + numbersOf(absent), readings) << parameter;
     }
-    auto const flags = value(items.parameter({.optional = true, .type = FLAG}), nullptr, nullptr);
-    EXPECT_TRUE(flags->getBooleanValue(0)); // it keeps the text that it was read as
-    ValueItemUtil().assignParameterItem(*flags, items.parameter({.type = FLAG}));
-    EXPECT_EQ(toText(*flags), "id=1,<none>");
-    flags->setValue(0, nullptr);
-    EXPECT_EQ(toText(*flags), "id=<none>,<none>");
+    auto* group = items.group("g{flag:bool?}");
+    auto const tree = treeOf("root{flag=<none>,<none>}", *group);
+    auto& flags = *tree->getValue("flag");
+    EXPECT_TRUE(flags.getBooleanValue(0)); // it keeps the text that it was read as
+    ValueItemUtil().assignParameterItem(flags, items.parameter("flag:bool"));
+    EXPECT_EQ(toText(flags), "flag=1,<none>");
+    flags.setValue(0, nullptr);
+    EXPECT_EQ(toText(flags), "flag=<none>,<none>");
 }
 
 TEST(ParameterValue, ConvertsTextsLenientlyInEveryLocale) {
@@ -69,7 +67,7 @@ TEST(ParameterValue, ConvertsTextsLenientlyInEveryLocale) {
         {"fALSE", "0 0 0 false"}, {"false ", "0 0 0 true"}, {"no", "0 0 0 true"}, {"0x10", "0 0 16 true"},
         {"2.5", "2 2 2.5 true"}, {"0,5", "0 0 0 true"}, {"1e3x", "1 1 1000 true"}, {"4294967296", "0 0 4294967296 false"},
         {"4294967295", "-1 4294967295 4294967295 true"}, {"99999999999999999999", "-1 4294967295 1e+20 true"}}) {
-        EXPECT_EQ(numbersOf(*value("unbound", text)), numbers) << text;
+        EXPECT_EQ(numbersOf(ParameterValue("unbound", text)), numbers) << text;
     }
     // clang-format on
 }
@@ -80,14 +78,15 @@ TEST(ParameterValue, ALabelReadsAsItsNumber) {
         levels.addEnumValue(label, number); // the first number of a label stays
     }
     Items items;
-    auto* level = items.parameter({.type = Parameter::ENUM_PARAMETER, .defaultValue = "high"});
-    EXPECT_EQ(numbersOf(*value(level, "2")), "2 2 2 true"); // no definition yet
+    auto* level = items.parameter("level:enum=high");
+    EXPECT_EQ(numbersOf(ParameterValue(level, "2")), "2 2 2 true"); // no definition yet
     level->setEnumDefinition(&levels);
-    EXPECT_EQ(numbersOf(*value(level, "high")) + numbersOf(*value(level, nullptr)), "2 2 2 true0 0 0 false");
-    auto const unknown = value(level, "High%s");
-    EXPECT_EQ(whatOf([&] { unknown->getBooleanValue(0); }), "symbol \"High%s\" was not found");
-    EXPECT_EQ(whatOf([&] { unknown->getUIntValue(0); }), "symbol \"High%s\" was not found");
-    EXPECT_EQ(whatOf([&] { unknown->getDoubleValue(0); }), "symbol \"High%s\" was not found");
+    EXPECT_EQ(numbersOf(ParameterValue(level, "high")), "2 2 2 true");
+    EXPECT_EQ(numbersOf(ParameterValue(level, nullptr)), "0 0 0 false");
+    ParameterValue const unknown(level, "High%s");
+    EXPECT_EQ(whatOf([&] { unknown.getBooleanValue(0); }), "symbol \"High%s\" was not found");
+    EXPECT_EQ(whatOf([&] { unknown.getUIntValue(0); }), "symbol \"High%s\" was not found");
+    EXPECT_EQ(whatOf([&] { unknown.getDoubleValue(0); }), "symbol \"High%s\" was not found");
     ParameterEnumValue own("own", "below");
     EXPECT_EQ(whatOf([&] { own.getDoubleValue(0); }), "Must set the enumeration defintion first");
     own.setEnumDefinition(levels);
@@ -101,8 +100,9 @@ TEST(ParameterValue, ALabelReadsAsItsNumber) {
 
 TEST(ParameterValueGroup, FindsByIdAndNameAndDetachesWithoutDestroying) {
     Items items;
-    auto const* port = items.parameter({.id = "id", .name = "port"});
-    auto const group = valueGroup("root", valueGroup("box%s"), value("", "nameless"), value(port, "1"));
+    auto const* port = items.parameter("id/port");
+    auto const group = treeOf("root{box%s{} =nameless}");
+    group->addItem(std::make_unique<ParameterValue>(port, "1").release());
     group->addValue("PORT", "2");
     group->addValue("port", nullptr);
     EXPECT_EQ(whatOf([&] { group->addValue("BOX%s", "1"); }), "\"BOX%s\" is not a parameter value");
@@ -116,14 +116,13 @@ TEST(ParameterValueGroup, FindsByIdAndNameAndDetachesWithoutDestroying) {
 
 TEST(ParameterValueGroup, CopiesWithOrWithoutItems) {
     Items items;
-    auto const root = valueGroup("root", valueGroup(items.group({.id = "box"}), valueGroup("low", value("b", "1"))));
+    auto const root = treeOf("root{box{low{b=1} p=1,<none>,100%s}}", *items.group("box{p}"));
     auto& source = static_cast<Group&>(*root->getItem(0ul));
-    source.addItem(value(items.parameter({.id = "p"}), "1", nullptr, "100%s").release());
     source.getValue("p")->setIsUsingDefaultValue(true);
     source.addItem(std::make_unique<ParameterEnumValue>("e", "x").release());
     std::unique_ptr<Group> const deep(source.clone(Item::DEEP_COPY));
     source = *&source;
-    auto assigned = *valueGroup("assigned", value("old", "1"));
+    auto assigned = *treeOf("assigned{old=1}");
     assigned = source;
     source.addValue("p", "2");
     for (auto* copy : {deep.get(), &assigned}) {
@@ -157,16 +156,16 @@ TEST(ParameterValueGroup, FindsAsAScanThroughAllChanges) {
         if (kind == 0) {
             util.setParameterItemId(*item, id.c_str());
         } else if (kind == 1) {
-            util.assignParameterItem(*item, items.parameter({.id = id.c_str()}));
+            util.assignParameterItem(*item, items.parameter(id));
         } else if (kind == 2) {
-            static_cast<ParameterValue&>(*item) = *value(id.c_str(), "y");
+            static_cast<ParameterValue&>(*item) = ParameterValue(id.c_str(), "y");
         } else if (kind == 3) {
             group = Group(group);
         } else if (kind < 52) {
             std::unique_ptr<Item> const detached(item);
             group.removeItem(position);
         } else {
-            group.addItem(value(id.c_str(), "x").release());
+            group.addItem(std::make_unique<ParameterValue>(id.c_str(), "x").release());
         }
         Item const* expected = nullptr;
         auto const sought = text();
@@ -179,32 +178,32 @@ TEST(ParameterValueGroup, FindsAsAScanThroughAllChanges) {
     // The index must not remember the texts of what an item is no longer bound to.
     std::string const longId(40, 'x');
     auto former = std::make_unique<Items>();
-    auto* item = value(former->parameter({.id = longId.c_str()}), "1").release();
+    auto* item = std::make_unique<ParameterValue>(former->parameter(longId), "1").release();
     group.addItem(item);
-    util.assignParameterItem(*item, items.parameter({.id = longId.c_str()}));
+    util.assignParameterItem(*item, items.parameter(longId));
     former.reset();
     EXPECT_EQ(group.getItem(std::string(40, 'X').c_str()), item);
 }
 
 /// The walk of a tree that is changed at an event.
 std::string walkWith(bool isMutator, char const* event, void (*change)(Group& root)) {
-    auto const root = valueGroup("root", value("a", "1"), valueGroup("in", value("b", nullptr)), value("c", ""));
-    return walkLog(*root, {.decline = "no", .onEvent = doAt(event, [&] { change(*root); }), .isMutator = isMutator});
+    auto const root = treeOf("root{a=1 in{b=<none>} c=3}");
+    return walkLog(*root, {.decline = "no", .at = event, .action = [&] { change(*root); }, .isMutator = isMutator});
 }
 
 TEST(ParameterValueGroup, IsWalkedThroughTheItemsOfTheStart) {
-    auto const add = [](Group& root) { root.addItem(valueGroup("no", value("d", "1")).release()); };
+    auto const add = [](Group& root) { root.addItem(treeOf("no{d=1}").release()); };
     auto const moveC = [](Group& root) {
         std::unique_ptr<Item> c(root.getItem("c"));
         root.removeItem("c");
         static_cast<Group*>(root.getItem("in"))->addItem(c.release());
     };
     for (bool const isMutator : {false, true}) {
-        EXPECT_EQ(walkWith(isMutator, "<root", add), "<root a=1 <in b=<none> >in c= <no >root");
-        EXPECT_EQ(walkWith(isMutator, "c=", add), "<root a=1 <in b=<none> >in c= >root");
+        EXPECT_EQ(walkWith(isMutator, "<root", add), "<root a=1 <in b=<none> >in c=3 <no >root");
+        EXPECT_EQ(walkWith(isMutator, "c=3", add), "<root a=1 <in b=<none> >in c=3 >root");
     }
-    EXPECT_EQ(walkWith(true, "a=1", moveC), "<root a=1 <in b=<none> c= >in c= >root"); // as it was at the start
-    EXPECT_EQ(walkWith(false, "a=1", moveC), "<root a=1 <in b=<none> c= >in >root");
+    EXPECT_EQ(walkWith(true, "a=1", moveC), "<root a=1 <in b=<none> c=3 >in c=3 >root"); // as it was at the start
+    EXPECT_EQ(walkWith(false, "a=1", moveC), "<root a=1 <in b=<none> c=3 >in >root");
 }
 
 // A text holds the whole condition: one row for each place that checks one.
@@ -219,24 +218,24 @@ TEST(ValuesContract, ThrowsWithTheConditionAndChangesNothing) {
              Row{"mParameter != 0", [](G g) { g.getValue("a")->getValueType(); }},
              Row{"parameterItem != 0", [](G g) { ValueItemUtil().assignParameterItem(*g.getItem("a"), nullptr); }},
              Row{filledId, [](G g) { ValueItemUtil().setParameterItemId(*g.getItem("a"), ""); }},
-             Row{"mParameterItem != 0", [](G) { value(static_cast<Parameter*>(nullptr), "1"); }},
+             Row{"mParameterItem != 0", [](G) { ParameterValue(static_cast<Parameter*>(nullptr), "1"); }},
              Row{"item != 0", [](G g) { g.addItem(nullptr); }},
              Row{filledId, [](G g) { g.addValue("", "1"); }},
-             Row{"index < getNumberOfItems()", [](G g) { g.getItem(2); }},
+             Row{"index < getNumberOfItems()", [](G g) { g.getItem(3); }},
              Row{id, [](G g) { g.getItem(none); }},
              Row{"name != 0 && strlen(name) > 0", [](G g) { g.getValue(none); }},
              Row{"parameter != 0", [](G g) { g.getValue(static_cast<Parameter*>(nullptr)); }},
-             Row{"index < mItems.size()", [](G g) { g.removeItem(2ul); }},
+             Row{"index < mItems.size()", [](G g) { g.removeItem(3ul); }},
              Row{id, [](G g) { g.removeItem(none); }},
              Row{"mValue->getParameterItem() != 0", [](G g) { ValueGroup(&g).getValue("list"); }},
-             Row{"mValue->getNumberOfValues() == 1",
-                 [](G) { Value(value(Items().parameter({}), "1", "2").get(), false); }},
+             Row{"mValue->getNumberOfValues() == 1", [](G g) { ValueGroup(&g).getValue("bound"); }},
              Row{"!mValueGroup || mValueGroup->getItemType() == ParameterValueGroup::PARAMETER_VALUE_GROUP",
                  [](G g) { ValueGroup(&g).getValueGroup("a"); }},
          }) {
-        auto const group = valueGroup("root", value("a", "1"), value("list", "1", "2"));
+        Items items;
+        auto const group = treeOf("root{a=1 list=1,2 bound=1,2}", *items.group("g{bound}"));
         auto const thrown = whatOf<kivo::ContractViolationException>([&, refused = call] { refused(*group); });
-        EXPECT_EQ(thrown + toText(*group), contractText(condition) + "root?{a?=1 list?=1,2}");
+        EXPECT_EQ(thrown + toText(*group), contractText(condition) + "root?{a?=1 list?=1,2 bound=1,2}");
     }
 }
 

@@ -1,8 +1,6 @@
 #include "support/Exceptions.h"
 #include "support/ManagerTest.h"
 #include "support/Notation.h"
-#include "support/Schema.h"
-#include "support/ValueTree.h"
 #include "visitors/ConstraintSplitterVisitor.h"
 #include "visitors/FirstPhaseValidationVisitor.h"
 #include "visitors/ParameterMatchingVisitor.h"
@@ -80,10 +78,10 @@ struct FirstPhase : VisitorTest {};
 struct SecondPhase : VisitorTest {};
 
 // clang-format off
-/// The tree, and behind it a line for each message and for the exception.
+/// The tree, and after it a line for each message and for the exception.
 TEST_P(Matching, BindsWhatFitsAndReportsTheRest) {
     auto const thrown = visit(ParameterMatchingVisitor(*tool, errors, true));
-    EXPECT_EQ(shown(*trees[0]) + "\n" + messages() + (thrown == "<nothing>" ? "" : "\n" + thrown), row.outcome);
+    EXPECT_EQ(toText(*trees[0]) + "\n" + messages() + (thrown == "<nothing>" ? "" : "\n" + thrown), row.outcome);
 }
 
 constexpr char const* MATCHED = "tool/Program{a/alpha u* con(c1 choice[c2]) in{b deep{d}}}";
@@ -114,14 +112,14 @@ INSTANTIATE_TEST_SUITE_P(Visitors, Matching, inBothSizes({
         "?{tool{b=1 tool?=2 u?=3}}\n\"tool\" is not a parameter\n\"Program\" must be a parameter"}}),
     SizedLabel());
 
-/// The trees are aggregated into one, one after the other; behind it with constraints dissolved, where that differs.
+/// The trees are aggregated into one, one after the other; then with constraints dissolved, where that differs.
 TEST_P(Aggregation, MergesBoundItems) {
     matchAndSplit();
     ParameterValueGroup merged(nullptr);
     visit(ParameterValueAggregationVisitor(tool, merged, errors, false));
     ParameterValueGroup flat(nullptr);
     visit(ParameterValueAggregationVisitor(tool, flat, errors, true));
-    EXPECT_EQ(shown(merged) + (shown(flat) == shown(merged) ? "" : "\n" + shown(flat)) + messages(), row.outcome);
+    EXPECT_EQ(toText(merged) + (toText(flat) == toText(merged) ? "" : "\n" + toText(flat)) + messages(), row.outcome);
 }
 
 constexpr char const* MERGED = "tool{p u* f:bool?* in{q r} many*{m w*} con(c1 ex[x y])}";
@@ -142,7 +140,7 @@ INSTANTIATE_TEST_SUITE_P(Visitors, Aggregation, inBothSizes({
 TEST_P(Splitting, MovesValuesUnderTheirConstraints) {
     match();
     visit(ConstraintSplitterVisitor(errors));
-    EXPECT_EQ(shown(*trees[0]) + messages(), row.outcome);
+    EXPECT_EQ(toText(*trees[0]) + messages(), row.outcome);
 }
 
 constexpr char const* SPLIT = "tool{direct con(c1 c2) ex[x deep(z)] in{b incon(i1)}}";
@@ -154,7 +152,7 @@ INSTANTIATE_TEST_SUITE_P(Visitors, Splitting, inBothSizes({
         "?{tool{direct=2 con{c1=1 c2=3,<none> c1=4}}}"},
     {"GroupsInOrderOfFirstValues", SPLIT, "{tool{x=1 c2=2 in{b=3} c1=4}}", "?{tool{in{b=3} ex{x=1} con{c2=2 c1=4}}}"},
     {"NestedConstraints", SPLIT, "{tool{z=1 x=2}}", "?{tool{ex{deep{z=1} x=2}}}"},
-    {"BehindAndInsideAContainer", SPLIT, "{tool{i1=1 in{i1=2 b=3}}}", "?{tool{i1=1 in{b=3 incon{i1=2}}}}"},
+    {"AboveAndInsideAContainer", SPLIT, "{tool{i1=1 in{i1=2 b=3}}}", "?{tool{i1=1 in{b=3 incon{i1=2}}}}"},
     {"BelowAContainerWithoutConstraints", "tool{con(c) in{q}}", "{tool{in{nope{tool{c=1}}}}}",
         "?{tool{in{nope?{tool{con{c=1}}}}}}"},
 
@@ -172,7 +170,7 @@ TEST_P(Fixing, MakesOneValueOfRepeatedElements) {
     auto const before = toText(*trees[0]);
     auto const thrown = visit(fixer);
     EXPECT_EQ(toText(*trees[0]), before);
-    EXPECT_EQ(thrown == "<nothing>" ? shown(*fixer.getResult()) + " " + std::to_string(fixer.getChangeCount()) : thrown,
+    EXPECT_EQ(thrown == "<nothing>" ? toText(*fixer.getResult()) + " " + std::to_string(fixer.getChangeCount()) : thrown,
               row.outcome);
 }
 
@@ -193,7 +191,7 @@ INSTANTIATE_TEST_SUITE_P(Visitors, Fixing, inBothSizes({
 TEST_P(Defaults, FillWhatNobodyGave) {
     matchAndSplit();
     visit(ParameterValueGroupDefaultProviderVisitor(tool, errors));
-    EXPECT_EQ(shown(*trees[0]) + messages(), row.outcome);
+    EXPECT_EQ(toText(*trees[0]) + messages(), row.outcome);
 }
 
 constexpr char const* FILLED = "tool?{a?=1 u?* in{b?=2} con/Name(c?=3 d)}";
@@ -305,7 +303,7 @@ TEST_F(VisitorsTest, WhatIsBoundStaysBoundAndBelongsToItsSpecification) {
     EXPECT_FALSE(visitor.isGroupInSpecification(tree.get()) || visitor.isGroupInSpecification(nullptr));
 
     Items items; // of the same id, which is already bound
-    auto const bound = valueGroup("other", value(items.parameter({.id = "b"}), "1"));
+    auto const bound = treeOf("other{b=1}", *items.group("g{b}"));
     ParameterMatchingVisitor matching(*other, errors, false);
     bound->accept(matching);
     EXPECT_NE(bound->getItem("b")->getParameterItem(), other->getParameterGroup()->getItem("b", true));
@@ -335,32 +333,22 @@ TEST_F(VisitorsTest, TheRequiredFlagsComeBeforeAnExclusiveRoot) {
 }
 
 TEST_F(VisitorsTest, DefaultsAreNotCheckedAndValidatorsAre) {
-    manager().addValidator(std::make_unique<RejectingValidator>("check").release());
     Items items;
-    auto* n = items.parameter({.id = "n", .type = Parameter::INT_PARAMETER});
-    auto* v = items.parameter({.id = "v", .unbounded = true, .validator = "check"});
-    auto const tree = valueGroup("tool", value(n, "x"), value(v, "bad%d", "good", "bad"));
+    auto const* schema = items.group("tool{n:int v*!storageLocation}");
+    auto const tree = treeOf("tool{n=x v=::a,good,b::}", *schema);
     tree->getValue("n")->setIsUsingDefaultValue(true);
     SecondPhaseValidationVisitor validation(*tree, errors);
-    items.group({.id = "tool"}, {n, v})->accept(validation);
-    EXPECT_EQ(composeMessage(errors), "bad%d was rejected\nbad was rejected\n");
+    schema->accept(validation);
+    EXPECT_EQ(composeMessage(errors), "Value is not properly formatted\nValue is not properly formatted\n");
     EXPECT_EQ(errors.getNumberOfErrors(), 1u);
 }
 
-TEST_F(VisitorsTest, NeedASpecificationAndItsTree) {
-    ParameterValueGroup target(nullptr);
-    auto const noSpecification = contractText("specification != 0");
-    EXPECT_EQ(whatOf([&] { ParameterValueAggregationVisitor(nullptr, target, errors, false); }), noSpecification);
-    EXPECT_EQ(whatOf([&] { ParameterValueGroupValidationVisitor(nullptr, errors); }), noSpecification);
-    EXPECT_EQ(whatOf([&] { ParameterValueGroupDefaultProviderVisitor(nullptr, errors); }), noSpecification);
-    EXPECT_EQ(whatOf([] { UnboundedParameterValueFixer(nullptr); }), contractText("spec != 0"));
-
-    auto const* tool = createTool("tool{p*}");
-    SecondPhaseValidationVisitor astray(target, errors);
-    EXPECT_EQ(whatOf([&] { tool->getParameterGroup()->accept(astray); }), "\"tool\" specification was not found");
-    UnboundedParameterValueFixer fixer(tool);
-    EXPECT_EQ(whatOf([&] { target.accept(fixer); }), contractText("id != 0"));
-    EXPECT_EQ(fixer.getResult(), nullptr);
+TEST_F(VisitorsTest, RefuseWhatIsNotOfASpecification) {
+    EXPECT_EQ(whatOf([&] { ParameterValueGroupValidationVisitor(nullptr, errors); }),
+              contractText("specification != 0"));
+    auto const unnamed = treeOf("{}");
+    SecondPhaseValidationVisitor astray(*unnamed, errors);
+    EXPECT_EQ(whatOf([&] { createItem("tool{}")->accept(astray); }), "\"tool\" specification was not found");
 }
 
 } // namespace
