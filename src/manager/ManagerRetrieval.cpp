@@ -22,12 +22,11 @@ namespace kivo::configuration {
 namespace {
 
 /// Checks merged values, fills in defaults, and gives the whole to the result with constraint groups dissolved.
-void completeValues(Specification const* specification, ParameterValueGroup& values, ParameterValueGroup& result,
-                    ParameterValueAggregationVisitor::SourceUse sourceUse) {
+void completeValues(Specification const* specification, ParameterValueGroup& values, ParameterValueGroup& result) {
     ParameterErrors errors;
     runPhase(values, errors, ParameterValueGroupValidationVisitor(specification, errors));
     runPhase(values, errors, ParameterValueGroupDefaultProviderVisitor(specification, errors));
-    runPhase(values, errors, ParameterValueAggregationVisitor(specification, result, errors, true, sourceUse));
+    runPhase(values, errors, ParameterValueAggregationVisitor(specification, result, errors, true));
 }
 
 /// What a tool gets whose user asked for help: the collected values as they are.
@@ -63,7 +62,7 @@ void Manager::Impl::getValues(Specification const* specification, ParameterValue
     if (isFlagSet(collected, HELP)) {
         addHelpRequest(*specification, collected, result);
     } else {
-        completeValues(specification, collected, result, ParameterValueAggregationVisitor::CONSUME);
+        completeValues(specification, collected, result);
     }
 }
 
@@ -77,7 +76,7 @@ void Manager::Impl::validateValues(Specification const* specification, Parameter
     runPhase(values, errors, ConstraintSplitterVisitor(errors));
     runPhase(values, errors, FirstPhaseValidationVisitor(errors));
     ParameterValueGroup validated(nullptr);
-    completeValues(specification, values, validated, ParameterValueAggregationVisitor::COPY);
+    completeValues(specification, values, validated);
     values = validated;
 }
 
