@@ -4,7 +4,7 @@
 
 #include <exception>
 
-/// What does not belong to the configuration library alone.
+/// What is used beyond the configuration library, too.
 namespace kivo {
 
 /// Thrown by a public operation whose precondition does not hold: a null pointer, an empty name, an index out of range.

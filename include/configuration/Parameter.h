@@ -27,8 +27,8 @@ public:
         ENUM_PARAMETER = 6     ///< a label of the parameter's enumeration definition
     };
 
-    /// Builds a parameter without registering it; tools use Create(), which tells the arguments and exceptions. An id
-    /// that is null or empty is "id && strlen(id) > 0" here, and one that is taken is not noticed.
+    /// Builds a parameter without registering it; tools use Create(), which documents the arguments and
+    /// exceptions. An id that is null or empty is "id && strlen(id) > 0" here, and one that is taken is not noticed.
     Parameter(char const* id, char const* name, char const* description, bool optional, bool unbounded,
               ValueType valueType, char const* defaultValue, char const* valueName, char const* validatorName,
               bool hidden);
@@ -77,7 +77,7 @@ public:
     /// Builds a parameter and registers it with the Manager, which owns it from then on. Nothing is registered when an
     /// exception is thrown.
     /// @param id            key of the parameter; letter case is ignored
-    /// @param name          name shown to users; give it the id's text unless there is a reason not to
+    /// @param name          name shown to users; use the text of the id unless there is a reason not to
     /// @param description   help text
     /// @param optional      whether a user may leave it out
     /// @param unbounded     whether it may be given several values

@@ -22,7 +22,8 @@ public:
 
     /// Whether the label's number is not 0.
     /// @throws ConfigurationException "Must set the enumeration defintion first", as the next three;
-    ///         "symbol \"<text>\" was not found" (an entry that reads as no text counts as an empty label)
+    ///         "symbol \"<text>\" was not found" (an entry that reads as no text is no label:
+    ///         the message then shows an empty one)
     bool getBooleanValue(unsigned long index) const override;
     /// The label's number.
     int getIntValue(unsigned long index) const override;

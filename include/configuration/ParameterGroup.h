@@ -41,7 +41,7 @@ public:
     char const* getName() const override;
     char const* getDescription() const override;
     void setDescription(char const* description) override;
-    /// Walks the group and all below it; ParameterVisitor tells the protocol.
+    /// Walks the group and all below it, in the order that ParameterVisitor describes.
     /// @return false exactly when visitGroupStart() declined this group
     /// @throws kivo::ContractViolationException "index < getNumberOfItems()" when the visitor removed items meanwhile
     bool accept(ParameterVisitor& visitor) const override;
@@ -70,7 +70,9 @@ public:
     /// @throws kivo::ContractViolationException "index < getNumberOfItems()"
     ParameterItem* getItem(unsigned long index) const;
     /// The first item of an id (letter case ignored), or null.
-    /// @param recursive false: among the direct items; true: in this group and all below it, a group before its items
+    /// @param recursive false: among the direct items; true: the first one that a walk by accept() shows, a group
+    /// before its items; the group
+    ///                  itself counts
     /// @throws kivo::ContractViolationException "id != 0"
     ParameterItem* getItem(char const* id, bool recursive) const;
 
@@ -92,7 +94,7 @@ public:
                                                    bool optional);
 
 private:
-    friend class SubtreeIndex;
+    friend class SchemaIndex;
     class KIVO_CONFIGURATION_LOCAL Impl;
     Impl* mImpl; // the state that the base owns
 };

@@ -8,7 +8,7 @@ namespace kivo::configuration {
 /// A registered group in a refined form, for use in one place. It shares the id of its base, its name is that id, and
 /// it starts without items: add those that the refining specification wants.
 ///
-/// Beside what they tell, the factories throw kivo::ContractViolationException "id != 0",
+/// In addition to what each documents, the factories throw kivo::ContractViolationException "id != 0",
 /// "objectKey != 0 && *objectKey != '\0'", and ConfigurationException "Invalid item type. Expected: 1, found: 0",
 /// "Duplicate item \"<id>\"".
 class KIVO_CONFIGURATION_API ParameterGroupSpecialization : public ParameterGroup {

@@ -14,7 +14,13 @@ class ParameterVisitor;
 /// help texts show, what abbreviated flags are compared with, and what the validation of merged values looks up. A tool
 /// that has no reason to do otherwise gives both the same text.
 ///
+/// Callers may derive from an item class. A look-up below a group then finds what the item shows a visitor; see
+/// ParameterGroup::getItem().
+///
 /// Not synchronized: items are built and changed on one thread and may then be read by any number of threads.
+///
+/// Parameter and ParameterGroup override operations only to call these: the list of virtual operations of each class is
+/// part of the binary interface. The same is true of the classes derived from ParameterValueItem.
 class KIVO_CONFIGURATION_API ParameterItem {
 public:
     /// The kind of an item; the numbers appear in the manager's message for a lookup of the wrong kind.
@@ -31,7 +37,8 @@ public:
     virtual bool isOptional() const;
     /// Whether the item may occur any number of times: a parameter with several values, a container that repeats.
     virtual bool isUnbounded() const;
-    /// The key of the item, compared ignoring letter case. Lives as long as the item.
+    /// The key of the item, compared ignoring letter case. The text must stay where it is, unchanged, as long as the
+    /// item lives: look-ups keep a pointer to it.
     virtual char const* getId() const;
     /// The name shown to users. Lives as long as the item.
     virtual char const* getName() const;
@@ -40,7 +47,7 @@ public:
     /// Replaces the help text by a copy of the given one.
     /// @throws kivo::ContractViolationException "description && strlen(description) > 0"
     virtual void setDescription(char const* description);
-    /// Lets a visitor see this item; see ParameterVisitor for the protocol.
+    /// Lets a visitor see this item; ParameterVisitor describes the order of calls.
     virtual bool accept(ParameterVisitor& visitor) const = 0;
     /// Whether this item refines another one that is registered under the same id.
     virtual bool isSpecialized() const;
@@ -55,7 +62,7 @@ protected:
     ParameterItem(char const* id, char const* name, char const* description, bool optional, bool unbounded);
 
     class KIVO_CONFIGURATION_LOCAL Impl;
-    /// As above, with the state of the whole item, of which the derived class keeps its own part.
+    /// As above. `impl` is the state of the whole item: a derived class puts its own fields there, too.
     KIVO_CONFIGURATION_LOCAL ParameterItem(std::unique_ptr<Impl> impl, char const* id, char const* name,
                                            char const* description, bool optional, bool unbounded);
     /// The state given at construction.

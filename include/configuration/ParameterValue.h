@@ -14,8 +14,9 @@ namespace kivo::configuration {
 /// reads as depends on the bound parameter: "1" for an optional boolean; the default's first text for another optional
 /// parameter that has one; nothing for a mandatory parameter or an unbound value.
 ///
-/// The typed readers convert without checking: faulty texts are found by validation, and read here as leniently as by
-/// the C library, in the C locale. A finished value may be read by any number of threads, absent flags included.
+/// The typed readers convert the text that getValue() returns, each by itself, without checking: validation finds
+/// faulty texts; here they are read as leniently as by the C library, in the C locale. A finished value may be read by
+/// any number of threads, absent flags included.
 class KIVO_CONFIGURATION_API ParameterValue : public ParameterValueItem {
 public:
     /// An unbound value with one entry.
@@ -57,8 +58,8 @@ public:
     /// An enumeration's label reads as whether its number is not 0. Without a text, all readers say false or 0.
     /// @throws ConfigurationException "symbol \"<text>\" was not found" for an enumeration, as the next three
     virtual bool getBooleanValue(unsigned long index) const;
-    /// The decimal number that the text begins with, behind white space and with a sign, 0 without any; of a number
-    /// that does not fit, the low 32 bits as strtol gives it. An enumeration's label reads as its number.
+    /// The decimal number that the text begins with, after white space and a sign, or 0; of a number that does not
+    /// fit, the low 32 bits of what strtol returns. An enumeration's label reads as its number.
     virtual int getIntValue(unsigned long index) const;
     /// As getIntValue(), taken as unsigned: texts up to 4294967295 read as they stand.
     virtual unsigned int getUIntValue(unsigned long index) const;
@@ -67,9 +68,10 @@ public:
 
     /// The number of entries, absent ones included.
     unsigned long getNumberOfValues() const;
-    /// The parameter that the value is bound to, or null.
+    /// The parameter that the value is bound to. Null when it is unbound, and when a caller's own item, which is no
+    /// Parameter, was bound to it.
     Parameter const* getParameter() const;
-    /// The type of the bound parameter.
+    /// The type of the bound parameter, which is asked for it.
     /// @throws kivo::ContractViolationException "mParameter != 0"
     Parameter::ValueType getValueType() const;
     /// Whether the text is the parameter's default rather than a given one.
@@ -84,9 +86,10 @@ public:
 
 protected:
     class KIVO_CONFIGURATION_LOCAL Impl;
-    /// As the first constructor, with the state of the whole value, of which the derived class keeps its own part.
+    /// As the first constructor. `impl` is the state of the whole value: a derived class puts its own fields there,
+    /// too.
     KIVO_CONFIGURATION_LOCAL ParameterValue(std::unique_ptr<Impl> impl, char const* id);
-    /// As the copy constructor, likewise.
+    /// As the copy constructor, with the state of the whole value.
     KIVO_CONFIGURATION_LOCAL ParameterValue(std::unique_ptr<Impl> impl, ParameterValue const& other);
 
 private:

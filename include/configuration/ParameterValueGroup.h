@@ -34,7 +34,7 @@ public:
     char const* getParameterItemId() const override;
     /// PARAMETER_VALUE_GROUP.
     ItemType getItemType() const override;
-    /// Walks the group and all below it; ParameterValueVisitor tells the protocol.
+    /// Walks the group and all below it, in the order that ParameterValueVisitor describes.
     /// @return false exactly when visitGroupStart() declined this group
     bool accept(ParameterValueVisitor& visitor) override;
     ParameterValueGroup* clone(CopyMethod method) const override;
@@ -46,7 +46,8 @@ protected:
     void assignParameterItem(ParameterItem const* parameterItem) override;
 
 public:
-    /// The schema group that the group is bound to, or null.
+    /// The schema group that the group is bound to. Null when it is unbound, and when a caller's own item, which is no
+    /// ParameterGroup, was bound to it.
     ParameterGroup const* getParameterGroup() const;
     /// The number of children.
     unsigned long getNumberOfItems() const;
@@ -89,7 +90,7 @@ public:
 private:
     friend class ParameterValueItem;
     friend class ItemTaker;
-    friend ParameterValueItem* findChild(ParameterValueGroup const& parent, char const* id, ItemType type);
+    friend class ChildSearch;
 
     /// The id of a child changed.
     KIVO_CONFIGURATION_LOCAL void childIdChanged();

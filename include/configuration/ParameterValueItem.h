@@ -41,10 +41,10 @@ public:
     virtual char const* getParameterItemId() const;
     /// Which of the two kinds this is.
     virtual ItemType getItemType() const = 0;
-    /// Lets a visitor see this node; see ParameterValueVisitor for the protocol.
+    /// Lets a visitor see this node; ParameterValueVisitor describes the order of calls.
     virtual bool accept(ParameterValueVisitor& visitor) = 0;
-    /// A new node for the caller to own, or to hand to ParameterValueGroup::addItem(). Until then its parent is that of
-    /// this node, and must not be used when that may be gone; the same holds for copies made otherwise.
+    /// A new node for the caller to own, or to hand to ParameterValueGroup::addItem(). Until a group takes it, its
+    /// parent is that of this node, which must not be used once that group may be gone. This is true of every copy.
     virtual ParameterValueItem* clone(CopyMethod method) const = 0;
 
     /// Whether the node was bound, by matching or by its constructor.
@@ -66,16 +66,16 @@ protected:
     ParameterValueItem(ParameterValueItem const& other, CopyMethod method);
 
     class KIVO_CONFIGURATION_LOCAL Impl;
-    /// As the first constructor, with the state of the whole node, of which the derived class keeps its own part.
+    /// As the first constructor. `impl` is the state of the whole node: a derived class puts its own fields there, too.
     KIVO_CONFIGURATION_LOCAL ParameterValueItem(std::unique_ptr<Impl> impl, char const* id);
-    /// As the second constructor, likewise.
+    /// As the second constructor, with the state of the whole node.
     KIVO_CONFIGURATION_LOCAL ParameterValueItem(std::unique_ptr<Impl> impl, ParameterItem const* item);
-    /// As the copy constructor, likewise.
+    /// As the copy constructor, with the state of the whole node.
     KIVO_CONFIGURATION_LOCAL ParameterValueItem(std::unique_ptr<Impl> impl, ParameterValueItem const& other);
     /// The state given at construction.
     KIVO_CONFIGURATION_LOCAL Impl* getImpl() const noexcept;
 
-    /// Copies id, state and binding, and the parent unless a group holds this node.
+    /// Copies id, state and binding. Copies the parent, too, unless a group holds this node.
     ParameterValueItem& operator=(ParameterValueItem const& other);
 
     /// Binds the node, whose id is that of the schema item from then on. Reached through the helpers of the visitors.
@@ -84,9 +84,9 @@ protected:
     /// Replaces the id of a node that is not bound.
     /// @throws kivo::ContractViolationException "parameterItemId != 0 && *parameterItemId != '\0'"
     void setParameterItemId(char const* parameterItemId);
-    /// Sets the state alone.
+    /// Sets the state, and nothing else.
     void setItemState(ItemState state);
-    /// Sets the parent alone.
+    /// Sets the parent, and nothing else.
     /// @throws kivo::ContractViolationException "parentGroup != 0"
     void setParentGroup(ParameterValueGroup* parentGroup);
 

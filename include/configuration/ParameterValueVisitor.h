@@ -43,7 +43,7 @@ protected:
     /// Replaces the stored id of an item.
     /// @throws kivo::ContractViolationException "parameterItemId != 0 && *parameterItemId != '\0'"
     void setParameterItemId(ParameterValueItem& item, char const* parameterItemId);
-    /// Sets the state of an item alone.
+    /// Sets the state of an item, and nothing else.
     void setItemState(ParameterValueItem& item, ParameterValueItem::ItemState state);
     /// Binds an item to a schema item.
     /// @throws kivo::ContractViolationException "parameterItem != 0"

@@ -21,13 +21,12 @@ namespace kivo::configuration {
 
 namespace {
 
-/// Checks merged values, fills in defaults, and adds the whole to the result without its constraint groups.
-void completeValues(Specification const* specification, ParameterValueGroup& values, ParameterValueGroup& result,
-                    ParameterValueAggregationVisitor::SourceUse sourceUse) {
+/// Checks merged values, fills in defaults, and moves the whole to the result without its constraint groups.
+void completeValues(Specification const* specification, ParameterValueGroup& values, ParameterValueGroup& result) {
     ParameterErrors errors;
     runPhase(values, errors, ParameterValueGroupValidationVisitor(specification, errors));
     runPhase(values, errors, ParameterValueGroupDefaultProviderVisitor(specification, errors));
-    runPhase(values, errors, ParameterValueAggregationVisitor(specification, result, errors, true, sourceUse));
+    runPhase(values, errors, ParameterValueAggregationVisitor(specification, result, errors, true));
 }
 
 /// When the user asked for help, the tool gets the collected values as they are.
@@ -63,7 +62,7 @@ void Manager::Impl::getValues(Specification const* specification, ParameterValue
     if (readsAsTrue(collected, HELP)) {
         addHelpRequest(*specification, collected, result);
     } else {
-        completeValues(specification, collected, result, ParameterValueAggregationVisitor::CONSUME);
+        completeValues(specification, collected, result);
     }
 }
 
@@ -76,8 +75,9 @@ void Manager::Impl::validateValues(Specification const* specification, Parameter
     }
     runPhase(values, errors, ConstraintSplitterVisitor(errors));
     runPhase(values, errors, FirstPhaseValidationVisitor(errors));
+    ParameterValueGroup working(values); // completing takes values apart: whatever goes wrong, the caller keeps them
     ParameterValueGroup validated(nullptr);
-    completeValues(specification, values, validated, ParameterValueAggregationVisitor::COPY);
+    completeValues(specification, working, validated);
     values = validated;
 }
 

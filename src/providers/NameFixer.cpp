@@ -9,6 +9,7 @@
 #include <configuration/ParameterValueGroup.h>
 
 #include "providers/ParameterSearchVisitor.h"
+#include "schema/ItemKinds.h"
 
 #include <string>
 
@@ -16,7 +17,9 @@ namespace kivo::configuration {
 
 namespace {
 
-[[noreturn]] void throwAmbiguous(char const* flag, ParameterSearchVisitor const& found) {
+[[noreturn]] void throwAmbiguous(char const* flag, ParameterGroup const& group) {
+    ParameterSearchVisitor found(flag);
+    group.accept(found);
     std::string message = "The flag \"";
     message.append(flag).append("\" is ambiguous, matching the following allowed flags: ");
     for (unsigned long i = 0; i < found.getNumberOfFoundItems(); ++i) {
@@ -31,31 +34,38 @@ NameFixer::NameFixer(ParameterGroup const* rootGroup) : ParameterValueVisitor(fa
 
 bool NameFixer::visitGroupStart(ParameterValueGroup& group) {
     if (mGroupStack.empty()) {
-        mGroupStack.push_back(mRootGroup);
+        open(group, *mRootGroup);
         return true;
     }
     char const* id = group.getParameterItemId();
-    auto const* item = mGroupStack.back()->getItem(id ? id : "", false);
-    if (!item || item->getItemType() != ParameterItem::PARAMETER_GROUP) {
+    auto const* schemaGroup = asGroup(mGroupStack.back()->getItem(id ? id : "", false));
+    if (!schemaGroup) {
         throw ConfigurationException("\"%s\" is not a valid group id", id ? id : "");
     }
-    mGroupStack.push_back(static_cast<ParameterGroup const*>(item));
+    open(group, *schemaGroup);
     return true;
 }
 
-void NameFixer::visitGroupEnd(ParameterValueGroup&) { mGroupStack.pop_back(); }
+void NameFixer::open(ParameterValueGroup const& group, ParameterGroup const& schemaGroup) {
+    mGroupStack.push_back(&schemaGroup);
+    schemaGroup.accept(mMatchesStack.emplace_back(group));
+}
+
+void NameFixer::visitGroupEnd(ParameterValueGroup&) {
+    mGroupStack.pop_back();
+    mMatchesStack.pop_back();
+}
 
 bool NameFixer::visitParameterValue(ParameterValue& value) {
     char const* flag = value.getParameterItemId();
     if (!flag) {
         return true; // matching reports values without a name
     }
-    ParameterSearchVisitor search(flag);
-    search.search(*mGroupStack.back());
-    if (search.getNumberOfFoundItems() == 1) {
-        setParameterItemId(value, search.getFoundItem(0)->getId());
-    } else if (search.getNumberOfFoundItems() > 1) {
-        throwAmbiguous(flag, search);
+    auto const& match = mMatchesStack.back()[flag];
+    if (match.count == 1) {
+        setParameterItemId(value, match.first->getId());
+    } else if (match.count > 1) {
+        throwAmbiguous(flag, *mGroupStack.back());
     }
     return true;
 }

@@ -2,6 +2,8 @@
 
 #include <configuration/ParameterValueVisitor.h>
 
+#include "providers/FlagMatches.h"
+
 #include <vector>
 
 namespace kivo::configuration {
@@ -25,8 +27,12 @@ public:
 
 private:
     ParameterGroup const* mRootGroup;
+    /// Notes the schema group of a value group that begins, and what its flags can mean.
+    void open(ParameterValueGroup const& group, ParameterGroup const& schemaGroup);
+
     /// The schema group of each open value group.
     std::vector<ParameterGroup const*> mGroupStack;
+    std::vector<FlagMatches> mMatchesStack;
 };
 
 } // namespace kivo::configuration

@@ -3,11 +3,9 @@
 #include "providers/ParameterSearchVisitor.h"
 
 #include <configuration/Parameter.h>
-#include <configuration/ParameterGroup.h>
 
 #include "schema/ContractChecks.h"
 #include "schema/NameComparison.h"
-#include "schema/SubtreeIndex.h"
 
 namespace kivo::configuration {
 
@@ -25,14 +23,6 @@ unsigned long ParameterSearchVisitor::getNumberOfFoundItems() const { return mFo
 Parameter const* ParameterSearchVisitor::getFoundItem(unsigned long index) const {
     KIVO_REQUIRE(index < mFoundItems.size());
     return mFoundItems[index];
-}
-
-void ParameterSearchVisitor::search(ParameterGroup const& group) {
-    if (auto const subtree = SubtreeIndex::of(group)) {
-        mFoundItems = subtree->visibleParametersBeginning(mName);
-    } else {
-        group.accept(*this);
-    }
 }
 
 } // namespace kivo::configuration

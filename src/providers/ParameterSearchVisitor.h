@@ -21,9 +21,6 @@ public:
     /// @throws kivo::ContractViolationException "index < mFoundItems.size()"
     Parameter const* getFoundItem(unsigned long index) const;
 
-    /// Searches a group and all below it; a large group is not walked for it.
-    void search(ParameterGroup const& group);
-
 private:
     std::string_view mName;
     std::vector<Parameter const*> mFoundItems;

@@ -71,10 +71,7 @@ void mergeValuesOfOneId(ParameterValueGroup& group) {
         if (earlier == later) {
             continue;
         }
-        auto const& texts = *static_cast<ParameterValue const*>(later);
-        for (unsigned long text = 0; text < texts.getNumberOfValues(); ++text) {
-            earlier->addValue(texts.getValue(text, false));
-        }
+        appendTexts(*earlier, static_cast<ParameterValue const&>(*later));
         merged.insert(later);
     }
     if (!merged.empty()) {

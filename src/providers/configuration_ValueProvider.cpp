@@ -69,9 +69,7 @@ bool ValueProvider::Impl::getValues(Specification const* specification, Paramete
     {
         ParameterValueGroup working(mDataCache);
         runPhase(working, errors, ParameterMatchingVisitor(*specification, errors, (flags & STRICT_RECOGNITION) != 0));
-        runPhase(working, errors,
-                 ParameterValueAggregationVisitor(specification, aggregated, errors, false,
-                                                  ParameterValueAggregationVisitor::CONSUME));
+        runPhase(working, errors, ParameterValueAggregationVisitor(specification, aggregated, errors, false));
     }
     if (auto const* group = findOnlyGroup(aggregated, *specification)) {
         if (group->getNumberOfItems() == 0) {
@@ -86,9 +84,7 @@ bool ValueProvider::Impl::getValues(Specification const* specification, Paramete
     }
     runPhase(aggregated, errors, ConstraintSplitterVisitor(errors));
     runPhase(aggregated, errors, FirstPhaseValidationVisitor(errors));
-    runPhase(aggregated, errors,
-             ParameterValueAggregationVisitor(specification, result, errors, false,
-                                              ParameterValueAggregationVisitor::CONSUME));
+    runPhase(aggregated, errors, ParameterValueAggregationVisitor(specification, result, errors, false));
     return true;
 }
 

@@ -23,7 +23,7 @@ public:
         }
     }
 
-    /// Adds an item behind those of the same key.
+    /// Adds an item after those of the same key.
     void add(std::string_view key, Item* item) {
         if (isCrowded(mUsedSlots + 1)) {
             rehash(mUsedSlots * 2 + 1);
@@ -42,8 +42,7 @@ public:
         }
     }
 
-    /// Takes an item out, if it is one of the first of its key. What it used stays in use, so that others are still
-    /// found behind it.
+    /// Takes an item out if it is one of the first of its key. Its slot stays in use, so that searches go on past it.
     /// @return false when the item was not found, or so much was removed that it is cheaper to build the index anew
     bool remove(std::string_view key, Item const* item) {
         if (mSlots.empty()) {
@@ -80,7 +79,7 @@ private:
     using Position = std::uint32_t;
     static constexpr int REMOVE_LIMIT = 8; // of the items of one key, how many are looked at for the one to remove
     static constexpr Position NONE = ~Position{0};
-    static constexpr Position DELETED = NONE - 1; // a slot whose last item was removed: the search goes on behind it
+    static constexpr Position DELETED = NONE - 1; // a slot whose last item was removed: searches go on past it
 
     /// A place in the table: most keys that are not sought are told by their hash, without a look at the node.
     struct Slot {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 
 namespace kivo::configuration {
@@ -17,9 +18,9 @@ void loadAhead(List const& items, std::size_t position, StateOf stateOf) {
     if (position + 2 * AHEAD < items.size()) {
         __builtin_prefetch(std::to_address(items[position + 2 * AHEAD]));
         if (auto const& item = items[position + AHEAD]) {
-            auto const* state = reinterpret_cast<char const*>(stateOf(*item));
-            __builtin_prefetch(state);
-            __builtin_prefetch(state + CACHE_LINE);
+            auto const state = reinterpret_cast<std::uintptr_t>(stateOf(*item)); // a number: it may go past the block
+            __builtin_prefetch(reinterpret_cast<void const*>(state));
+            __builtin_prefetch(reinterpret_cast<void const*>(state + CACHE_LINE));
         }
     }
 }

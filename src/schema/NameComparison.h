@@ -10,7 +10,7 @@
 
 namespace kivo::configuration {
 
-/// A letter A to Z as small letter; any other byte as it is.
+/// A letter A to Z in lower case; any other byte as it is.
 constexpr unsigned char foldCase(char c) noexcept {
     return static_cast<unsigned char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c);
 }

@@ -18,10 +18,10 @@ namespace kivo::configuration {
 
 class Parameter::Impl final : public ParameterItem::Impl {
 public:
-    Impl(ValueType valueType, bool hidden) : mValueType(valueType), mHidden(hidden) {}
+    Impl(ValueType valueType, bool hidden) : mHidden(hidden), mValueType(valueType) {}
 
-    ValueType mValueType : 8; // small and first: fills up the word that the base leaves
     bool mHidden;
+    ValueType mValueType;
     std::unique_ptr<ParameterValue> mDefaultValue;
     ParameterValidator const* mValidator = nullptr;
     ParameterEnumDefinition const* mEnumDefinition = nullptr;

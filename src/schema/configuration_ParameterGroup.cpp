@@ -6,44 +6,13 @@
 #include <configuration/ParameterVisitor.h>
 
 #include "schema/ContractChecks.h"
-#include "schema/LazyItemIndex.h"
 #include "schema/LoadAhead.h"
+#include "schema/ParameterGroupImpl.h"
 #include "schema/ParameterItemFinder.h"
-#include "schema/ParameterItemImpl.h"
-#include "schema/SubtreeIndex.h"
 
 #include <algorithm>
-#include <atomic>
-#include <vector>
 
 namespace kivo::configuration {
-
-namespace {
-
-std::string_view idOf(ParameterItem const& item) { return item.getId(); }
-
-} // namespace
-
-class ParameterGroup::Impl final : public ParameterItem::Impl {
-public:
-    Impl(ItemsExclusiveType itemsExclusive, GroupType groupType)
-        : mItemsExclusive(itemsExclusive), mGroupType(groupType) {}
-
-    std::vector<ParameterItem*> mItems;
-    unsigned long mNumberOfGroups = 0; // among the items
-    ItemsExclusiveType mItemsExclusive;
-    GroupType mGroupType;
-    LazyItemIndex<ParameterItem, idOf> mIndex;
-    SubtreeIndexCache mSubtree;
-    /// Whether some index lists the items: only then does a change make one out of date.
-    std::atomic<bool> mIsIndexed{false};
-
-    void changed() {
-        if (mIsIndexed.load(std::memory_order_relaxed)) {
-            SubtreeIndex::schemaChanged();
-        }
-    }
-};
 
 ParameterGroup::ParameterGroup(char const* id, char const* name, char const* description, bool optional,
                                ItemsExclusiveType itemsExclusive, bool unbounded, GroupType groupType)
@@ -72,7 +41,7 @@ bool ParameterGroup::accept(ParameterVisitor& visitor) const {
     }
     auto const count = getNumberOfItems();
     for (unsigned long i = 0; i < count; ++i) {
-        loadAhead(mImpl->mItems, i, [](ParameterItem const& item) { return item.getImpl(); });
+        loadAhead(mImpl->mItems, i, [](ParameterItem const& each) { return each.mImpl.get(); });
         getItem(i)->accept(visitor);
         if (i + 1 < count) {
             visitor.visitGroupMiddle(*this);
@@ -98,8 +67,7 @@ void ParameterGroup::addItem(ParameterItem* item) {
     KIVO_REQUIRE(item != 0);
     mImpl->mItems.push_back(item);
     mImpl->mIndex.added(*item);
-    mImpl->mNumberOfGroups += item->getItemType() == PARAMETER_GROUP;
-    mImpl->changed();
+    mImpl->mNumberOfOthers += !isPlainParameter(*item);
 }
 
 ParameterItem* ParameterGroup::removeItem(char const* id) {
@@ -108,8 +76,7 @@ ParameterItem* ParameterGroup::removeItem(char const* id) {
     if (item) {
         mImpl->mIndex.removing(*item);
         mImpl->mItems.erase(std::ranges::find(mImpl->mItems, item));
-        mImpl->mNumberOfGroups -= item->getItemType() == PARAMETER_GROUP;
-        mImpl->changed();
+        mImpl->mNumberOfOthers -= !isPlainParameter(*item);
     }
     return item;
 }
@@ -121,28 +88,14 @@ ParameterItem* ParameterGroup::getItem(unsigned long index) const {
 
 ParameterItem* ParameterGroup::getItem(char const* id, bool recursive) const {
     KIVO_REQUIRE(id != 0);
-    auto const direct = [&] { return mImpl->mIndex.first(mImpl->mItems, id); };
-    if (!recursive) {
-        return direct();
-    }
-    // A walk hands out const items; the group itself holds them as they were added.
-    if (mImpl->mNumberOfGroups == 0) {
-        return equalIgnoringCase(getId(), id) ? const_cast<ParameterGroup*>(this) : direct();
-    }
-    if (auto const subtree = SubtreeIndex::of(*this)) {
-        return const_cast<ParameterItem*>(subtree->firstById(id));
+    if (!recursive || Impl::isFlat(*this)) {
+        // A walk hands out const items; the group itself holds them as they were added.
+        bool const isSought = recursive && equalIgnoringCase(getId(), id);
+        return isSought ? const_cast<ParameterGroup*>(this) : mImpl->mIndex.first(mImpl->mItems, id);
     }
     ParameterItemFinder finder(id);
     accept(finder);
     return const_cast<ParameterItem*>(finder.getFound());
-}
-
-std::shared_ptr<SubtreeIndex const> SubtreeIndex::of(ParameterGroup const& group) {
-    return group.mImpl->mSubtree.get(group);
-}
-
-void SubtreeIndex::markIndexed(ParameterGroup const& group) {
-    group.mImpl->mIsIndexed.store(true, std::memory_order_relaxed);
 }
 
 namespace {

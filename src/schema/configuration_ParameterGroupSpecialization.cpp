@@ -4,17 +4,19 @@
 #include <configuration/Manager.h>
 #include <configuration/ParameterGroupSpecialization.h>
 
+#include "schema/ItemKinds.h"
+
 namespace kivo::configuration {
 
 namespace {
 
 /// The registered group of an id. @param kind "Group", "Mutually Exclusive" or "Container", for the message
 ParameterGroup const& findBase(char const* kind, char const* id) {
-    auto const* base = Manager::getInstance()->getParameterItem(id, ParameterItem::PARAMETER_GROUP);
+    auto const* base = asGroup(Manager::getInstance()->getParameterItem(id, ParameterItem::PARAMETER_GROUP));
     if (!base) {
         throw ConfigurationException("%s to specialize \"%s\" was not found", kind, id);
     }
-    return *static_cast<ParameterGroup const*>(base);
+    return *base;
 }
 
 ParameterGroupSpecialization* registerSpecialization(std::unique_ptr<ParameterGroupSpecialization> specialization) {

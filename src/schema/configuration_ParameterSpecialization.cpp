@@ -4,9 +4,10 @@
 #include <configuration/Manager.h>
 #include <configuration/ParameterSpecialization.h>
 #include <configuration/ParameterValidator.h>
-#include <configuration/ParameterValue.h>
 
 #include "schema/ContractChecks.h"
+#include "schema/ItemKinds.h"
+#include "values/DefaultText.h"
 
 namespace kivo::configuration {
 
@@ -20,12 +21,6 @@ Parameter const& checked(Parameter const* base) {
 char const* validatorNameOf(Parameter const& parameter) {
     auto const* validator = parameter.getValidator();
     return validator ? validator->getName() : nullptr;
-}
-
-/// The first text of a parameter's default, or null.
-char const* defaultTextOf(Parameter const& parameter) {
-    auto const* value = parameter.getDefaultValue();
-    return value && value->getNumberOfValues() > 0 ? value->getValue(0, false) : nullptr;
 }
 
 } // namespace
@@ -46,7 +41,7 @@ bool ParameterSpecialization::isSpecialized() const { return true; }
 ParameterSpecialization* ParameterSpecialization::Create(char const* id, char const* description, bool optional,
                                                          bool unbounded, char const* defaultValue, bool hidden) {
     auto* manager = Manager::getInstance();
-    auto const* base = static_cast<Parameter const*>(manager->getParameterItem(id, PARAMETER));
+    auto const* base = asParameter(manager->getParameterItem(id, PARAMETER));
     if (!base) {
         throw ConfigurationException("Parameter to specialize \"%s\" was not found", id);
     }

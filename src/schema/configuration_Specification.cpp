@@ -6,6 +6,7 @@
 #include <configuration/Specification.h>
 
 #include "schema/ContractChecks.h"
+#include "schema/ItemKinds.h"
 #include "schema/NameComparison.h"
 
 #include <string>
@@ -35,10 +36,11 @@ ParameterGroup const* Specification::getParameterGroup() const {
     if (!item) {
         throw ConfigurationException("Group \"%s\" was not found in the registry", getId());
     }
-    if (item->getItemType() != ParameterItem::PARAMETER_GROUP) {
+    auto const* group = asGroup(item);
+    if (!group) {
         throw ConfigurationException("\"%s\" is not a parameter group", getId());
     }
-    return static_cast<ParameterGroup const*>(item);
+    return group;
 }
 
 bool Specification::operator==(Specification const& other) const {

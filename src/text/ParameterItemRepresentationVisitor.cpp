@@ -5,7 +5,8 @@
 #include <configuration/ParameterEnumDefinition.h>
 #include <configuration/ParameterGroup.h>
 #include <configuration/ParameterValidator.h>
-#include <configuration/ParameterValue.h>
+
+#include "values/DefaultText.h"
 
 #include "schema/ValueTypes.h"
 
@@ -23,11 +24,6 @@ void enterItem(RepresentationPrinter& printer, Item const& item) {
     printer.enterScope("{");
     printer.printKeyStringValue("description", item.getDescription());
     printer.printKeyBoolValue("isOptional", item.isOptional());
-}
-
-char const* defaultTextOf(Parameter const& parameter) {
-    auto const* value = parameter.getDefaultValue();
-    return value && value->getNumberOfValues() > 0 ? value->getValue(0, false) : nullptr;
 }
 
 } // namespace

@@ -10,8 +10,10 @@ std::unique_ptr<ParameterValueItem> ItemTaker::take(ParameterValueItem const& it
     auto& items = mGroup->mImpl->mItems;
     for (auto position = mPosition; position < items.size(); ++position) {
         if (items[position].get() == &item) {
+            if (mPosition == 0) {
+                mGroup->mImpl->mIndex.drop();
+            }
             mPosition = position + 1;
-            mGroup->mImpl->mIndex.drop();
             return std::move(items[position]);
         }
     }

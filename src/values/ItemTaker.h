@@ -8,7 +8,7 @@
 namespace kivo::configuration {
 
 /// Takes children out of a group in the order of its list, while a visitor walks over them. Each child takes constant
-/// time, where removing it would move all behind it. For as long as the taker lives nobody may ask the group for its
+/// time, where removing it would move all after it. For as long as the taker lives nobody may ask the group for its
 /// children; the end of the taker leaves the group with those that were not taken.
 class ItemTaker {
 public:
@@ -17,12 +17,12 @@ public:
     ItemTaker& operator=(ItemTaker&&) = delete;
     ~ItemTaker();
 
-    /// @return the item; null when it is not a child that stands behind those taken before
+    /// @return the item; null when it is not a child that stands after those taken before
     std::unique_ptr<ParameterValueItem> take(ParameterValueItem const& item);
 
 private:
     ParameterValueGroup* mGroup;
-    std::size_t mPosition = 0; // in the list, behind the last item taken
+    std::size_t mPosition = 0; // in the list, after the last item taken
 };
 
 } // namespace kivo::configuration

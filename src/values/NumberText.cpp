@@ -7,13 +7,17 @@
 #include <charconv>
 #include <clocale>
 #include <cstdlib>
+#include <new>
 
 namespace kivo::configuration {
 
 namespace {
 
 locale_t plainLocale() {
-    static locale_t const locale = newlocale(LC_ALL_MASK, "C", nullptr);
+    static locale_t const locale = [] {
+        auto const made = newlocale(LC_ALL_MASK, "C", nullptr);
+        return made ? made : throw std::bad_alloc();
+    }();
     return locale;
 }
 
@@ -32,14 +36,6 @@ Parsed parseWhole(char const* text, Parse parse) {
 } // namespace
 
 IntegerText parseInteger(char const* text) {
-    // Nearly every number: up to nine digits and nothing else.
-    long value = 0;
-    for (int i = 0; i < 9 && text[i] >= '0' && text[i] <= '9'; ++i) {
-        value = value * 10 + (text[i] - '0');
-        if (text[i + 1] == '\0') {
-            return {value, true};
-        }
-    }
     return parseWhole<IntegerText>(text, [](char const* s, char** end) { return strtol_l(s, end, 10, plainLocale()); });
 }
 

@@ -8,26 +8,36 @@
 
 namespace kivo::configuration {
 
-/// The state of a value. The first text and what readers need of the parameter stand beside each other: a read touches
-/// one block of memory.
+/// The state of a value.
 class ParameterValue::Impl : public ParameterValueItem::Impl {
 public:
     explicit Impl(char const* value) : mValues(value) {}
     explicit Impl(Impl const& other)
-        : ParameterValueItem::Impl(),
-          mValueType(other.mValueType),
-          mUsingDefaultValue(other.mUsingDefaultValue),
-          mValues(other.mValues) {}
+        : ParameterValueItem::Impl(), mUsingDefaultValue(other.mUsingDefaultValue), mValues(other.mValues) {}
 
     /// The parameter that the value is bound to, or null.
-    Parameter const* parameter() const { return static_cast<Parameter const*>(mParameterItem); }
+    Parameter const* parameter() const {
+        return mIsBoundToKind ? static_cast<Parameter const*>(mParameterItem) : nullptr;
+    }
 
     /// The labels through which the texts are read, or null.
     ParameterEnumDefinition const* enumDefinition() const {
-        return mValueType == Parameter::ENUM_PARAMETER && mParameterItem ? parameter()->getEnumDefinition() : nullptr;
+        auto const* bound = parameter();
+        return bound && bound->getValueType() == Parameter::ENUM_PARAMETER ? bound->getEnumDefinition() : nullptr;
     }
 
-    Parameter::ValueType mValueType : 8 = Parameter::STRING_PARAMETER; // of the parameter; without one not looked at
+    /// A text as a number or truth value: a label's number, or what a conversion makes of it; without a text 0 or
+    /// false.
+    template <class Convert>
+    auto read(char const* text, Convert convert) const {
+        using Content = decltype(convert(text));
+        if (!text) {
+            return Content{};
+        }
+        auto const* labels = enumDefinition();
+        return labels ? static_cast<Content>(labels->getValue(text)) : convert(text);
+    }
+
     bool mUsingDefaultValue = false;
     ValueTexts mValues;
 };

@@ -20,13 +20,15 @@ public:
     /// The group whose list the item is in. Not the same as the parent: a copy has the parent of its source at first,
     /// and that may be gone by the time the copy is changed.
     ParameterValueGroup* mHolder = nullptr;
-    ItemState mItemState : 8 = NOT_ASSIGNED; // small and last: what derives from this fills up the word
+    ItemState mItemState = NOT_ASSIGNED;
+    bool mIsBoundToKind = false; // whether the schema item is a Parameter (of a value), a ParameterGroup (of a group)
 
     /// Copies the fields; an item in a list stays there, whatever the source's parent.
     void copyItem(Impl const& other) {
         mParameterItemId = other.mParameterItemId;
         mItemState = other.mItemState;
         mParameterItem = other.mParameterItem;
+        mIsBoundToKind = other.mIsBoundToKind;
         mParentGroup = mHolder ? mHolder : other.mParentGroup;
     }
 };

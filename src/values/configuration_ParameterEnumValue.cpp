@@ -13,6 +13,13 @@ public:
     explicit Impl(char const* value) : ParameterValue::Impl(value) {}
     explicit Impl(Impl const& other) : ParameterValue::Impl(other), mEnumDefinition(other.mEnumDefinition) {}
 
+    int numberOf(char const* label) const {
+        if (!mEnumDefinition) {
+            throw ConfigurationException("Must set the enumeration defintion first");
+        }
+        return mEnumDefinition->getValue(label);
+    }
+
     ParameterEnumDefinition const* mEnumDefinition = nullptr;
 };
 
@@ -32,21 +39,17 @@ ParameterEnumValue::~ParameterEnumValue() = default;
 
 ParameterEnumValue* ParameterEnumValue::clone(CopyMethod) const { return new ParameterEnumValue(*this); }
 
-bool ParameterEnumValue::getBooleanValue(unsigned long index) const { return getIntValue(index) != 0; }
-
-int ParameterEnumValue::getIntValue(unsigned long index) const {
-    char const* text = getValue(index, false);
-    if (!mImpl->mEnumDefinition) {
-        throw ConfigurationException("Must set the enumeration defintion first");
-    }
-    return mImpl->mEnumDefinition->getValue(text);
+bool ParameterEnumValue::getBooleanValue(unsigned long index) const {
+    return mImpl->numberOf(getValue(index, false)) != 0;
 }
+
+int ParameterEnumValue::getIntValue(unsigned long index) const { return mImpl->numberOf(getValue(index, false)); }
 
 unsigned int ParameterEnumValue::getUIntValue(unsigned long index) const {
-    return static_cast<unsigned int>(getIntValue(index));
+    return static_cast<unsigned int>(mImpl->numberOf(getValue(index, false)));
 }
 
-double ParameterEnumValue::getDoubleValue(unsigned long index) const { return getIntValue(index); }
+double ParameterEnumValue::getDoubleValue(unsigned long index) const { return mImpl->numberOf(getValue(index, false)); }
 
 void ParameterEnumValue::setEnumDefinition(ParameterEnumDefinition const& enumDefinition) {
     mImpl->mEnumDefinition = &enumDefinition;

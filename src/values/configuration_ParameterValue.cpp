@@ -6,7 +6,9 @@
 #include <configuration/ParameterValueVisitor.h>
 
 #include "schema/ContractChecks.h"
+#include "schema/ItemKinds.h"
 #include "schema/NameComparison.h"
+#include "values/DefaultText.h"
 #include "values/NumberText.h"
 #include "values/ParameterValueImpl.h"
 
@@ -19,6 +21,8 @@ bool parseBoolean(char const* text) {
     return number.isWhole ? static_cast<int>(number.value) != 0 : !equalIgnoringCase(text, "false");
 }
 
+int parseInt(char const* text) { return static_cast<int>(parseInteger(text).value); }
+
 } // namespace
 
 ParameterValue::ParameterValue(char const* id, char const* value) : ParameterValue(std::make_unique<Impl>(value), id) {}
@@ -26,7 +30,7 @@ ParameterValue::ParameterValue(char const* id, char const* value) : ParameterVal
 ParameterValue::ParameterValue(Parameter const* parameter, char const* value)
     : ParameterValueItem(std::make_unique<Impl>(value), static_cast<ParameterItem const*>(parameter)),
       mImpl(static_cast<Impl*>(getImpl())) {
-    mImpl->mValueType = parameter->getValueType();
+    mImpl->mIsBoundToKind = true;
 }
 
 ParameterValue::ParameterValue(ParameterValue const& other)
@@ -45,7 +49,6 @@ ParameterValue& ParameterValue::operator=(ParameterValue const& other) {
         auto values = other.mImpl->mValues; // from here on only the copy of the id can fail, and it comes first
         ParameterValueItem::operator=(other);
         mImpl->mValues = std::move(values);
-        mImpl->mValueType = other.mImpl->mValueType;
         mImpl->mUsingDefaultValue = other.mImpl->mUsingDefaultValue;
     }
     return *this;
@@ -67,7 +70,7 @@ void ParameterValue::assignParameterItem(ParameterItem const* parameterItem) {
         throw ConfigurationException("\"%s\" must be a parameter", parameterItem->getName());
     }
     ParameterValueItem::assignParameterItem(parameterItem);
-    mImpl->mValueType = static_cast<Parameter const*>(parameterItem)->getValueType();
+    mImpl->mIsBoundToKind = asParameter(parameterItem);
 }
 
 char const* ParameterValue::getValue(unsigned long index, bool ignoreDefault) const {
@@ -80,42 +83,24 @@ char const* ParameterValue::getValue(unsigned long index, bool ignoreDefault) co
     if (!parameter || !parameter->isOptional()) {
         return nullptr;
     }
-    if (mImpl->mValueType == Parameter::BOOLEAN_PARAMETER) {
+    if (parameter->getValueType() == Parameter::BOOLEAN_PARAMETER) {
         return mValues[index].readAsFlag();
     }
-    auto const* defaultValue = ignoreDefault ? nullptr : parameter->getDefaultValue();
-    return defaultValue && defaultValue->getNumberOfValues() > 0 ? defaultValue->getValue(0, true) : nullptr;
+    return ignoreDefault ? nullptr : defaultTextOf(*parameter);
 }
 
 bool ParameterValue::getBooleanValue(unsigned long index) const {
-    char const* text = getValue(index, false);
-    if (!text) {
-        return false;
-    }
-    auto const* definition = mImpl->enumDefinition();
-    return definition ? definition->getValue(text) != 0 : parseBoolean(text);
+    return mImpl->read(getValue(index, false), parseBoolean);
 }
 
-int ParameterValue::getIntValue(unsigned long index) const {
-    char const* text = getValue(index, false);
-    if (!text) {
-        return 0;
-    }
-    auto const* definition = mImpl->enumDefinition();
-    return definition ? definition->getValue(text) : static_cast<int>(parseInteger(text).value);
-}
+int ParameterValue::getIntValue(unsigned long index) const { return mImpl->read(getValue(index, false), parseInt); }
 
 unsigned int ParameterValue::getUIntValue(unsigned long index) const {
-    return static_cast<unsigned int>(getIntValue(index));
+    return static_cast<unsigned int>(mImpl->read(getValue(index, false), parseInt));
 }
 
 double ParameterValue::getDoubleValue(unsigned long index) const {
-    char const* text = getValue(index, false);
-    if (!text) {
-        return 0.0;
-    }
-    auto const* definition = mImpl->enumDefinition();
-    return definition ? definition->getValue(text) : parseDouble(text).value;
+    return mImpl->read(getValue(index, false), [](char const* text) { return parseDouble(text).value; });
 }
 
 unsigned long ParameterValue::getNumberOfValues() const { return mImpl->mValues.size(); }
@@ -123,8 +108,9 @@ unsigned long ParameterValue::getNumberOfValues() const { return mImpl->mValues.
 Parameter const* ParameterValue::getParameter() const { return mImpl->parameter(); }
 
 Parameter::ValueType ParameterValue::getValueType() const {
-    KIVO_REQUIRE_AS("mParameter != 0", mImpl->mParameterItem != nullptr);
-    return mImpl->mValueType;
+    auto const* mParameter = mImpl->parameter();
+    KIVO_REQUIRE(mParameter != 0);
+    return mParameter->getValueType();
 }
 
 bool ParameterValue::isUsingDefaultValue() const { return mImpl->mUsingDefaultValue; }

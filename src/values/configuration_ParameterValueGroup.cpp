@@ -8,7 +8,7 @@
 #include <configuration/ParameterValueVisitor.h>
 
 #include "schema/ContractChecks.h"
-#include "values/ChildSearch.h"
+#include "schema/ItemKinds.h"
 #include "values/ParameterValueGroupImpl.h"
 
 #include <algorithm>
@@ -17,7 +17,9 @@ namespace kivo::configuration {
 
 ParameterValueGroup::ParameterValueGroup(ParameterGroup const* group)
     : ParameterValueItem(std::make_unique<Impl>(), static_cast<ParameterItem const*>(group)),
-      mImpl(static_cast<Impl*>(getImpl())) {}
+      mImpl(static_cast<Impl*>(getImpl())) {
+    mImpl->mIsBoundToKind = true;
+}
 
 ParameterValueGroup::ParameterValueGroup(char const* id)
     : ParameterValueItem(std::make_unique<Impl>(), id), mImpl(static_cast<Impl*>(getImpl())) {}
@@ -107,10 +109,11 @@ void ParameterValueGroup::assignParameterItem(ParameterItem const* parameterItem
         throw ConfigurationException("\"%s\" must be a parameter group", parameterItem->getName());
     }
     ParameterValueItem::assignParameterItem(parameterItem);
+    mImpl->mIsBoundToKind = asGroup(parameterItem);
 }
 
 ParameterGroup const* ParameterValueGroup::getParameterGroup() const {
-    return static_cast<ParameterGroup const*>(getParameterItem());
+    return mImpl->mIsBoundToKind ? static_cast<ParameterGroup const*>(mImpl->mParameterItem) : nullptr;
 }
 
 unsigned long ParameterValueGroup::getNumberOfItems() const { return mImpl->mItems.size(); }
@@ -180,11 +183,6 @@ bool ParameterValueGroup::removeItem(char const* parameterItemId) {
     auto const position = std::ranges::find(mImpl->mItems, item, &std::unique_ptr<ParameterValueItem>::get);
     removeItem(static_cast<unsigned long>(position - mImpl->mItems.begin()));
     return true;
-}
-
-ParameterValueItem* findChild(ParameterValueGroup const& parent, char const* id, ParameterValueItem::ItemType type) {
-    return parent.mImpl->mIndex.first(parent.mImpl->mItems, id,
-                                      [type](ParameterValueItem const& item) { return item.getItemType() == type; });
 }
 
 void ParameterValueGroup::childIdChanged() { mImpl->mIndex.drop(); }

@@ -71,6 +71,7 @@ void ParameterValueItem::assignParameterItem(ParameterItem const* parameterItem)
         idChanged();
     }
     mImpl->mParameterItem = parameterItem;
+    mImpl->mIsBoundToKind = false; // the derived class knows better
     mImpl->mItemState = ASSIGNED;
 }
 

@@ -3,9 +3,6 @@
 #include "visitors/ConstraintFinderVisitor.h"
 
 #include <configuration/Parameter.h>
-#include <configuration/ParameterGroup.h>
-
-#include "schema/SubtreeIndex.h"
 
 namespace kivo::configuration {
 
@@ -32,14 +29,5 @@ bool ConstraintFinderVisitor::visitParameter(Parameter const& parameter) {
 }
 
 std::vector<ParameterGroup const*> const& ConstraintFinderVisitor::getGroupPath() const { return mGroupPath; }
-
-std::vector<ParameterGroup const*> findGroupPath(ParameterGroup const& group, char const* parameterName) {
-    if (auto const subtree = SubtreeIndex::of(group)) {
-        return subtree->pathToParameter(parameterName);
-    }
-    ConstraintFinderVisitor finder(parameterName);
-    group.accept(finder);
-    return finder.getGroupPath();
-}
 
 } // namespace kivo::configuration

@@ -26,7 +26,4 @@ private:
     std::vector<ParameterGroup const*> mGroupPath;
 };
 
-/// The answer of a ConstraintFinderVisitor; a large group is not walked for it.
-std::vector<ParameterGroup const*> findGroupPath(ParameterGroup const& group, char const* parameterName);
-
 } // namespace kivo::configuration

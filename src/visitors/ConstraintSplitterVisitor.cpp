@@ -8,37 +8,19 @@
 
 #include "values/ChildSearch.h"
 #include "values/GroupEditing.h"
-#include "visitors/ConstraintFinderVisitor.h"
 
 #include <algorithm>
 #include <memory>
-#include <ranges>
 
 namespace kivo::configuration {
-
-namespace {
-
-/// The constraints between a schema group and one of its parameters, outermost first; empty when the parameter is a
-/// direct item, stands behind a container, or is not there.
-std::vector<ParameterGroup const*> constraintsAbove(Parameter const& parameter, ParameterGroup const& schemaGroup) {
-    if (schemaGroup.getItem(parameter.getName(), false)) {
-        return {};
-    }
-    auto path = findGroupPath(schemaGroup, parameter.getName());
-    if (!path.empty()) {
-        path.erase(path.begin());
-    }
-    bool const behindContainer =
-        std::ranges::any_of(path, [](auto const* group) { return group->getGroupType() == ParameterGroup::CONTAINER; });
-    return behindContainer ? std::vector<ParameterGroup const*>{} : path;
-}
-
-} // namespace
 
 ConstraintSplitterVisitor::ConstraintSplitterVisitor(ParameterErrors& errors)
     : ParameterValueVisitor(true), mErrors(errors) {}
 
-bool ConstraintSplitterVisitor::visitGroupStart(ParameterValueGroup&) {
+bool ConstraintSplitterVisitor::visitGroupStart(ParameterValueGroup& group) {
+    if (auto const* schemaGroup = group.getParameterGroup(); schemaGroup && !mSchemaIndex) {
+        mSchemaIndex.emplace(*schemaGroup);
+    }
     mMoved.emplace_back();
     return true;
 }
@@ -63,23 +45,26 @@ bool ConstraintSplitterVisitor::visitParameterValue(ParameterValue& value) {
     mMoved.back().insert(&value);
     auto* current = container;
     for (auto const* constraint : constraints) {
-        current = &findOrAddGroup(*current, *constraint);
+        current = &findOrAddGroup(*current, constraint->getName(), *constraint);
     }
     current->addItem(value.clone(ParameterValueItem::DEEP_COPY));
     return true;
 }
 
-/// The child group of a constraint's name, which is made when it is not there.
-ParameterValueGroup& ConstraintSplitterVisitor::findOrAddGroup(ParameterValueGroup& current,
-                                                               ParameterGroup const& constraint) {
-    if (auto* group = findChildGroup(current, constraint.getName())) {
-        return *group;
+/// The constraints between a schema group and one of its parameters, outermost first; empty when the parameter is a
+/// direct item, lies in a container below the group, or is not there.
+std::vector<ParameterGroup const*> ConstraintSplitterVisitor::constraintsAbove(Parameter const& parameter,
+                                                                               ParameterGroup const& schemaGroup) {
+    if (SchemaIndex::isFlat(schemaGroup) || schemaGroup.getItem(parameter.getName(), false)) {
+        return {};
     }
-    auto added = std::make_unique<ParameterValueGroup>(constraint.getName());
-    assignParameterItem(*added, &constraint);
-    auto& group = *added;
-    current.addItem(added.release());
-    return group;
+    auto path = mSchemaIndex->findPathTo(schemaGroup, parameter.getName());
+    if (!path.empty()) {
+        path.erase(path.begin());
+    }
+    bool const isInContainer =
+        std::ranges::any_of(path, [](auto const* group) { return group->getGroupType() == ParameterGroup::CONTAINER; });
+    return isInContainer ? std::vector<ParameterGroup const*>{} : path;
 }
 
 } // namespace kivo::configuration

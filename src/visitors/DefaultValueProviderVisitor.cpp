@@ -7,10 +7,9 @@
 #include <configuration/ParameterValue.h>
 #include <configuration/ParameterValueGroup.h>
 
-#include "values/ChildSearch.h"
+#include "values/GroupEditing.h"
 
 #include <algorithm>
-#include <memory>
 
 namespace kivo::configuration {
 
@@ -18,20 +17,9 @@ DefaultValueProviderVisitor::DefaultValueProviderVisitor(ParameterValueGroup& va
     : mValueGroup(valueGroup), mErrors(errors) {}
 
 bool DefaultValueProviderVisitor::visitGroupStart(ParameterGroup const& schemaGroup) {
-    mValueStack.push_back(mValueStack.empty() ? &mValueGroup : &findOrAddGroup(*mValueStack.back(), schemaGroup));
+    mValueStack.push_back(mValueStack.empty() ? &mValueGroup
+                                              : &findOrAddGroup(*mValueStack.back(), schemaGroup.getId(), schemaGroup));
     return true;
-}
-
-ParameterValueGroup& DefaultValueProviderVisitor::findOrAddGroup(ParameterValueGroup& parent,
-                                                                 ParameterGroup const& schemaGroup) {
-    if (auto* existing = findChildGroup(parent, schemaGroup.getId())) {
-        return *existing;
-    }
-    auto added = std::make_unique<ParameterValueGroup>(schemaGroup.getName());
-    assignParameterItem(*added, &schemaGroup);
-    auto& group = *added;
-    parent.addItem(added.release());
-    return group;
 }
 
 void DefaultValueProviderVisitor::visitGroupEnd(ParameterGroup const&) { mValueStack.pop_back(); }

@@ -25,8 +25,6 @@ public:
     bool isConstraintFullfilledInCurrentNesting() const;
 
 private:
-    ParameterValueGroup& findOrAddGroup(ParameterValueGroup& parent, ParameterGroup const& schemaGroup);
-
     ParameterValueGroup& mValueGroup;
     [[maybe_unused]] ParameterErrors& mErrors;
     /// The value group of each open schema group.

@@ -40,7 +40,10 @@ unsigned long FirstPhaseValidationVisitor::countOccurrences(ParameterValueGroup 
     auto const [entry, isNew] = mCounts.try_emplace(&parent);
     if (isNew) {
         for (unsigned long i = 0; i < parent.getNumberOfItems(); ++i) {
-            ++entry->second[parent.getItem(i)->getParameterItem()];
+            auto const& item = *parent.getItem(i);
+            if (item.getItemType() == ParameterValueItem::PARAMETER_VALUE_GROUP) {
+                ++entry->second[item.getParameterItem()];
+            }
         }
     }
     return entry->second[container];

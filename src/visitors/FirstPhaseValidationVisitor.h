@@ -9,7 +9,8 @@ namespace kivo::configuration {
 class ParameterErrors;
 class ParameterItem;
 
-/// Looks at one tree of values alone and reports values that nobody recognised and bounded items given more than once:
+/// Looks at one tree of values, not at the schema, and reports values that nobody recognised and bounded items given
+/// more than once:
 /// "\"%s\" is not a recognized parameter", "\"%s\" cannot be provided more than once". Reads only.
 class FirstPhaseValidationVisitor final : public ParameterValueVisitor {
 public:
@@ -22,7 +23,7 @@ private:
     unsigned long countOccurrences(ParameterValueGroup const& parent, ParameterItem const* container);
 
     ParameterErrors& mErrors;
-    /// The number of children by schema item, counted once for each parent: counting for every child would be
+    /// The number of child groups by schema item, counted once for each parent: counting for every child would be
     /// quadratic.
     std::unordered_map<ParameterValueGroup const*, std::unordered_map<ParameterItem const*, unsigned long>> mCounts;
 };

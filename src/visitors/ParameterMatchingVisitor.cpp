@@ -8,6 +8,7 @@
 #include <configuration/ParameterValueGroup.h>
 #include <configuration/Specification.h>
 
+#include "schema/ItemKinds.h"
 #include "schema/NameComparison.h"
 
 namespace kivo::configuration {
@@ -16,12 +17,6 @@ namespace {
 
 bool isNamed(char const* id) { return id && *id != '\0'; }
 
-/// An item as a group, or null when it is none.
-ParameterGroup const* asGroup(ParameterItem const* item) {
-    return item && item->getItemType() == ParameterItem::PARAMETER_GROUP ? static_cast<ParameterGroup const*>(item)
-                                                                         : nullptr;
-}
-
 } // namespace
 
 ParameterMatchingVisitor::ParameterMatchingVisitor(Specification const& specification, ParameterErrors& errors,
@@ -29,6 +24,7 @@ ParameterMatchingVisitor::ParameterMatchingVisitor(Specification const& specific
     : ParameterValueVisitor(false),
       mErrors(errors),
       mRootGroup(specification.getParameterGroup()),
+      mSchemaIndex(*mRootGroup),
       mReportUnrecognized(reportUnrecognized) {}
 
 bool ParameterMatchingVisitor::visitGroupStart(ParameterValueGroup& group) {
@@ -91,7 +87,7 @@ bool ParameterMatchingVisitor::visitParameterValue(ParameterValue& value) {
         mErrors.addError("Unnamed group cannot contain Parameter \"%s\"", id);
         return true;
     }
-    auto const* item = group->getItem(id, true);
+    auto const* item = mSchemaIndex.findById(*group, id);
     if (!item) {
         if (mReportUnrecognized) {
             mErrors.addError("\"%s\" is not a recognized parameter", id);

@@ -2,6 +2,8 @@
 
 #include <configuration/ParameterValueVisitor.h>
 
+#include "visitors/SchemaIndex.h"
+
 #include <vector>
 
 namespace kivo::configuration {
@@ -41,6 +43,7 @@ private:
     ParameterGroup const* mRootGroup;
     /// The schema group of each open value group; null for the unnamed top group and for a group that matched nothing.
     std::vector<ParameterGroup const*> mGroupStack;
+    SchemaIndex mSchemaIndex;
     bool mReportUnrecognized;
 };
 

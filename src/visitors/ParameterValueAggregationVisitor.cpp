@@ -7,46 +7,31 @@
 #include <configuration/ParameterValueGroup.h>
 
 #include "values/ChildSearch.h"
+#include "values/GroupEditing.h"
 #include "visitors/RootGroup.h"
 
 namespace kivo::configuration {
 
-namespace {
-
-void appendTexts(ParameterValue& target, ParameterValue const& source) {
-    auto const count = source.getNumberOfValues(); // taken first: the two may be one, which grows
-    for (unsigned long i = 0; i < count; ++i) {
-        target.addValue(source.getValue(i, false));
-    }
-}
-
-} // namespace
-
 ParameterValueAggregationVisitor::ParameterValueAggregationVisitor(Specification const* specification,
                                                                    ParameterValueGroup& target, ParameterErrors& errors,
-                                                                   bool flattenConstraints, SourceUse sourceUse)
+                                                                   bool flattenConstraints)
     : ParameterValueVisitor(false),
       mRootGroup(rootGroupOf(specification)),
       mErrors(&errors),
       mTargetStack{&target},
-      mFlattenConstraints(flattenConstraints),
-      mSourceUse(sourceUse) {}
+      mFlattenConstraints(flattenConstraints) {}
 
 bool ParameterValueAggregationVisitor::visitGroupStart(ParameterValueGroup& group) {
     bool const inSpecification = isInSpecification(group);
     mInSpecificationStack.push_back(inSpecification);
     mTargetStack.push_back(inSpecification ? &findTarget(group) : mTargetStack.back());
-    if (mSourceUse == CONSUME) {
-        mTakerStack.emplace_back(group);
-    }
+    mTakerStack.emplace_back(group);
     return true;
 }
 
 bool ParameterValueAggregationVisitor::isInSpecification(ParameterValueGroup const& group) const {
-    if (!group.getParameterItem()) {
-        return false;
-    }
-    return group.getParameterItem() == mRootGroup || isGroupInSpecification(holderOf(group));
+    auto const* schemaGroup = group.getParameterGroup();
+    return schemaGroup && (schemaGroup == mRootGroup || isGroupInSpecification(holderOf(group)));
 }
 
 /// The group into which the items of a group of the specification go: the current target itself, a child of it that is
@@ -71,9 +56,7 @@ ParameterValueGroup& ParameterValueAggregationVisitor::findTarget(ParameterValue
 }
 
 void ParameterValueAggregationVisitor::visitGroupEnd(ParameterValueGroup&) {
-    if (mSourceUse == CONSUME) {
-        mTakerStack.pop_back();
-    }
+    mTakerStack.pop_back();
     mTargetStack.pop_back();
     mInSpecificationStack.pop_back();
 }
@@ -94,7 +77,7 @@ bool ParameterValueAggregationVisitor::visitParameterValue(ParameterValue& value
 }
 
 std::unique_ptr<ParameterValueItem> ParameterValueAggregationVisitor::takeOrCopy(ParameterValue& value) {
-    auto taken = mSourceUse == CONSUME ? mTakerStack.back().take(value) : nullptr;
+    auto taken = mTakerStack.back().take(value);
     return taken ? std::move(taken) : std::unique_ptr<ParameterValueItem>(value.clone(ParameterValueItem::DEEP_COPY));
 }
 

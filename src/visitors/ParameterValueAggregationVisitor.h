@@ -13,22 +13,16 @@ class ParameterErrors;
 class ParameterGroup;
 class Specification;
 
-/// Copies the bound items of a value tree into a target group and merges them with what is there: a bounded parameter
-/// or group that is there already wins, an unbounded parameter collects the texts of all, an unbounded group stays a
-/// group for each occurrence. What is unbound or not under the specification's root is left out. Adds no message.
+/// Moves the bound values of a tree into a target group and merges them with what is there: a bounded parameter or
+/// group that is there already wins, an unbounded parameter collects the texts of all, an unbounded group stays a group
+/// for each occurrence. What is unbound or not under the specification's root is left where it is. Adds no message.
 class ParameterValueAggregationVisitor final : public ParameterValueVisitor {
 public:
-    /// What happens to the values of the visited tree.
-    enum SourceUse {
-        COPY,   ///< they stay as they are
-        CONSUME ///< they move to the target, unless it has them already
-    };
-
-    /// @param target             receives the copies; it may hold those of earlier trees
+    /// @param target             receives the values; it may hold those of earlier trees
     /// @param flattenConstraints whether the values of constraint groups go directly into their container
     /// @throws kivo::ContractViolationException "specification != 0"
     ParameterValueAggregationVisitor(Specification const* specification, ParameterValueGroup& target,
-                                     ParameterErrors& errors, bool flattenConstraints, SourceUse sourceUse = COPY);
+                                     ParameterErrors& errors, bool flattenConstraints);
 
     bool visitGroupStart(ParameterValueGroup& group) override;
     void visitGroupEnd(ParameterValueGroup& group) override;
@@ -47,9 +41,8 @@ private:
     /// The group into which the items of each open group go; at the bottom the target.
     std::vector<ParameterValueGroup*> mTargetStack;
     std::vector<bool> mInSpecificationStack;
-    std::vector<ItemTaker> mTakerStack; // of the open groups, when their values are consumed
+    std::vector<ItemTaker> mTakerStack; // of the open groups
     bool mFlattenConstraints;
-    SourceUse mSourceUse;
 };
 
 } // namespace kivo::configuration

@@ -5,10 +5,9 @@
 #include <configuration/ParameterGroup.h>
 #include <configuration/ParameterValueGroup.h>
 
+#include "values/GroupEditing.h"
 #include "visitors/DefaultValueProviderVisitor.h"
 #include "visitors/RootGroup.h"
-
-#include <memory>
 
 namespace kivo::configuration {
 
@@ -19,9 +18,7 @@ ParameterValueGroupDefaultProviderVisitor::ParameterValueGroupDefaultProviderVis
 bool ParameterValueGroupDefaultProviderVisitor::visitGroupStart(ParameterValueGroup& group) {
     bool const nothingGiven = !group.getParameterItem() && group.getNumberOfItems() == 0;
     if (nothingGiven && mRootGroup->isOptional()) {
-        auto root = std::make_unique<ParameterValueGroup>(mRootGroup->getName());
-        assignParameterItem(*root, mRootGroup);
-        group.addItem(root.release()); // visited next
+        addGroup(group, *mRootGroup); // visited next
     } else if (group.getParameterItem() == mRootGroup) {
         DefaultValueProviderVisitor defaults(group, mErrors);
         mRootGroup->accept(defaults);

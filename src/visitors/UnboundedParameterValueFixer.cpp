@@ -7,6 +7,7 @@
 #include <configuration/ParameterValueGroup.h>
 
 #include "schema/ContractChecks.h"
+#include "schema/ItemKinds.h"
 
 namespace kivo::configuration {
 
@@ -29,7 +30,8 @@ bool UnboundedParameterValueFixer::visitGroupStart(ParameterValueGroup& group) {
         addText(group);
         return false;
     }
-    mSchemaStack.push_back(item ? static_cast<ParameterGroup const*>(item) : schemaParent);
+    auto const* schemaGroup = asGroup(item);
+    mSchemaStack.push_back(schemaGroup ? schemaGroup : schemaParent);
     openCopy(group);
     return true;
 }

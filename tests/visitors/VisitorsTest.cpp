@@ -115,20 +115,26 @@ INSTANTIATE_TEST_SUITE_P(Visitors, Matching, inBothSizes({
 /// The trees are aggregated into one, one after the other; then with constraints dissolved, where that differs.
 TEST_P(Aggregation, MergesBoundItems) {
     matchAndSplit();
+    decltype(trees) copies;
+    for (auto const& tree : trees) {
+        copies.emplace_back(tree->clone(ParameterValueItem::DEEP_COPY));
+    }
     ParameterValueGroup merged(nullptr);
     visit(ParameterValueAggregationVisitor(tool, merged, errors, false));
+    trees.swap(copies); // the values of the others have moved
     ParameterValueGroup flat(nullptr);
     visit(ParameterValueAggregationVisitor(tool, flat, errors, true));
     EXPECT_EQ(toText(merged) + (toText(flat) == toText(merged) ? "" : "\n" + toText(flat)) + messages(), row.outcome);
 }
 
-constexpr char const* MERGED = "tool{p u* f:bool?* in{q r} many*{m w*} con(c1 ex[x y])}";
+constexpr char const* MERGED = "tool{p u* f:bool?* n:int?*=8 in{q r} many*{m w*} con(c1 ex[x y])}";
 INSTANTIATE_TEST_SUITE_P(Visitors, Aggregation, inBothSizes({
     {"Constraints", MERGED, "{tool{c1=1 x=2 p=3 in{q=4}}}+{tool{y=5 c1=6}}",
         "?{tool{p=3 in{q=4} con{c1=1 ex{x=2 y=5}}}}\n?{tool{p=3 in{q=4} c1=1 x=2 y=5}}"},
     {"TheFirstWinsAndUnboundedOnesCollect", MERGED, "{tool{p=1,0 u=a p=9}}+{tool{P=2 U=b,c}}+{tool{u=d u=e}}",
         "?{tool{p=1,0 u=a,b,c,d,e}}"},
     {"AbsentTexts", MERGED, "{tool{f=<none> u=<none>}}+{tool{f=<none>,0}}", "?{tool{f=1,1,0 u=<none>}}"},
+    {"AnAbsentTextThatIsAppendedReadsAsTheDefault", MERGED, "{tool{n=<none>}}+{tool{n=<none>,9}}", "?{tool{n=<none>,8,9}}"},
     {"BoundedGroupsMerge", MERGED, "{tool{in{q=1} in{q=2 r=3}}}+{tool{in{r=4}}}", "?{tool{in{q=1 r=3}}}"},
     {"UnboundedGroupsStayApart", MERGED, "{tool{many{m=1 w=a} many{m=2}}}+{tool{many{m=3 w=b}}}",
         "?{tool{many{m=1 w=a} many{m=2} many{m=3 w=b}}}"},
