@@ -8,7 +8,8 @@
 #include <configuration/ParameterSpecialization.h>
 #include <configuration/Specification.h>
 
-#include "values/NumberText.h"
+#include "schema/ItemKinds.h"
+#include "schema/NumberText.h"
 
 #include <limits>
 #include <string>
@@ -35,24 +36,23 @@ ParameterEnumDefinition const& findEnumeration(char const* id) {
 }
 
 Parameter& findParameter(char const* id) {
-    auto* const item = Manager::getInstance()->getParameterItem(id, ParameterItem::PARAMETER);
-    if (!item) {
+    auto* const parameter = asParameter(Manager::getInstance()->getParameterItem(id, ParameterItem::PARAMETER));
+    if (!parameter) {
         throw ConfigurationException("Parameter \"%s\" was not found", id);
     }
-    return static_cast<Parameter&>(*item);
+    return *parameter;
 }
 
 /// A group constraint; containers and exclusive choices cannot be referred to.
 ParameterGroup& findGroup(char const* id) {
-    auto* const item = Manager::getInstance()->getParameterItem(id, ParameterItem::PARAMETER_GROUP);
-    if (!item) {
+    auto* const group = asGroup(Manager::getInstance()->getParameterItem(id, ParameterItem::PARAMETER_GROUP));
+    if (!group) {
         throw ConfigurationException("Group\"%s\" was not found", id);
     }
-    auto& group = static_cast<ParameterGroup&>(*item);
-    if (group.getGroupType() != ParameterGroup::CONSTRAINT || group.itemsAreExclusive()) {
+    if (group->getGroupType() != ParameterGroup::CONSTRAINT || group->itemsAreExclusive()) {
         throw ConfigurationException("\"%s\" is not a group", id);
     }
-    return group;
+    return *group;
 }
 
 } // namespace

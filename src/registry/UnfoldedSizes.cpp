@@ -5,6 +5,8 @@
 #include <configuration/ConfigurationException.h>
 #include <configuration/ParameterGroup.h>
 
+#include "schema/ItemKinds.h"
+
 #include <algorithm>
 
 namespace kivo::configuration {
@@ -24,8 +26,8 @@ UnfoldedSize const& UnfoldedSizes::measure(ParameterGroup const& group, Paramete
     for (unsigned long i = 0; i < count; ++i) {
         auto const* const item = group.getItem(i);
         ++size.items;
-        if (item->getItemType() == ParameterItem::PARAMETER_GROUP) {
-            auto const& below = measure(static_cast<ParameterGroup const&>(*item), outermost, level + 1);
+        if (auto const* const inner = asGroup(item)) {
+            auto const& below = measure(*inner, outermost, level + 1);
             size.items = std::min(size.items + below.items, UnfoldedSize::MAX_ITEMS + 1);
             size.levels = std::max(size.levels, below.levels + 1);
         }

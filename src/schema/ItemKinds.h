@@ -36,11 +36,17 @@ inline Parameter const* asParameter(ParameterItem const* item) {
     }
     return item && item->getItemType() == ParameterItem::PARAMETER ? dynamic_cast<Parameter const*>(item) : nullptr;
 }
+inline Parameter* asParameter(ParameterItem* item) {
+    return const_cast<Parameter*>(asParameter(static_cast<ParameterItem const*>(item)));
+}
 
 /// An item as the group that it is; null when it is none, or says that it is none.
 inline ParameterGroup const* asGroup(ParameterItem const* item) {
     return item && item->getItemType() == ParameterItem::PARAMETER_GROUP ? dynamic_cast<ParameterGroup const*>(item)
                                                                          : nullptr;
+}
+inline ParameterGroup* asGroup(ParameterItem* item) {
+    return const_cast<ParameterGroup*>(asGroup(static_cast<ParameterItem const*>(item)));
 }
 
 } // namespace kivo::configuration

@@ -3,7 +3,7 @@
 #include "schema/ValueTypes.h"
 
 #include "schema/NameComparison.h"
-#include "values/NumberText.h"
+#include "schema/NumberText.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -12,7 +12,7 @@
 #include "schema/ContractChecks.h"
 #include "schema/ParameterItemImpl.h"
 #include "schema/ValueTypes.h"
-#include "visitors/SecondPhaseValidationVisitor.h"
+#include "values/ValueChecks.h"
 
 namespace kivo::configuration {
 
@@ -48,7 +48,7 @@ std::unique_ptr<ParameterValue> makeDefaultValue(Parameter const& parameter, cha
     value->setIsUsingDefaultValue(true);
     if (*text != '\0') {
         ParameterErrors errors;
-        SecondPhaseValidationVisitor::validate(value.get(), type, errors, validator);
+        checkValue(value.get(), type, errors, validator);
         if (errors.getNumberOfErrors() > 0) {
             throw ConfigurationParameterException(errors, "\"%s\" is not a valid default value for parameter \"%s\"",
                                                   text, parameter.getName());

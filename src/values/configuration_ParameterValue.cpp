@@ -8,8 +8,8 @@
 #include "schema/ContractChecks.h"
 #include "schema/ItemKinds.h"
 #include "schema/NameComparison.h"
+#include "schema/NumberText.h"
 #include "values/DefaultText.h"
-#include "values/NumberText.h"
 #include "values/ParameterValueImpl.h"
 
 namespace kivo::configuration {

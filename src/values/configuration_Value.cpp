@@ -5,7 +5,7 @@
 #include <configuration/Value.h>
 
 #include "schema/ContractChecks.h"
-#include "values/NumberText.h"
+#include "schema/NumberText.h"
 
 #include <string>
 

@@ -10,6 +10,7 @@
 
 #include "schema/NameComparison.h"
 #include "values/ChildSearch.h"
+#include "values/ValueChecks.h"
 
 #include <algorithm>
 
@@ -55,7 +56,7 @@ bool SecondPhaseValidationVisitor::visitParameter(Parameter const& parameter) {
     auto const* valueGroup = mNesting.empty() ? nullptr : mNesting.back().valueGroup;
     if (auto const* value = valueGroup ? valueGroup->getValue(&parameter) : nullptr) {
         if (!value->isUsingDefaultValue()) {
-            validate(value, parameter.getValueType(), mErrors, parameter.getValidator());
+            checkValue(value, parameter.getValueType(), mErrors, parameter.getValidator());
         }
         return true;
     }
@@ -95,6 +96,21 @@ void SecondPhaseValidationVisitor::reportMissingParameters() {
         message += ", " + mMissingParameters[i];
     }
     mErrors.addError("%s", message.c_str());
+}
+
+std::string SecondPhaseValidationVisitor::generateInvalidValueMessage(char const* parameterName, char const* valueText,
+                                                                      char const* typeName) {
+    return composeInvalidValueMessage(parameterName, valueText, typeName);
+}
+
+void SecondPhaseValidationVisitor::validate(char const* parameterName, char const* valueText,
+                                            Parameter::ValueType valueType, ParameterErrors& errors) {
+    checkText(parameterName, valueText, valueType, errors);
+}
+
+void SecondPhaseValidationVisitor::validate(ParameterValue const* value, Parameter::ValueType valueType,
+                                            ParameterErrors& errors, ParameterValidator const* validator) {
+    checkValue(value, valueType, errors, validator);
 }
 
 } // namespace kivo::configuration

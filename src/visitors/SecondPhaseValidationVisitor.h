@@ -16,7 +16,7 @@ class ParameterValueGroup;
 /// Walks a specification's schema beside the merged values and reports texts that fail their checks, required
 /// parameters and containers that nobody gave, and alternatives that were given together. Reads only.
 ///
-/// The checks of single values are static: the default of a parameter undergoes them, too (ValueChecks.cpp).
+/// The static operations are fixed names for the checks of values/ValueChecks.h.
 class SecondPhaseValidationVisitor final : public ParameterVisitor {
 public:
     /// @param valueGroup the value group bound to the specification's root group
@@ -30,16 +30,10 @@ public:
     /// Whether one of the open schema groups is not optional.
     bool isGroupRequiredInCurrentNesting() const;
 
-    /// `<name>: "<text>" is not a valid <type>`; a null name is left out with its colon.
     static std::string generateInvalidValueMessage(char const* parameterName, char const* valueText,
                                                    char const* typeName);
-    /// Checks one text against a type.
-    /// @throws kivo::ContractViolationException "valueText != 0"
     static void validate(char const* parameterName, char const* valueText, Parameter::ValueType valueType,
                          ParameterErrors& errors);
-    /// Checks every text of a value against a type and then, if none is missing, the value by a validator.
-    /// @param validator the validator, or null
-    /// @throws kivo::ContractViolationException "value != 0"
     static void validate(ParameterValue const* value, Parameter::ValueType valueType, ParameterErrors& errors,
                          ParameterValidator const* validator);
 

@@ -1,6 +1,6 @@
 #include "kernel/kvProcessInit.h"
 
-#include "values/NumberText.h"
+#include "schema/NumberText.h"
 
 #include <array>
 #include <cerrno>

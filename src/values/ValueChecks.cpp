@@ -1,6 +1,6 @@
 #include "kernel/kvProcessInit.h"
 
-#include "visitors/SecondPhaseValidationVisitor.h"
+#include "values/ValueChecks.h"
 
 #include <configuration/ParameterErrors.h>
 #include <configuration/ParameterValidator.h>
@@ -13,8 +13,7 @@
 
 namespace kivo::configuration {
 
-std::string SecondPhaseValidationVisitor::generateInvalidValueMessage(char const* parameterName, char const* valueText,
-                                                                      char const* typeName) {
+std::string composeInvalidValueMessage(char const* parameterName, char const* valueText, char const* typeName) {
     std::string message;
     if (parameterName) {
         message.append(parameterName).append(": ");
@@ -22,16 +21,16 @@ std::string SecondPhaseValidationVisitor::generateInvalidValueMessage(char const
     return message.append("\"").append(valueText).append("\" is not a valid ").append(typeName);
 }
 
-void SecondPhaseValidationVisitor::validate(char const* parameterName, char const* valueText,
-                                            Parameter::ValueType valueType, ParameterErrors& errors) {
+void checkText(char const* parameterName, char const* valueText, Parameter::ValueType valueType,
+               ParameterErrors& errors) {
     KIVO_REQUIRE(valueText != 0);
     if (auto const& type = traitsOf(valueType); !type.accepts(valueText)) {
-        errors.addError("%s", generateInvalidValueMessage(parameterName, valueText, type.noun).c_str());
+        errors.addError("%s", composeInvalidValueMessage(parameterName, valueText, type.noun).c_str());
     }
 }
 
-void SecondPhaseValidationVisitor::validate(ParameterValue const* value, Parameter::ValueType valueType,
-                                            ParameterErrors& errors, ParameterValidator const* validator) {
+void checkValue(ParameterValue const* value, Parameter::ValueType valueType, ParameterErrors& errors,
+                ParameterValidator const* validator) {
     KIVO_REQUIRE(value != 0);
     auto const* parameter = value->getParameter();
     char const* const name = parameter ? parameter->getName() : nullptr;
@@ -41,7 +40,7 @@ void SecondPhaseValidationVisitor::validate(ParameterValue const* value, Paramet
             errors.addError("Missing value for the \"%s\" parameter", name ? name : "");
             return;
         }
-        validate(name, text, valueType, errors);
+        checkText(name, text, valueType, errors);
     }
     if (validator) {
         if (std::unique_ptr<char[]> const message{validator->validate(*value)}) {
