@@ -19,7 +19,7 @@ namespace {
 
 using kivo::configuration::Manager;
 
-constexpr long POINTS = 40; // of each kind of file
+constexpr long POINTS = 16; // of each kind of file
 
 /// Allocations until the one that fails; below 0: none does.
 long remaining = -1;
