@@ -3,7 +3,7 @@
 // What the fuzz targets share. A fault of the input is an exception of the std::exception family, which attempt()
 // drops; anything else that goes wrong ends the process, and libFuzzer keeps the input.
 
-#include "registry/xml/xerces/XercesLibraryInit.h"
+#include "registry/xml/XmlScope.h"
 #include "support/TemporaryInstallation.h"
 
 #include <cstddef>
@@ -28,7 +28,7 @@ bool attempt(Step step) {
 class Environment : public test::TemporaryInstallation {
 private:
     test::ScopedEnvironment mNoLog{"KIVO_MAIN_LOG", std::nullopt};
-    configuration::XercesLibraryInit mXml;
+    configuration::XmlScope mXml;
 };
 
 /// An input that begins with a byte of choices; as a digit it can be typed.

@@ -40,6 +40,11 @@ SingletonMutex& managerSingletonMutex() {
 /// Makes the lock when the library is loaded, whether or not a manager is ever asked for.
 [[maybe_unused]] SingletonMutex& madeAtLoadTime = managerSingletonMutex();
 
+/// Ends a manager whose start failed, for which atexit does not know shutdown(), when the library is unloaded.
+struct LastShutdown {
+    ~LastShutdown() { Manager::shutdown(); }
+} const lastShutdown;
+
 } // namespace
 
 Manager* Manager::getInstance() {

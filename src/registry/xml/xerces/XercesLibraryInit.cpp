@@ -25,8 +25,7 @@ XercesLibraryInit::XercesLibraryInit() {
     static Thrower handler;
     try {
         xercesc::XMLPlatformUtils::Initialize(xercesc::XMLUni::fgXercescDefaultLocale, nullptr, &handler, nullptr);
-    } catch (...) { // half open; it throws OutOfMemoryException, too, which is no std::exception
-        xercesc::XMLPlatformUtils::Terminate();
+    } catch (...) { // OutOfMemoryException, too, which is no std::exception
         throw std::bad_alloc();
     }
 }

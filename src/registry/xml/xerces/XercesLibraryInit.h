@@ -7,7 +7,8 @@ namespace kivo::configuration {
 /// when the scope ends. One thread at a time opens or ends a scope.
 class XercesLibraryInit {
 public:
-    /// @throws std::bad_alloc memory has run out
+    /// @throws std::bad_alloc memory has run out. Then the library is half open, and cannot be closed: nobody may use
+    /// it before it has been unloaded and loaded again.
     XercesLibraryInit();
     ~XercesLibraryInit();
 

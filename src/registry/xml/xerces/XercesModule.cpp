@@ -37,8 +37,16 @@ std::optional<XercesLibraryInit>& library() {
 }
 
 XmlModuleOutcome start() {
+    // Until a start has gone well: the library cannot be used after one that has not, unless this module is opened
+    // anew.
+    static bool isBroken = false;
+    if (isBroken) {
+        return XML_MODULE_FAILED;
+    }
+    isBroken = true;
     return guard([] {
         library().emplace();
+        isBroken = false;
         return XML_MODULE_DONE;
     });
 }
