@@ -38,6 +38,7 @@ protected:
 /// Lists a directory. The caller releases the listing with its close().
 /// @return null when `path` is null, or when the directory cannot be read; then the main log gets a record of category
 ///         "Kernel"
+/// @throws std::bad_alloc memory has run out
 KIVO_KERNEL_API kvDirListing* kvLocalOpenDir(char const* path);
 
 /// Closes a listing at the end of a pointer's life.

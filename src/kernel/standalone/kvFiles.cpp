@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <memory>
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
@@ -46,6 +47,16 @@ dirent const* nextEntry(DIR* directory) {
     return readdir(directory);
 }
 
+/// Says why a directory has no listing. Memory that runs out is no property of the directory.
+/// @throws std::bad_alloc
+kvDirListing* refuseListing(char const* path, int error) {
+    if (error == ENOMEM) {
+        throw std::bad_alloc();
+    }
+    logFileError("Directory", path, "cannot be read", error);
+    return nullptr;
+}
+
 /// The number of the reason why an entry is a link that leads nowhere; 0 when it is not.
 int deadLinkReason(DIR* directory, dirent const& entry) {
     struct stat status {};
@@ -82,8 +93,7 @@ kvDirListing* kvLocalOpenDir(char const* path) {
     }
     std::unique_ptr<DIR, CloseDirectory> const directory(opendir(path));
     if (!directory) {
-        logFileError("Directory", path, "cannot be read", errno);
-        return nullptr;
+        return refuseListing(path, errno);
     }
     Names names;
     while (auto const* entry = nextEntry(directory.get())) {
@@ -95,8 +105,7 @@ kvDirListing* kvLocalOpenDir(char const* path) {
         }
     }
     if (errno != 0) {
-        logFileError("Directory", path, "cannot be read", errno);
-        return nullptr;
+        return refuseListing(path, errno);
     }
     std::sort(names.begin(), names.end());
     return new DirListing(std::move(names));
