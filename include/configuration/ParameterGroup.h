@@ -71,8 +71,7 @@ public:
     ParameterItem* getItem(unsigned long index) const;
     /// The first item of an id (letter case ignored), or null.
     /// @param recursive false: among the direct items; true: the first one that a walk by accept() shows, a group
-    /// before its items; the group
-    ///                  itself counts
+    ///                  before its items, this group included
     /// @throws kivo::ContractViolationException "id != 0"
     ParameterItem* getItem(char const* id, bool recursive) const;
 

@@ -19,8 +19,8 @@ class ParameterVisitor;
 ///
 /// Not synchronized: items are built and changed on one thread and may then be read by any number of threads.
 ///
-/// Parameter and ParameterGroup override operations only to call these: the list of virtual operations of each class is
-/// part of the binary interface. The same is true of the classes derived from ParameterValueItem.
+/// Parameter and ParameterGroup override some operations only to call these: the list of virtual operations that each
+/// class defines is part of the binary interface. The same is true of the classes derived from ParameterValueItem.
 class KIVO_CONFIGURATION_API ParameterItem {
 public:
     /// The kind of an item; the numbers appear in the manager's message for a lookup of the wrong kind.

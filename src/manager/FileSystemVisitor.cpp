@@ -25,7 +25,7 @@ constexpr char const* PARENT_DIR = "/..";
 
 } // namespace
 
-/// Knows directories by what they are, not by the paths that lead to them.
+/// Identifies directories by device and inode, since several paths can lead to one directory.
 class FileSystemVisitor::EnteredDirectories {
 public:
     /// @return whether a directory is entered for the first time; one that cannot be examined is not entered

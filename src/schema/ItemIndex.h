@@ -81,7 +81,7 @@ private:
     static constexpr Position NONE = ~Position{0};
     static constexpr Position DELETED = NONE - 1; // a slot whose last item was removed: searches go on past it
 
-    /// A place in the table: most keys that are not sought are told by their hash, without a look at the node.
+    /// A place in the table. The hash tells most keys apart without a look at the node.
     struct Slot {
         std::uint32_t hash;
         Position head; // the first node of the key

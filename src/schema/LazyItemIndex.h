@@ -10,7 +10,7 @@
 namespace kivo::configuration {
 
 /// The index that stands beside a group's list of items. A short list is scanned; for a longer one the index is built
-/// by the first look-up and kept right by whoever changes the list.
+/// by the first look-up and updated by the code that changes the list.
 ///
 /// Several threads may look up at once in a list that nobody changes: each may build the index, one of them is kept.
 ///

@@ -16,7 +16,7 @@ std::uint64_t multiplyMix(std::uint64_t a, std::uint64_t b) noexcept {
     return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64);
 }
 
-/// Unknown to whoever writes the names: addresses are randomised, the time is that of the start.
+/// The authors of names cannot know it: addresses are randomised, and the time is that of the start.
 struct Seeds {
     Seeds() noexcept {
         auto const now = static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count());

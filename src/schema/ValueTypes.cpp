@@ -35,16 +35,16 @@ bool isOid(char const* text) {
                        &numbers[3], rest) == 4;
 }
 
-/// Any text is accepted as a label: labels are looked up when they are read.
+/// Any text is accepted as a label: labels are looked up when they are read. What accepts anything needs no noun.
 constexpr ValueTypeTraits VALUE_TYPES[] = {
     // type                         word      title           noun                implicit default  check
     {Parameter::BOOLEAN_PARAMETER, "bool", "bool", "boolean", "0", isBoolean},
-    {Parameter::STRING_PARAMETER, "string", "string", "string", nullptr, isAnything},
+    {Parameter::STRING_PARAMETER, "string", "string", "", nullptr, isAnything},
     {Parameter::INT_PARAMETER, "int", "int", "signed integer", "0", isIntegerOf<int>},
     {Parameter::UINT_PARAMETER, "uint", "unsigned int", "unsigned integer", nullptr, isIntegerOf<unsigned int>},
     {Parameter::DOUBLE_PARAMETER, "double", "double", "double", "0", isDouble},
     {Parameter::OID_PARAMETER, "oid", "OID", "OID", nullptr, isOid},
-    {Parameter::ENUM_PARAMETER, "enum", "enum", "label", nullptr, isAnything},
+    {Parameter::ENUM_PARAMETER, "enum", "enum", "", nullptr, isAnything},
 };
 
 /// What a number that is no type comes to.

@@ -6,9 +6,8 @@
 #include <configuration/ParameterGroup.h>
 #include <configuration/ParameterValidator.h>
 
-#include "values/DefaultText.h"
-
 #include "schema/ValueTypes.h"
+#include "values/DefaultText.h"
 
 namespace kivo::configuration {
 

@@ -60,9 +60,12 @@ kvDirListing* refuseListing(char const* path, int error) {
 /// The number of the reason why an entry is a link that leads nowhere; 0 when it is not.
 int deadLinkReason(DIR* directory, dirent const& entry) {
     struct stat status {};
+    auto const examine = [&](int flags) { return fstatat(dirfd(directory), entry.d_name, &status, flags) == 0; };
     bool const canBeLink = entry.d_type == DT_LNK || entry.d_type == DT_UNKNOWN;
-    bool const isReached = !canBeLink || fstatat(dirfd(directory), entry.d_name, &status, 0) == 0;
-    return isReached || !meansMissing(errno) ? 0 : errno;
+    if (!canBeLink || !examine(AT_SYMLINK_NOFOLLOW) || !S_ISLNK(status.st_mode) || examine(0)) {
+        return 0;
+    }
+    return meansMissing(errno) ? errno : 0;
 }
 
 } // namespace

@@ -12,31 +12,32 @@
 #include <string>
 #include <string_view>
 
+#include <poll.h>
 #include <unistd.h>
 
 namespace {
 
 using namespace kivo::kernel;
 
-/// Keeps the signal that a write sends beyond the process's limit of file sizes from ending the process.
-class FileSizeSignalBlock {
+/// Keeps one of the signals that a write can send from ending the process.
+class WriteSignalBlock {
 public:
-    FileSizeSignalBlock() {
+    explicit WriteSignalBlock(int signal) {
         sigemptyset(&mSignal);
-        sigaddset(&mSignal, SIGXFSZ);
+        sigaddset(&mSignal, signal);
         sigset_t pending;
         sigpending(&pending);
-        mWasPending = sigismember(&pending, SIGXFSZ) == 1;
+        mWasPending = sigismember(&pending, signal) == 1;
         pthread_sigmask(SIG_BLOCK, &mSignal, &mMask);
     }
-    ~FileSizeSignalBlock() {
+    ~WriteSignalBlock() {
         timespec const noTime{};
         while (!mWasPending && sigtimedwait(&mSignal, nullptr, &noTime) < 0 && errno == EINTR) {
         }
         pthread_sigmask(SIG_SETMASK, &mMask, nullptr);
     }
-    FileSizeSignalBlock(FileSizeSignalBlock const&) = delete;
-    FileSizeSignalBlock& operator=(FileSizeSignalBlock const&) = delete;
+    WriteSignalBlock(WriteSignalBlock const&) = delete;
+    WriteSignalBlock& operator=(WriteSignalBlock const&) = delete;
 
 private:
     sigset_t mSignal;
@@ -66,10 +67,16 @@ std::string composeRecord(char const* category, char const* text) {
     return record;
 }
 
+/// Whether a write to standard error would go on at once: a full pipe that nobody reads would stop the tool.
+bool canComplain() {
+    pollfd standardError{STDERR_FILENO, POLLOUT, 0};
+    return poll(&standardError, 1, 0) == 1 && (standardError.revents & POLLOUT) != 0;
+}
+
 /// Says on standard error, once in a process, that the log cannot be written.
 void complain(char const* path, std::string const& reason) {
     static std::atomic_flag smWasSaid;
-    if (!smWasSaid.test_and_set()) {
+    if (!smWasSaid.test_and_set() && canComplain()) {
         writeAll(STDERR_FILENO, std::string("The main log \"") + path + "\" cannot be written: " + reason + '\n');
     }
 }
@@ -83,7 +90,8 @@ void kvKivo::addToMainLog(char const* category, char const* text) {
     if (!target) {
         return;
     }
-    FileSizeSignalBlock const block;
+    WriteSignalBlock const beyondSizeLimit(SIGXFSZ);
+    WriteSignalBlock const withoutReader(SIGPIPE);
     auto const record = composeRecord(category, text);
     if (std::string_view(target) == "-") {
         // Not locked: a lock on an inherited descriptor excludes nobody who inherited it, too.
