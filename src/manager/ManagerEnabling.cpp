@@ -73,6 +73,7 @@ void Manager::Impl::enableConfiguration(bool allowMachineConfig, char const* app
     logEnabling(allowMachineConfig, applicationFile, arguments);
 
     ContextMgr const context;
+    XmlScope const scope;
     mProviders.clear();
     auto const commandLine = arguments.empty() ? CommandLine{} : splitCommandLine(arguments);
     for (auto const& fileName : commandLine.fileNames) {
@@ -104,7 +105,6 @@ bool Manager::Impl::loadConfigurationFile(std::string const& path, bool allowMis
         }
         throw ConfigurationException("File \"%s\" was not found", resolved.c_str());
     }
-    XmlScope const scope;
     addProvider<XmlFileValueProvider>(mNextProviderPriority++).enableProvider(resolved.c_str(), 0);
     return true;
 }
