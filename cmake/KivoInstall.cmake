@@ -19,9 +19,8 @@ install(TARGETS kivo-configuration kivo-kernel
     LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
     INCLUDES DESTINATION "${includeDirectory}")
 
-# Where the library looks for it: beside itself, in a folder of the number of its binary interface.
 set_target_properties(kivo-configuration-xerces PROPERTIES INSTALL_RPATH "$ORIGIN/.." BUILD_RPATH_USE_ORIGIN ON)
-install(TARGETS kivo-configuration-xerces LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/kivo-configuration-1")
+install(TARGETS kivo-configuration-xerces LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/${KIVO_MODULE_FOLDER}")
 
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/" "${PROJECT_BINARY_DIR}/include/"
     DESTINATION "${includeDirectory}"

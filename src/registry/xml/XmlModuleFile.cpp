@@ -14,7 +14,7 @@ namespace kivo::configuration {
 
 namespace {
 
-constexpr char const* MODULE_PATH = "kivo-configuration-1/xerces.so"; // beside this library
+constexpr char const* MODULE_PATH = MODULE_FOLDER "/xerces.so"; // beside this library
 
 /// Where this library lies, links followed; empty when that cannot be told. Found when the library is loaded, since
 /// the path that led to it may be relative.

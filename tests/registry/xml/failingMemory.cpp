@@ -19,7 +19,7 @@ namespace {
 
 using kivo::configuration::Manager;
 
-constexpr long POINTS = 16; // of each kind of file
+constexpr long POINTS = 10; // of each kind of file
 
 /// Allocations until the one that fails; below 0: none does.
 long remaining = -1;
@@ -75,7 +75,9 @@ int runPoint(std::function<void()> const& work, long failing, std::string const&
         auto const afterwards = outcomeOf(work, -1);
         bool const isRefused = outcome == "std::bad_alloc";
         bool const isLoaderBroken = isRefused && afterwards.starts_with("XML ERROR: ") && !dlopen(MODULE, RTLD_NOW);
-        bool const isRight = (outcome == expected || isRefused) && (afterwards == expected || isLoaderBroken);
+        // The kernel leaves out a directory that it cannot read, which its log tells.
+        bool const isHarmless = outcome == expected || outcome == "Unable to find the kivobase.crg file.";
+        bool const isRight = (isHarmless || isRefused) && (afterwards == expected || isLoaderBroken);
         isRight ? 0 : std::printf("%ld: %s; then: %s\n", failing, outcome.c_str(), afterwards.c_str());
         std::fflush(stdout);
         _exit(isRight ? isRefused + isLoaderBroken : 3);
@@ -103,9 +105,6 @@ bool sweep(char const* label, std::function<void()> const& work) {
 } // namespace
 
 int main() {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-    return 77; // they have allocators of their own
-#endif
     kivo::test::TemporaryInstallation const installation;
     auto& manager = *Manager::getInstance();
     auto const load = [&] {
@@ -121,7 +120,8 @@ int main() {
                                 "<!DOCTYPE ConfigurationRegistry [<!ENTITY e ''>]><ConfigurationRegistry a='&e;'/>"}) {
         installation.write("etc/kivobase.crg", content);
         installation.write("config/values.xml", content);
-        isPassed = sweep(content, load) && sweep(content, enable) && isPassed;
+        isPassed = sweep(content, load) && isPassed;
+        isPassed = sweep(content, enable) && isPassed;
     }
     return isPassed ? 0 : 1;
 }

@@ -27,8 +27,8 @@ constexpr XMLSize_t MAX_DEFAULTED_SIZE = 10000000; // in characters, of which a 
 constexpr XMLSize_t ATTRIBUTE_SIZE = 100;
 
 /// A reason that tells the limit it stands for.
-std::u16string moreThan(std::string const& before, XMLSize_t limit, std::string const& behind) {
-    return toXmlText(before + " more than " + std::to_string(limit) + " " + behind);
+std::u16string moreThan(std::string const& before, XMLSize_t limit, std::string const& after) {
+    return toXmlText(before + " more than " + std::to_string(limit) + " " + after);
 }
 
 /// Whether an attribute declares a namespace: "xmlns", "xmlns:p". (Others that begin so may be counted as well.)

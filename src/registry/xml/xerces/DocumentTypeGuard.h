@@ -11,7 +11,7 @@ namespace kivo::configuration {
 ///
 /// - an external subset, external entities, and parameter entities of any kind
 /// - more than 1,000 entities, or an entity of more than 1,000 characters
-/// - more than 1,000 attribute definitions, or an attribute list behind an entity: entities in default values are
+/// - more than 1,000 attribute definitions, or an attribute list after an entity: entities in default values are
 ///   expanded without being counted
 class DocumentTypeGuard final : public xercesc::DocTypeHandler {
 public:

@@ -23,7 +23,7 @@ bool isTrailSurrogate(char32_t c) { return c >= 0xDC00 && c < 0xE000; }
 
 bool isControl(char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }
 
-/// The character at a position, which moves behind it. Half a surrogate pair is returned as it is: no code page has it.
+/// The character at a position, which moves on. Half a surrogate pair is returned as it is: no code page has it.
 char32_t nextCharacter(XMLCh const*& position) {
     char32_t const unit = *position++;
     if (!isLeadSurrogate(unit) || !isTrailSurrogate(*position)) {
