@@ -131,39 +131,37 @@ private:
     fs::path mBefore = fs::current_path();
 };
 
-struct EnablingCase {
-    char const* label;
-    Arguments arguments;
-    char const* providers;
-    char const* thrown = "<nothing>";
-};
-
-class Enabling : public EnablingTest, public testing::WithParamInterface<EnablingCase> {};
-
-TEST_P(Enabling, SetsProvidersUp) {
-    EXPECT_EQ(whatOf<ConfigurationException>([] { enable(false, "b.xml", GetParam().arguments); }), GetParam().thrown);
-    EXPECT_EQ(providers(), GetParam().providers);
+TEST_F(EnablingTest, SetsProvidersUp) {
+    struct Row {
+        char const* label;
+        Arguments arguments;
+        char const* providers;
+        char const* thrown = "<nothing>";
+    };
+    constexpr char const* missing = "Missing value for the -loadConfiguration parameter";
+    // clang-format off
+    for (auto const& row : {
+        Row{"no arguments", {}, "1 XML_FILE tool?{b?=config}"},
+        Row{"only the program", {"tool"}, "1 CLI ?{tool?{}} | 2 XML_FILE tool?{b?=config}"},
+        Row{"files before the command line",
+            {"prog", "-loadConfiguration", "a.xml", "-x", "-y", "3", "z", "-LOADCONFIGURATION", "b.xml"},
+            "1 XML_FILE tool?{a?=here} | 2 XML_FILE tool?{b?=config} | 3 CLI ?{tool?{x?=<none> y?=3 z?=<none>}} | "
+            "4 XML_FILE tool?{b?=config}"},
+        // A value is passed on, whatever it says; so are words, and flags with more or fewer dashes.
+        Row{"what is not the flag", {"-loadConfiguration", "loadConfiguration", "-n", "-", "--loadConfiguration"},
+            "-1 CLI ?{}", "A command line parameter cannot be empty"},
+        Row{"no file at the end", {"prog", "-x", "-loadConfiguration"}, "", missing},
+        Row{"no file before a flag", {"p", "-loadConfiguration", "a.xml", "-loadconfiguration", "-x"},
+            "1 XML_FILE tool?{a?=here}", missing},
+        Row{"an empty file name", {"p", "-loadConfiguration", ""}, "", missing}}) {
+        SCOPED_TRACE(row.label);
+        manager().reset(); // counts from 1 again
+        createTool("tool{a b m}");
+        EXPECT_EQ(whatOf<ConfigurationException>([&] { enable(false, "b.xml", row.arguments); }), row.thrown);
+        EXPECT_EQ(providers(), row.providers);
+    }
+    // clang-format on
 }
-
-constexpr char const* MISSING_VALUE = "Missing value for the -loadConfiguration parameter";
-
-// clang-format off
-INSTANTIATE_TEST_SUITE_P(Manager, Enabling, testing::Values(
-    EnablingCase{"NoArguments", {}, "1 XML_FILE tool?{b?=config}"},
-    EnablingCase{"OnlyTheProgram", {"tool"}, "1 CLI ?{tool?{}} | 2 XML_FILE tool?{b?=config}"},
-    EnablingCase{"FilesBeforeTheCommandLine",
-        {"prog", "-loadConfiguration", "a.xml", "-x", "-y", "3", "z", "-LOADCONFIGURATION", "b.xml"},
-        "1 XML_FILE tool?{a?=here} | 2 XML_FILE tool?{b?=config} | 3 CLI ?{tool?{x?=<none> y?=3 z?=<none>}} | "
-        "4 XML_FILE tool?{b?=config}"},
-    // A value is passed on, whatever it says; so are words, and flags with more or fewer dashes.
-    EnablingCase{"WhatIsNotTheFlag", {"-loadConfiguration", "loadConfiguration", "-n", "-", "--loadConfiguration"},
-        "-1 CLI ?{}", "A command line parameter cannot be empty"},
-    EnablingCase{"NoFileAtTheEnd", {"prog", "-x", "-loadConfiguration"}, "", MISSING_VALUE},
-    EnablingCase{"NoFileBeforeAFlag", {"p", "-loadConfiguration", "a.xml", "-loadconfiguration", "-x"},
-        "1 XML_FILE tool?{a?=here}", MISSING_VALUE},
-    EnablingCase{"AnEmptyFileName", {"p", "-loadConfiguration", ""}, "", MISSING_VALUE}),
-    Label());
-// clang-format on
 
 TEST_F(EnablingTest, NamesTheFileAsGivenInTheLogAndAsSoughtInTheException) {
     auto const missing = [](std::string const& path) { return "File \"" + path + "\" was not found"; };

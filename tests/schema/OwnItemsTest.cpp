@@ -1,14 +1,15 @@
+#include "schema/ParameterItemFinder.h"
 #include "support/Exceptions.h"
 #include "support/ManagerTest.h"
 #include "support/Notation.h"
+#include "values/ValueItemUtil.h"
 #include "visitors/ConstraintSplitterVisitor.h"
 #include "visitors/ParameterMatchingVisitor.h"
 
-#include <configuration/Memory.h>
 #include <configuration/ParameterErrors.h>
 #include <configuration/ParameterGroupSpecialization.h>
 #include <configuration/ParameterSpecialization.h>
-#include <configuration/ParameterVisitor.h>
+#include <configuration/Value.h>
 
 namespace kivo::test {
 
@@ -16,26 +17,24 @@ using namespace configuration;
 
 namespace {
 
-/// A caller's own item: it is neither a Parameter nor a ParameterGroup, whatever it says, and shows walks another item.
-class OwnItem final : public ParameterItem {
-public:
-    OwnItem(char const* id, ItemType type, ParameterItem const* shown)
-        : ParameterItem(id, id, "Description", true, false), mType(type), mShown(shown) {}
+constexpr auto PARAMETER = ParameterItem::PARAMETER;
+constexpr auto GROUP = ParameterItem::PARAMETER_GROUP;
 
+/// A caller's own item: it is neither a Parameter nor a ParameterGroup, whatever it says, and shows walks another item.
+struct OwnItem final : ParameterItem {
+    OwnItem(char const* id, ItemType type, ParameterItem const* shown = nullptr)
+        : ParameterItem(id, id, "Description", true, false), mType(type), mShown(shown) {}
     ItemType getItemType() const override { return mType; }
     bool accept(ParameterVisitor& visitor) const override { return !mShown || mShown->accept(visitor); }
 
-private:
     ItemType mType;
     ParameterItem const* mShown;
 };
 
 /// A caller's own group: it shows walks its items, but not itself.
-class OwnGroup final : public ParameterGroup {
-public:
+struct OwnGroup final : ParameterGroup {
     OwnGroup(char const* id, GroupType type)
         : ParameterGroup(id, id, "Description", true, ITEMS_NOT_EXCLUSIVE, false, type) {}
-
     bool accept(ParameterVisitor& visitor) const override {
         for (unsigned long i = 0; i < getNumberOfItems(); ++i) {
             getItem(i)->accept(visitor);
@@ -44,120 +43,104 @@ public:
     }
 };
 
-/// The first item of an id that a walk shows, found without the library's own searches.
-ParameterItem const* firstOfWalk(ParameterGroup const& group, std::string const& id) {
-    struct Finder final : ParameterVisitor {
-        bool visitGroupStart(ParameterGroup const& shown) override { return see(shown); }
-        bool visitParameter(Parameter const& shown) override { return see(shown); }
-        bool see(ParameterItem const& item) {
-            found = !found && item.getId() == id ? &item : found;
-            return true;
-        }
-        std::string id;
-        ParameterItem const* found = nullptr;
-    } finder;
-    finder.id = id;
-    group.accept(finder);
-    return finder.found;
-}
-
 struct OwnItems : ManagerTest {
+    /// Makes an item that the manager owns.
     template <class Item>
-    Item* registered(Item* item) {
+    static Item* own(auto... arguments) {
+        auto* item = std::make_unique<Item>(arguments...).release();
         manager().addParameterItem(item);
         return item;
     }
-    OwnItem* own(char const* id, ParameterItem::ItemType type, ParameterItem const* shown) {
-        return registered(new OwnItem(id, type, shown));
+
+    static ParameterGroup* fill(ParameterItem* group, std::vector<ParameterItem*> const& items) {
+        for (auto* item : items) {
+            static_cast<ParameterGroup*>(group)->addItem(item);
+        }
+        return static_cast<ParameterGroup*>(group);
     }
+
+    std::string match(ParameterValueGroup& tree) {
+        return whatOf([&] {
+            ParameterMatchingVisitor matching(Specification("tool", ""), errors, true);
+            tree.accept(matching);
+        });
+    }
+
+    ParameterErrors errors;
 };
 
-ParameterGroup* fill(ParameterGroup* group, std::vector<ParameterItem*> const& items) {
-    for (auto* item : items) {
-        group->addItem(item);
-    }
-    return group;
-}
-
-constexpr auto PARAMETER = ParameterItem::PARAMETER;
-constexpr auto GROUP = ParameterItem::PARAMETER_GROUP;
-
 TEST_F(OwnItems, LookUpsFindWhatAWalkShows) {
-    auto* in = new OwnGroup("in", ParameterGroup::CONTAINER);
-    auto* con = new OwnGroup("con", ParameterGroup::CONSTRAINT);
-    fill(registered(in), {createItem("below"), own("late", PARAMETER, nullptr)});
-    for (int i = 0; i < 20; ++i) {
-        in->addItem(createItem("in" + std::to_string(i)));
-    }
-    fill(registered(con), {createItem("constrained")});
-    for (int const padding : {0, 40}) {
-        auto const suffix = std::to_string(padding);
-        auto* shown = createItem("shown" + suffix);
-        auto* hidden = createItem("hidden" + suffix);
-        std::vector<ParameterItem*> const own_items = {own("nothing", PARAMETER, nullptr),
-                                                       own("other", PARAMETER, shown),
-                                                       own(hidden->getId(), PARAMETER, nullptr), hidden};
+    for (int const padding : {0, 40}) { // short lists are scanned, long ones have an index
         for (bool const hasGroups : {false, true}) {
-            auto const tool = "tool" + suffix + (hasGroups ? "groups" : "");
-            auto* root = fill(static_cast<ParameterGroup*>(createItem(tool + "{}")), own_items);
-            fill(root,
-                 hasGroups ? std::vector<ParameterItem*>{own("group", GROUP, in), con} : std::vector<ParameterItem*>{});
-            for (int i = 0; i < padding; ++i) {
-                root->addItem(createItem(tool + std::to_string(i)));
+            manager().reset();
+            auto* const root = fill(createItem("tool{}"), {own<OwnItem>("nothing", PARAMETER),
+                                                           own<OwnItem>("other", PARAMETER, createItem("shown")),
+                                                           own<OwnItem>("hidden", PARAMETER), createItem("hidden")});
+            if (hasGroups) {
+                auto* const in = fill(own<OwnGroup>("in", ParameterGroup::CONTAINER),
+                                      {createItem("below"), own<OwnItem>("late", PARAMETER)});
+                auto* const con = fill(own<OwnGroup>("con", ParameterGroup::CONSTRAINT), {createItem("constrained")});
+                fill(root, {own<OwnItem>("group", GROUP, in), con});
             }
-            Specification const specification(tool.c_str(), "");
-            for (std::string const id : {"nothing", "other", shown->getId(), hidden->getId(), "group", "in", "below",
-                                         "late", "con", "constrained", tool.c_str()}) {
-                SCOPED_TRACE(tool + " " + id);
-                auto const* const expected = firstOfWalk(*root, id);
-                for (int question = 0; question < 4; ++question) {
-                    EXPECT_EQ(root->getItem(id.c_str(), true), expected);
-                }
-                ParameterErrors errors;
-                auto const tree = treeOf("{" + tool + "{" + id + "=1}}");
-                auto const& given = *static_cast<ParameterValueGroup*>(tree->getItem(0ul))->getValue(id.c_str());
-                whatOf([&] {
-                    ParameterMatchingVisitor matching(specification, errors, true);
-                    tree->accept(matching);
-                });
-                bool const isParameter = expected && expected->getItemType() == PARAMETER;
-                EXPECT_EQ(given.getParameterItem(), isParameter ? expected : nullptr);
+            for (int i = 0; i < padding; ++i) {
+                root->addItem(createItem(std::to_string(i)));
+            }
+            for (std::string const id : {"nothing", "other", "shown", "hidden", "group", "in", "below", "late", "con",
+                                         "constrained", "tool"}) {
+                SCOPED_TRACE(id + (hasGroups ? " beside groups, " : ", ") + std::to_string(padding));
+                ParameterItemFinder finder(id.c_str());
+                root->accept(finder);
+                auto const* const shown = finder.getFound();
+                EXPECT_EQ(root->getItem(id.c_str(), true), shown);
+                auto const tree = treeOf("{tool{" + id + "=1}}");
+                errors.clear();
+                match(*tree);
+                bool const isParameter = shown && shown->getItemType() == PARAMETER;
+                auto const& bound = *static_cast<ParameterValueGroup*>(tree->getItem(0ul))->getItem(0ul);
+                EXPECT_EQ(bound.getParameterItem(), isParameter ? shown : nullptr);
                 EXPECT_EQ(errors.getNumberOfErrors(), isParameter ? 0u : 1u);
                 ConstraintSplitterVisitor splitter(errors);
                 tree->accept(splitter);
             }
         }
-        auto* const changing = fill(static_cast<ParameterGroup*>(createItem("changing" + suffix + "{}")), {in});
-        auto* const added = createItem("added" + suffix);
-        for (int question = 0; question < 4; ++question) {
-            EXPECT_EQ(changing->getItem(added->getId(), true), nullptr);
-        }
-        in->addItem(added); // nothing that was remembered of walks may hide it
-        EXPECT_EQ(changing->getItem(added->getId(), true), added);
     }
 }
 
 TEST_F(OwnItems, AreNotTakenForWhatTheySay) {
-    own("said", PARAMETER, nullptr);
-    own("saidGroup", GROUP, nullptr);
-    fill(static_cast<ParameterGroup*>(createItem("tool{}")),
-         {own("section", GROUP, nullptr), own("setting", PARAMETER, nullptr)});
+    own<OwnItem>("said", PARAMETER);
+    own<OwnItem>("saidGroup", GROUP);
+    fill(createItem("tool{}"), {own<OwnItem>("section", GROUP), own<OwnItem>("setting", PARAMETER)});
     EXPECT_EQ(whatOf([] { ParameterSpecialization::Create("said", nullptr, true, false, "", false); }),
               "Parameter to specialize \"said\" was not found");
     EXPECT_EQ(whatOf([] { ParameterGroupSpecialization::CreateGroup("saidGroup"); }),
               "Group to specialize \"saidGroup\" was not found");
     EXPECT_EQ(whatOf([] { Specification("saidGroup", "").getParameterGroup(); }),
               "\"saidGroup\" is not a parameter group");
-    ParameterErrors errors;
-    auto const tree = treeOf("{tool{section{a=1} setting{}}}");
-    EXPECT_EQ(whatOf([&] {
-                  ParameterMatchingVisitor matching(Specification("tool", ""), errors, true);
-                  tree->accept(matching);
-              }),
-              "\"setting\" must be a parameter group");
+    EXPECT_EQ(match(*treeOf("{tool{section{a=1} setting{}}}")), "\"setting\" must be a parameter group");
     EXPECT_EQ(composeMessage(errors), "\"section\" is not a parameter group\n"
                                       "Unnamed group cannot contain Parameter \"a\"\n"
                                       "\"setting\" is not a parameter group");
+}
+
+TEST_F(OwnItems, AreBoundByTheirTypeOnly) {
+    OwnItem const item("own", PARAMETER);
+    OwnItem const groupItem("own", GROUP);
+    auto const group = treeOf("id{id=7,<none>}");
+    auto& value = *group->getValue("id");
+    ValueItemUtil util;
+    EXPECT_EQ(whatOf([&] { util.assignParameterItem(value, &groupItem); }), "\"own\" must be a parameter");
+    EXPECT_EQ(whatOf([&] { util.assignParameterItem(*group, &item); }), "\"own\" must be a parameter group");
+    util.assignParameterItem(value, &item);
+    util.assignParameterItem(*group, &groupItem);
+    Items items;
+    ParameterValue assigned(items.parameter("own:int"), "8");
+    assigned = value;
+    for (ParameterValue const& each : {value, ParameterValue(value), assigned}) {
+        EXPECT_TRUE(each.getParameterItem() == &item && !each.getParameter());
+        EXPECT_EQ(whatOf([&] { Value(&each, true).asInteger(); }), contractText("mParameter != 0"));
+        EXPECT_EQ(each.getIntValue(0) + each.getIntValue(1), 7);
+    }
+    EXPECT_TRUE(group->getParameterItem() == &groupItem && !group->getParameterGroup());
 }
 
 } // namespace

@@ -62,7 +62,6 @@ TEST_F(ParameterGroupTest, SpecializationsHaveTheRolesOfTheirBases) {
     EXPECT_EQ(container("C", nullptr), "Container optional unbounded c, Description: <c >c");
     EXPECT_EQ(container("c", "Other"), "Container optional unbounded c, Other: <c >c");
     EXPECT_EQ(exclusive("X", nullptr), "Constraint exclusive optional x, Description: <x >x");
-    EXPECT_EQ(exclusive("x", "Other"), "Constraint exclusive optional x, Other: <x >x");
     EXPECT_EQ(group("none%s"), "Group to specialize \"none%s\" was not found");
     EXPECT_EQ(container("none%s", "d"), "Container to specialize \"none%s\" was not found");
     EXPECT_EQ(exclusive("none%s", "d"), "Mutually Exclusive to specialize \"none%s\" was not found");
@@ -70,9 +69,10 @@ TEST_F(ParameterGroupTest, SpecializationsHaveTheRolesOfTheirBases) {
     EXPECT_EQ(group("x"), "Group to specialize \"x\" is not a group constraint");
     EXPECT_EQ(container("g", "d"), "Container to specialize \"g\" is not a container");
     EXPECT_EQ(container("x", "d"), "Container to specialize \"x\" is not a container");
-    auto const role = "is not a mutually exclusive constraint";
-    EXPECT_EQ(exclusive("g", "d"), std::string("Mutually Exclusive to specialize \"g\" ") + role);
-    EXPECT_EQ(exclusive("c", "d"), std::string("Mutually Exclusive to specialize \"c\" ") + role);
+    for (std::string const id : {"g", "c"}) {
+        EXPECT_EQ(exclusive(id.c_str(), "d"),
+                  "Mutually Exclusive to specialize \"" + id + "\" is not a mutually exclusive constraint");
+    }
 }
 
 TEST_F(ParameterGroupTest, ASpecificationLooksItsRootUpOnEveryCall) {
@@ -100,8 +100,7 @@ TEST(ParameterGroup, IsWalkedDepthFirstWithMiddlesBetween) {
     EXPECT_EQ(walkLog(root, {.decline = "root"}), "<root");
     ParameterItemFinder decliner("ROOT");
     ParameterVisitor accepter;
-    EXPECT_FALSE(root.accept(decliner) || a.accept(decliner));
-    EXPECT_TRUE(root.accept(accepter) && a.accept(accepter));
+    EXPECT_TRUE(!root.accept(decliner) && !a.accept(decliner) && root.accept(accepter) && a.accept(accepter));
     EXPECT_EQ(root.getItem("b", false), root.getItem(2));
     EXPECT_STREQ(root.getItem("B", true)->getId(), "b");
     EXPECT_EQ(root.getItem("Root", true), &root);
@@ -119,7 +118,6 @@ TEST(ParameterGroup, MayChangeDuringTheWalk) {
     auto const violation = "!" + contractText("index < getNumberOfItems()");
     EXPECT_EQ(log("<root", add), "<root a | <inner b >inner | B | a >root");
     EXPECT_EQ(log("<root", removeA), "<root <inner b >inner | B >root");
-    EXPECT_EQ(log("b", add), "<root a | <inner b >inner | B >root");
     EXPECT_EQ(log("B", removeB), "<root a | <inner b >inner | B >root");
     EXPECT_EQ(log(">inner", removeB), "<root a | <inner b >inner | " + violation);
 }

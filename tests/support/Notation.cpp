@@ -24,18 +24,17 @@ struct Node {
 Node takeNode(std::string_view& rest) {
     Node node{.word = std::string(rest.substr(0, rest.find_first_of(" {}()[]")))};
     rest.remove_prefix(node.word.size());
-    if (rest.find_first_of("{([") == 0) {
-        node.bracket = rest.front();
-        rest.remove_prefix(1);
-        while (std::string_view("})]").find(rest.at(0)) == std::string_view::npos) {
-            if (rest.front() == ' ') {
-                rest.remove_prefix(1);
-            } else {
-                node.items.push_back(takeNode(rest));
-            }
-        }
-        rest.remove_prefix(1);
+    if (rest.find_first_of("{([") != 0) {
+        return node;
     }
+    node.bracket = rest.front();
+    do { // after the bracket, and after each space
+        rest.remove_prefix(1);
+        if (std::string_view(" })]").find(rest.at(0)) == std::string_view::npos) {
+            node.items.push_back(takeNode(rest));
+        }
+    } while (rest.at(0) == ' ');
+    rest.remove_prefix(1);
     return node;
 }
 
@@ -59,17 +58,16 @@ ParameterItem* makeItem(Node const& node, std::vector<std::unique_ptr<ParameterI
     char const* const id = texts[1].c_str();
     char const* const name = parts[2].matched ? texts[2].c_str() : id;
     bool const optional = parts[5].matched, unbounded = parts[6].matched, hidden = parts[7].matched;
+    using G = ParameterGroup;
     if (node.bracket == '\0') {
         items.push_back(std::make_unique<Parameter>(id, name, "Description", optional, unbounded, typeOf(texts[3]),
                                                     textOrNull(9), textOrNull(4), textOrNull(8), hidden));
         return items.back().get();
     }
-    auto made = std::make_unique<ParameterGroup>(
-        id, name, "Description", optional || node.bracket == '(',
-        node.bracket == '[' ? ParameterGroup::ITEMS_MUTUALLY_EXCLUSIVE : ParameterGroup::ITEMS_NOT_EXCLUSIVE, unbounded,
-        node.bracket == '{' ? ParameterGroup::CONTAINER : ParameterGroup::CONSTRAINT);
-    auto& group = *made;
-    items.push_back(std::move(made));
+    items.push_back(std::make_unique<G>(id, name, "Description", optional || node.bracket == '(',
+                                        node.bracket == '[' ? G::ITEMS_MUTUALLY_EXCLUSIVE : G::ITEMS_NOT_EXCLUSIVE,
+                                        unbounded, node.bracket == '{' ? G::CONTAINER : G::CONSTRAINT));
+    auto& group = static_cast<G&>(*items.back());
     for (auto const& item : node.items) {
         group.addItem(makeItem(item, items));
     }
@@ -101,13 +99,13 @@ std::unique_ptr<ParameterValue> valueFrom(std::string const& word, ParameterGrou
     return made;
 }
 
-std::unique_ptr<ParameterValueGroup> treeFrom(Node const& node, Padding const& padding, ParameterGroup const* schema) {
+std::unique_ptr<ParameterValueGroup> treeFrom(Node const& node, ParameterGroup const* schema, int padding = 0) {
     auto group = makeNode<ParameterValueGroup, ParameterGroup>(node.word, schema);
-    for (int i = 1; node.word == "tool" && !node.items.empty() && i <= padding.values; ++i) {
+    for (int i = 1; node.word == "tool" && !node.items.empty() && i <= padding; ++i) {
         group->addValue(paddingId(i).c_str(), "x");
     }
     for (auto const& item : node.items) {
-        item.bracket != '\0' ? group->addItem(treeFrom(item, padding, schema).release())
+        item.bracket != '\0' ? group->addItem(treeFrom(item, schema, padding).release())
                              : group->addItem(valueFrom(item.word, schema).release());
     }
     return group;
@@ -121,19 +119,13 @@ Parameter* Items::parameter(std::string_view text) { return static_cast<Paramete
 
 ParameterGroup* Items::group(std::string_view text) { return static_cast<ParameterGroup*>(item(text)); }
 
-void Items::giveToManager() {
-    for (auto& item : mItems) {
-        Manager::getInstance()->addParameterItem(item.get());
-        static_cast<void>(item.release());
-    }
-    mItems.clear();
-}
-
 ParameterItem* createItem(std::string_view text) {
-    Items items;
-    auto* item = items.item(text);
-    items.giveToManager();
-    return item;
+    std::vector<std::unique_ptr<ParameterItem>> items;
+    auto* made = makeItem(nodeOf(text), items);
+    for (auto& item : items) {
+        Manager::getInstance()->addParameterItem(item.release());
+    }
+    return made;
 }
 
 Specification* createTool(std::string_view text, Padding const& padding) {
@@ -147,11 +139,11 @@ Specification* createTool(std::string_view text, Padding const& padding) {
 }
 
 std::unique_ptr<ParameterValueGroup> treeOf(std::string_view text, Padding const& padding) {
-    return treeFrom(nodeOf(text), padding, nullptr);
+    return treeFrom(nodeOf(text), nullptr, padding.values);
 }
 
 std::unique_ptr<ParameterValueGroup> treeOf(std::string_view text, ParameterGroup const& schema) {
-    return treeFrom(nodeOf(text), {}, &schema);
+    return treeFrom(nodeOf(text), &schema);
 }
 
 std::string idOf(ParameterValueItem const& item) {

@@ -42,9 +42,6 @@ public:
     configuration::Parameter* parameter(std::string_view text);
     configuration::ParameterGroup* group(std::string_view text);
 
-    /// Registers all items with the Manager, which owns them from now on.
-    void giveToManager();
-
 private:
     std::vector<std::unique_ptr<configuration::ParameterItem>> mItems;
 };

@@ -32,9 +32,8 @@ public:
         std::filesystem::path const path = at(relativePath);
         std::filesystem::create_directories(path.parent_path());
         std::ofstream file(path, std::ios::binary);
-        if (!(file << content).flush()) {
-            throw std::runtime_error("cannot write " + path.string());
-        }
+        file.exceptions(std::ios::failbit | std::ios::badbit);
+        file << content << std::flush;
         return path.string();
     }
 

@@ -1,7 +1,7 @@
 #include <configuration/ValueGroupIterator.h>
 
-#include "support/CommaLocale.h"
 #include "support/Exceptions.h"
+#include "support/Latin1Locale.h"
 #include "support/Notation.h"
 
 #include <gmock/gmock.h>
@@ -14,8 +14,7 @@ namespace {
 std::string const BEFORE = "Must call next() before dereferencing an iterator";
 std::string const BEHIND = "Dereferencing iterator after next() returns false";
 
-/// Writes to values of all types, and reads what was written. @return the types that take it; the others keep their
-/// text
+/// Writes to values of all types, and reads what was written. @return the types that take it
 std::string typesTaking(auto write, auto given, std::string const& text, auto read, auto matcher,
                         std::string const& condition) {
     EXPECT_EQ(whatOf([&] { (Value(nullptr, false).*read)(); }), "Value is null");
@@ -41,8 +40,7 @@ std::string typesTaking(auto write, auto given, std::string const& text, auto re
 }
 
 TEST(Value, EachAccessorTakesItsTypesOnly) {
-    CommaLocale const locale;
-    ASSERT_TRUE(locale.isActive());
+    Latin1Locale const locale;
     using V = Value;
     // clang-format off
     EXPECT_EQ(typesTaking(&V::setBoolean, false, "0", &V::asBoolean, false, "BOOLEAN_PARAMETER"), "bool ");
@@ -57,13 +55,16 @@ TEST(Value, EachAccessorTakesItsTypesOnly) {
 TEST(ValueGroup, NavigatesByName) {
     Items items;
     auto const tree = treeOf("root{box{Port=in}}", *items.group("box{Port}"));
-    ValueGroup const null(nullptr);
     ValueGroup const root(tree.get());
-    auto const both = [&](auto go) { return whatOf([&] { go(null); }) + ", " + whatOf([&] { go(root); }); };
-    EXPECT_EQ(both([](auto& g) { g.getValue("box"); }), "Null ValueGroup, \"box\" is not a parameter value");
-    EXPECT_EQ(both([](auto& g) { g.getValueIterator("box"); }), "Null ValueGroup, \"box\" is not a parameter value");
-    EXPECT_EQ(both([](auto& g) { g.getValueGroup("%s"); }), "Null ValueGroup, The \"%s\" value group was not found");
-    EXPECT_EQ(both([](auto& g) { g.getValueGroupIterator("box"); }), "Null ValueGroup, <nothing>");
+    auto const both = [&](auto go) {
+        return whatOf([&] { go(ValueGroup(nullptr)); }) + ", " + whatOf([&] { go(root); });
+    };
+    EXPECT_EQ(both([](auto const& g) { g.getValue("box"); }), "Null ValueGroup, \"box\" is not a parameter value");
+    EXPECT_EQ(both([](auto const& g) { g.getValueIterator("box"); }),
+              "Null ValueGroup, \"box\" is not a parameter value");
+    EXPECT_EQ(both([](auto const& g) { g.getValueGroup("%s"); }),
+              "Null ValueGroup, The \"%s\" value group was not found");
+    EXPECT_EQ(both([](auto const& g) { g.getValueGroupIterator("box"); }), "Null ValueGroup, <nothing>");
     EXPECT_STREQ(root.getValueGroup("BOX").getValue("PORT").asString(), "in");
 }
 
@@ -80,9 +81,11 @@ TEST(ValueIterator, StepsThroughTheTexts) {
     EXPECT_EQ(whatOf([&] { it.asString(); }), BEHIND);
     EXPECT_FALSE(it.next() || ValueIterator(nullptr).next());
     it.reset();
-    EXPECT_TRUE(it.next() && it.next());
-    it.setString("B");
     ValueIterator assigned(nullptr);
+    EXPECT_EQ(assigned.getNumberOfValues(), 0u);
+    EXPECT_TRUE(it.next() && it.next() && (assigned = it).next());
+    it.setString("B");
+    EXPECT_EQ(assigned.getCurrentValueIndex(), 0u); // an assignment starts again, whatever was there
     EXPECT_EQ(whatOf([&] { (assigned = it).asString(); }) + toText(*list), BEFORE + "list?{p=a,B,c}");
 }
 
