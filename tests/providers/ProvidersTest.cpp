@@ -1,4 +1,5 @@
 #include "providers/XercesValues.h"
+#include "support/CaseFile.h"
 #include "support/Exceptions.h"
 #include "support/ManagerTest.h"
 #include "support/Notation.h"
@@ -9,12 +10,20 @@
 #include <configuration/XmlFileValueProvider.h>
 
 #include <algorithm>
+#include <iterator>
+#include <sstream>
 
 namespace kivo::test {
 
 using namespace configuration;
 
 namespace {
+
+int flagsOf(FileCase const& row) {
+    auto const flags = row["flags"];
+    return (flags.find("strict") == std::string::npos ? 0 : STRICT_RECOGNITION) |
+           (flags.find("resolve") == std::string::npos ? 0 : RESOLVE_FLAG_NAMES);
+}
 
 class ProviderTest : public ManagerTest {
 protected:
@@ -30,52 +39,19 @@ protected:
     }
 };
 
-struct Case {
-    char const* label;
-    char const* schema;
-    char const* values;
-    std::string outcome;
-    int flags = 0;
-};
-
-constexpr char const* HELPFUL = "tool{must n:int help:bool? quiet:bool? notitle:bool?}";
-
-// clang-format off
 TEST_F(ProviderTest, MatchesChecksAndAggregatesACopy) {
-    for (auto const& row : {
-        Case{"nothing", "tool{a}", "{}", "?{}"},
-        Case{"an empty group", "tool{a}", "{tool{}}", "?{}"},
-        // The constraint's id and name differ: two groups are split off, and merged again.
-        Case{"constraints", "tool{a u* con/Name(c d)}", "{tool{c=1 u=x A=2 d=3}}", "?{tool{u=x a=2 con{c=1 d=3}}}"},
-        // Merged before the first phase sees them.
-        Case{"repeated ones", "tool{a in{q r}}", "{tool{a=1 in{q=1} a=2 zzz=3 in{q=2 r=3}}}", "?{tool{a=1 in{q=1 r=3}}}"},
-        Case{"unknown ones, strictly", "tool{a}", "{tool{a=1,2 zzz=1 yyy=2}}",
-            "\"zzz\" is not a recognized parameter\n\"yyy\" is not a recognized parameter", STRICT_RECOGNITION},
-        Case{"all faults of a phase", "tool{a b%s}", "{tool{a=1,2 b%s=3,4}}",
-            "\"a\" cannot be provided more than once\n\"b%s\" cannot be provided more than once"},
-
-        Case{"help with its manners", HELPFUL, "{tool{notitle=true n=x,y quiet=<none> HELP=<none>}}",
-            "?{help=1 quiet=1 notitle=true}."},
-        Case{"help by its first text", HELPFUL, "{tool{help=no,0 quiet=false notitle=0,1}}", "?{help=no,0}."},
-        Case{"help declined", HELPFUL, "{tool{help=FALSE quiet=1}}", "?{tool{help=FALSE quiet=1}}"},
-        Case{"help in a constraint", "tool{con(help:bool?)}", "{tool{help=1}}", "?{help=1}."},
-        Case{"help in a container", "tool{in{help:bool?}}", "{tool{in{help=1}}}", "?{tool{in{help=1}}}"},
-        Case{"help without required text", "tool{help:bool}", "{tool{help=<none>}}", "?{tool{help=<none>}}"},
-        Case{"help in one of two groups", "tool*{help:bool?}", "{tool{help=1} tool{}}", "?{tool{help=1} tool{}}"},
-        Case{"help after faults", HELPFUL, "{tool{help=1} a=1}", "Unnamed group cannot contain Parameter \"a\""}}) {
-        SCOPED_TRACE(row.label);
+    checkCases("providers/values.txt", [](FileCase const& row) {
         manager().reset();
-        auto const* tool = createTool(row.schema);
+        auto const* tool = createTool(row["schema"]);
         ApplicationValuesProvider provider(0);
-        provider.enableProvider(*treeOf(row.values), 0);
+        provider.enableProvider(*treeOf(row["values"]), 0);
         auto const before = cacheOf(provider);
-        for (int round = 0; round < 2; ++round) { // the second as the first: the provider's own tree does not change
-            EXPECT_EQ(ask(provider, tool, row.flags), row.outcome);
-            EXPECT_EQ(cacheOf(provider), before);
-        }
-    }
+        auto const given = ask(provider, tool, flagsOf(row));
+        EXPECT_EQ(ask(provider, tool, flagsOf(row)), given);
+        EXPECT_EQ(cacheOf(provider), before) << "the provider's own tree does not change";
+        return lines({given});
+    });
 }
-// clang-format on
 
 TEST_F(ProviderTest, AddsToWhatEarlierProvidersGaveAndKeepsThatWhenItFails) {
     auto const* tool = createTool("tool{a u* con(c d)}");
@@ -163,48 +139,26 @@ TEST_F(CommandLineTest, TakesArgumentsApartOrKeepsTheEarlierOnes) {
         EXPECT_TRUE(thrown == "<nothing>" || parsed() == "?{t?{kept?=<none>}}");
     }
 }
-
-#define AMBIGUOUS(flag, names) \
-    "The flag \"" flag "\" is ambiguous, matching the following allowed flags: " names ". Please be more specific."
+// clang-format on
 
 /// Small specifications are walked, large ones searched by index.
 TEST_F(CommandLineTest, ResolvesTheNamesOfFlags) {
-    struct Row {
-        char const* label;
-        char const* schema;
-        Arguments arguments;
-        char const* outcome;
-        int flags = RESOLVE_FLAG_NAMES;
-    };
-    for (auto const& row : {
-        Row{"ABeginning", "tool{verbose:bool? version}", {"-VERB"}, "?{tool{verbose=1}}"},
-        Row{"TheIdOfAName", "tool{p1/port in{p2/target}}", {"-po", "80", "-t", "x"}, "?{tool{p1=80 p2=x}}"},
-        Row{"NotTheBeginningOfAnId", "tool{p11/port}", {"-p1", "80"}, "?{}"},
-        Row{"InNestedGroupsInSchemaOrder", "tool{b in{a2 ex[a1/A1]} a3}", {"-a", "x"}, AMBIGUOUS("a", "a2, A1, a3")},
-        Row{"AFullNameDoesNotWin", "tool{%s %s%n}", {"-%S"}, AMBIGUOUS("%S", "%s, %s%n")},
-        Row{"HiddenOnesByTheirWholeId", "tool{secret~ secs}", {"-sec", "1", "-SECRET", "2", "-secr", "3"},
-            "?{tool{secs=1 secret=2}}"},
-        Row{"AVisibleNameBeatsAHiddenId", "tool{s~ secs}", {"-s", "1"}, "?{tool{secs=1}}"},
-        Row{"TheSameParameterMerges", "tool{verbose* x}", {"-verb", "a", "-x", "1", "-verbose", "-VERBO", "b"},
-            "?{tool{verbose=a,<none>,b x=1}}"},
-        Row{"TheSameBoundedParameter", "tool{verbose}", {"-verb", "a", "-verbose", "b"},
-            "\"verbose\" cannot be provided more than once"},
-        Row{"UnknownOnesMergeToo", "tool{x}", {"-nope%d", "1", "-NOPE%d", "2", "y"},
-            "\"nope%d\" is not a recognized parameter\n\"y\" is not a recognized parameter",
-            RESOLVE_FLAG_NAMES | STRICT_RECOGNITION},
-        Row{"WithoutResolution", "tool{verbose v~}", {"-verb", "1", "-V", "2"}, "?{tool{v=2}}", 0},
-        Row{"HelpByItsBeginning", "tool{help:bool? a}", {"-he", "-zzz"}, "?{help=1}."}}) {
-        for (int const padding : {0, 40}) {
-            SCOPED_TRACE(row.label + std::to_string(padding));
+    for (int const padding : {0, 40}) {
+        SCOPED_TRACE(padding);
+        checkCases("providers/flag-names.txt", [&](FileCase const& row) {
             manager().reset();
-            auto const* tool = createTool(row.schema, {.schema = padding});
-            set(row.arguments);
-            EXPECT_EQ(ask(provider, tool, row.flags), row.outcome);
-            EXPECT_TRUE(provider.removeParameter(tool, row.arguments[0] + 1)); // as it was typed
-        }
+            auto const* tool = createTool(row["schema"], {.schema = padding});
+            std::istringstream texts(row["arguments"]);
+            std::vector<std::string> const words(std::istream_iterator<std::string>(texts), {});
+            Arguments arguments;
+            std::ranges::transform(words, std::back_inserter(arguments), &std::string::c_str);
+            set(arguments);
+            auto const given = ask(provider, tool, flagsOf(row));
+            EXPECT_TRUE(provider.removeParameter(tool, arguments[0] + 1)); // as it was typed
+            return lines({given});
+        });
     }
 }
-// clang-format on
 
 TEST_F(CommandLineTest, ServesEverySpecificationWithItsArgumentsUntilTheyAreForgotten) {
     char const* arguments[] = {"prog", "-ab", "1", "-help"};
@@ -276,17 +230,7 @@ protected:
 
 TEST_F(XmlFileTest, MakesATreeOfElementsAndAttributes) {
     auto const records = log();
-    for (auto const& [content, tree] : std::initializer_list<std::pair<char const*, char const*>>{
-             {"<?xml version='1.0'?><r/>", "r?{}"},
-             {"<r a='1'><b c='2'><d e=''/></b><a/><b/></r>", "r?{a?=1 b?{c?=2 d?{e?=}} a?{} b?{}}"},
-             {"<r Z='1' value='2' z='3'/>", "r?{Z?=1,3 value?=2}"}, // attributes have no order
-             {"<!--c--><r>text<!--c--><?p?><a/>more<![CDATA[<b/>]]></r>", "r?{a?{}}"},
-             {"<p:r xmlns:p='u' p:a='1'/>", "p:r?{p:a?=1 xmlns:p?=u}"},
-             {"<\xC3\xA9 \xC3\xBC='&#x20AC;%s%n'/>", "\xC3\xA9?{\xC3\xBC?=\xE2\x82\xAC%s%n}"},
-             {"<!DOCTYPE r [<!ATTLIST a c CDATA '2'><!ENTITY e '&lt;x'><!ENTITY f '<a b=\"1\"/>'>]><r v='&e;'>&f;</r>",
-              "r?{v?=<x a?{b?=1 c?=2}}"}}) {
-        EXPECT_EQ(read(content), tree);
-    }
+    checkCases("providers/xml-values.txt", [this](FileCase const& row) { return lines({read(row["file"])}); });
     EXPECT_EQ(log(), records);
     EXPECT_EQ(whatOf([] { getGroupFromXmlElement(nullptr); }), contractText("element != 0"));
 }

@@ -1,3 +1,4 @@
+#include "support/CaseFile.h"
 #include "support/Exceptions.h"
 #include "support/ManagerTest.h"
 #include "support/Notation.h"
@@ -10,6 +11,7 @@
 #include <algorithm>
 #include <climits>
 #include <cstring>
+#include <regex>
 #include <sstream>
 
 namespace kivo::test {
@@ -18,105 +20,39 @@ using namespace configuration;
 
 namespace {
 
+class UsageText : public ManagerTest {};
+
+TEST_F(UsageText, ShowsASchema) {
+    checkCases("text/usage.txt", [](FileCase const& row) {
+        manager().reset();
+        UsageVisitor visitor;
+        createItem(row["schema"])->accept(visitor);
+        return visitor.getUsage() + '\n';
+    });
+}
+
+TEST(HelpText, IsWrittenInTwoColumns) {
+    checkCases("text/help.txt", [](FileCase const& row) {
+        Items items;
+        auto* root = items.group("root{}");
+        std::istringstream texts(row["items"]);
+        for (std::string text; std::getline(texts, text);) {
+            auto const colon = text.find(": ");
+            auto* parameter = items.parameter(text.substr(0, colon));
+            auto const description = std::regex_replace(text.substr(colon + 2), std::regex("\\\\n"), "\n");
+            parameter->setDescription(description.c_str());
+            root->addItem(parameter);
+        }
+        std::istringstream widths(row["widths"]);
+        unsigned long screen = 0, names = 0;
+        widths >> screen >> names;
+        HelpVisitor visitor(screen, names);
+        root->accept(visitor);
+        return std::string(visitor.getHelp());
+    });
+}
+
 // clang-format off
-struct UsageCase {
-    char const* label;
-    char const* schema;
-    char const* usage;
-};
-
-class UsageText : public ManagerTest, public testing::WithParamInterface<UsageCase> {};
-
-TEST_P(UsageText, IsWrittenAsSpecified) {
-    UsageVisitor visitor;
-    createItem(GetParam().schema)->accept(visitor);
-    EXPECT_EQ(visitor.getUsage(), GetParam().usage);
-}
-
-INSTANTIATE_TEST_SUITE_P(UsageVisitor, UsageText, testing::Values(
-    UsageCase{"OneLineForEachTopLevelItem", "root{in<file> verbose:bool? define<name>?* ex[fast:bool safe:bool]}",
-        "    -in file\n"
-        "    [-verbose]\n"
-        "    [{-define name}]\n"
-        "    -fast | -safe"},
-    UsageCase{"TheNameIsShownNotTheIdAndIsNoFormat", "root{a/100%s%n<%d>*}", "    {-100%s%n %d}"},
-    UsageCase{"AFlagShowsNoValueNameAndAValueNeedsNone", "root{a:bool<x> b}", "    -a\n    -b"},
-    UsageCase{"TheRootsOwnBrackets", "root?*{con(a b) c}", "    -a -b\n    -c"},
-    UsageCase{"AnExclusiveRoot", "root?[con(a b) c]", "    (-a -b)\n    -c"},
-
-    UsageCase{"NoItems", "root{}", "    "},
-    UsageCase{"OnlyHidden", "root{h1~ h2~}", "    "},
-    UsageCase{"HiddenFirstAndBetween", "root{h1~ a h2~ h3~ b}", "    -a\n    -b"},
-    // The line was begun before the hidden parameter was seen.
-    UsageCase{"HiddenLast", "root{a b h~}", "    -a\n    -b\n    "},
-    // Inside groups separators stay; after a group that ends with a hidden parameter the line goes on.
-    UsageCase{"HiddenInAContainer", "root{in{h1~ a h2~ b h3~} c d}", "     -a  -b -c\n    -d"},
-    UsageCase{"HiddenInAChoice", "root{ex?[h1~ a h2~] in?*{h3~} b}", "    [ | -a | ][{}]-b"},
-
-    UsageCase{"NestedRepeatableContainers", "root{i?*{j?{a b<x>?*} k*{c}}}", "    [{[-a [{-b x}]] {-c}}]"},
-    UsageCase{"GroupConstraintInAChoice", "root{ex?[con(a b) c empty()]}", "    [(-a -b) | -c | ()]"},
-    UsageCase{"GroupConstraintElsewhere", "root{con1(a con2(b)) in?{con3(c d)}}", "    -a -b\n    [-c -d]"},
-    UsageCase{"OthersInAChoice", "root{ex1[con(a ex2?[b c]) in*{d e}]}", "    (-a [-b | -c]) | {-d -e}"}),
-    Label());
-
-struct HelpCase {
-    char const* label;
-    unsigned long screenWidth, maxNameWidth;
-    std::vector<std::pair<char const*, char const*>> parameters; ///< each with its description
-    char const* help;
-};
-
-class HelpText : public testing::TestWithParam<HelpCase> {};
-
-TEST_P(HelpText, IsWrittenInTwoColumns) {
-    Items items;
-    auto* root = items.group("root{}");
-    for (auto const& [item, description] : GetParam().parameters) {
-        auto* parameter = items.parameter(item);
-        parameter->setDescription(description);
-        root->addItem(parameter);
-    }
-    HelpVisitor visitor(GetParam().screenWidth, GetParam().maxNameWidth);
-    root->accept(visitor);
-    EXPECT_EQ(visitor.getHelp(), GetParam().help);
-}
-
-// 67 characters: what a description line of an 80-column screen holds beside a name column of 11.
-#define FULL_LINE "0123456789012345678901234567890123456789012345678901234567890123456"
-
-INSTANTIATE_TEST_SUITE_P(HelpVisitor, HelpText, testing::Values(
-    HelpCase{"OneLineIsOneCharacterShorterThanTheScreen", 80, 30, {{"output<to>", FULL_LINE}, {"in", FULL_LINE " more"}},
-        "-output to " FULL_LINE " \n"
-        "-in        " FULL_LINE " \n"
-        "           more                                                                \n"},
-    HelpCase{"NameColumnAtItsLimit", 30, 12,
-        {{"directory<path>", "Where the backup is written to"}, {"abcdefghijklmnopqrstuvw", "Long"}},
-        "-directory  Where the backup \n"
-        "   path     is written to    \n"
-        "-abcdefghij Long             \n"
-        "   klmnopqr                  \n"
-        "   stuvw                     \n"},
-    HelpCase{"NameEndsAtASlashOrABackslash", 20, 9, {{"p/etc\\kivo", "One of/two"}},
-        "-etc     One of    \n"
-        "   \\kivo /two      \n"},
-    HelpCase{"HiddenParametersWidenTheColumn", 20, 15, {{"v/%s", "Be %n"}, {"secret~", "d"}}, "-%s     Be %n      \n"},
-    HelpCase{"UnseenValueNamesOfFlagsWidenTheColumn", 20, 15, {{"v:bool<abcdef>", "Be loud"}}, "-v        Be loud  \n"},
-    HelpCase{"LineFeedInTheDescription", 20, 15, {{"a", "one\ntwo three four"}},
-        "-a one             \n"
-        "   two three four  \n"},
-    HelpCase{"BlankLineEndsTheEntry", 20, 15, {{"a", "one\n\ntwo three four five"}, {"c", " "}},
-        "-a one             \n"
-        "-c                 \n"},
-    HelpCase{"BlankLineBesideTheNameIsKept", 14, 6, {{"abc<de>", "a\n\nb"}},
-        "-abc  a      \n"
-        "   de        \n"
-        "      b      \n"},
-    HelpCase{"NoNameColumn", 5, 0, {{"a", "abcd"}}, "-abc \n   ad   \n"},
-    HelpCase{"NoDescriptionColumn", 4, 3, {{"abc", "xy"}}, "-a x\n   by\n   c\n"},
-    HelpCase{"WidthsThatNoProviderAccepts", 0, 9, {{"a", "xy"}}, "-a x\n   y\n"},
-    HelpCase{"OnlyHidden", 80, 30, {{"h~", "d"}}, ""}),
-    Label());
-
 std::string wrapped(std::string_view text, unsigned long start, unsigned long width, unsigned long indent) {
     std::ostringstream output;
     wordWrap(output, text, start, width, indent, " /\\");

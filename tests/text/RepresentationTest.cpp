@@ -1,3 +1,4 @@
+#include "support/CaseFile.h"
 #include "support/ManagerTest.h"
 #include "support/Notation.h"
 #include "text/ParameterItemRepresentationVisitor.h"
@@ -28,9 +29,6 @@ struct GroupingLocale {
     std::locale const mBefore = std::locale::global(std::locale(std::locale::classic(), new Punctuation));
 };
 
-/// Expected texts show the end of a line that ends with a space as a bar.
-std::string withoutBars(std::string const& text) { return std::regex_replace(text, std::regex("[|]"), ""); }
-
 class Representation : public ManagerTest {};
 
 TEST_F(Representation, LeavesNoMoreScopesThanItEntered) {
@@ -52,46 +50,8 @@ TEST_F(Representation, ShowsAllPropertiesOfASchema) {
     choice.addItem(&special);
     auto* root = items.group("app*{plain}");
     root->addItem(&choice);
-    EXPECT_EQ(ParameterItemRepresentationVisitor::getRepresentation(*root), withoutBars(R"(Container app: |
-{
-  description: "Description"
-  isOptional: false
-  isUnbounded: true
-  items: |
-  {
-    Parameter plain: |
-    {
-      description: "Description"
-      isOptional: false
-      isUnbounded: false
-      valueType: string
-      default: null
-      valueName: null
-      validator: null
-    }
-    Constraint choice(Specialized): |
-    {
-      description: "Choice"
-      isOptional: true
-      itemsAreExclusive: true
-      items: |
-      {
-        Parameter level(Specialized): |
-        {
-          description: "The "level""
-          isOptional: true
-          isUnbounded: false
-          valueType: enum
-          default: "80"
-          valueName: "100%s"
-          validator: "storageLocation"
-          enumType: "Levels"
-        }
-      }
-    }
-  }
-}
-)"));
+    checkCases("text/schema-representation.txt",
+               [&](FileCase const&) { return ParameterItemRepresentationVisitor::getRepresentation(*root); });
     std::string words;
     for (int type = 0; type <= 7; ++type) {
         words += ParameterItemRepresentationVisitor::getValueTypeString(static_cast<Parameter::ValueType>(type)) + ", ";
@@ -101,46 +61,19 @@ TEST_F(Representation, ShowsAllPropertiesOfASchema) {
 
 TEST_F(Representation, ShowsValuesByTypeWithTheirSchemaItemsAlikeInEveryLocale) {
     GroupingLocale const locale;
-    Items items;
-    auto const* schema = items.group("App{bool:bool? int:int uint:uint tiny:double double:double string?=default}");
-    auto const tree = treeOf("{App{bool=<none> int=2000000,-5x,none uint=4294967295 tiny=-1e-9 double=1234.5 "
-                             "string=<none> inner{}} given=<none> =100%s,b}",
-                             *schema);
-    auto shown = ParameterValueItemRepresentationVisitor::getRepresentation(*tree);
-    for (unsigned long i = 0; i <= schema->getNumberOfItems(); ++i) {
-        ParameterItem const* item = i > 0 ? schema->getItem(i - 1) : schema;
-        std::ostringstream address;
-        address.imbue(std::locale::classic());
-        address << static_cast<void const*>(item);
-        shown = std::regex_replace(shown, std::regex(address.str()), item->getId());
-    }
-    EXPECT_EQ(shown, withoutBars(R"(<<null>>:  (0x0)
-{
-  App:  (0xApp)
-  {
-    bool: true (0xbool)
-    int: |
-    [
-      value: 2000000 (0xint)
-      value: -5 (0xint)
-      value: 0 (0xint)
-    ]
-    uint: 4294967295 (0xuint)
-    tiny: -0.000000 (0xtiny)
-    double: 1234.500000 (0xdouble)
-    string: "default" (0xstring)
-    inner:  (0x0)
-    {
-    }
-  }
-  given: null (0x0)
-  <<null>>: |
-  [
-    value: "100%s" (0x0)
-    value: "b" (0x0)
-  ]
-}
-)"));
+    checkCases("text/value-representation.txt", [](FileCase const& row) {
+        Items items;
+        auto const* schema = items.group(row["schema"]);
+        auto shown = ParameterValueItemRepresentationVisitor::getRepresentation(*treeOf(row["tree"], *schema));
+        for (unsigned long i = 0; i <= schema->getNumberOfItems(); ++i) {
+            ParameterItem const* item = i > 0 ? schema->getItem(i - 1) : schema;
+            std::ostringstream address;
+            address.imbue(std::locale::classic());
+            address << static_cast<void const*>(item);
+            shown = std::regex_replace(shown, std::regex(address.str()), item->getId());
+        }
+        return shown;
+    });
 }
 
 TEST_F(Representation, HasABufferForSchemasAndOneForValues) {
