@@ -29,16 +29,19 @@ TEST_F(kvFilesTest, TellWhatIsThere) {
     ASSERT_EQ(mkfifo(installation.at("pipe").c_str(), 0600), 0);
     fs::create_symlink("etc", installation.at("to-etc"));
     fs::create_symlink("circle", installation.at("circle"));
-    std::map<int, std::vector<std::string>> const paths = {
-        {0, {"file"}},
-        {2, {"missing", "file/below", "circle", std::string(300, 'n'), std::string(5000, 'n')}},
-        {4, {"", "etc", "etc/", "to-etc"}},
-        {8, {"pipe"}},
-    };
-    for (auto const& [status, pathsOfStatus] : paths) {
-        for (auto const& path : pathsOfStatus) {
-            EXPECT_EQ(kvLocalExists(installation.at(path).c_str()), status) << path;
-        }
+    std::multimap<int, std::string> const paths = {{0, "file"},
+                                                   {2, "missing"},
+                                                   {2, "file/below"},
+                                                   {2, "circle"},
+                                                   {2, std::string(300, 'n')},
+                                                   {2, std::string(5000, 'n')},
+                                                   {4, ""},
+                                                   {4, "etc"},
+                                                   {4, "etc/"},
+                                                   {4, "to-etc"},
+                                                   {8, "pipe"}};
+    for (auto const& [status, path] : paths) {
+        EXPECT_EQ(kvLocalExists(installation.at(path).c_str()), status) << path;
     }
     EXPECT_EQ(kvLocalExists(nullptr), 2);
 }
@@ -113,7 +116,6 @@ TEST(kvDirectoriesTest, OwnVariableThenHomeThenInstalled) {
         EXPECT_EQ(get(file, home), "none: " + file) << "a file is no directory, and is not replaced by another";
         EXPECT_EQ(get(home, {}, home.size() + 1), home);
         EXPECT_EQ(get(home, {}, home.size()), "none: unchanged");
-        EXPECT_EQ(get(home, {}, 0), "none: unchanged");
         EXPECT_FALSE(row.get(nullptr, 1024));
     }
 }

@@ -9,8 +9,11 @@
 //     trees:                                    a field of several lines is indented
 //         {tool{q=1}}
 //         {tool{q=2}}
-//     > "q" is not a recognized parameter       what is expected; a line that ends with spaces gets a bar behind them
+//     > "q" is not a recognized parameter       what is expected
 //     > "q" is not a recognized parameter
+//
+// A line that ends with spaces has a bar after them. "\n", "\r" and "\t" stand for themselves where unescaped() is
+// used.
 
 #include <gtest/gtest.h>
 
@@ -38,11 +41,12 @@ inline std::vector<FileCase> readCases(std::string const& path) {
     std::string* field = nullptr;
     std::ifstream file(path);
     for (std::string line; std::getline(file, line);) {
+        line.resize(line.size() - (line.ends_with(" |") ? 1 : 0));
         auto const restFrom = [&](std::size_t column) { return line.substr(std::min(column, line.size())); };
         if (line.empty()) {
             current = &shared;
         } else if (line.front() == '>') {
-            current->expected += restFrom(2).substr(0, line.size() - (line.ends_with(" |") ? 3 : 2)) + '\n';
+            current->expected += restFrom(2) + '\n';
         } else if (line.front() == ' ') {
             field->append(restFrom(4) + '\n');
         } else if (line.front() != '#') {
@@ -64,6 +68,15 @@ inline void checkCases(std::string const& path, std::function<std::string(FileCa
         SCOPED_TRACE(path + ": " + row["case"]);
         EXPECT_NO_THROW(EXPECT_EQ(run(row), row.expected));
     }
+}
+
+inline std::string unescaped(std::string text) {
+    for (auto const& [escape, character] : {std::pair{"\\n", '\n'}, {"\\r", '\r'}, {"\\t", '\t'}}) {
+        for (auto found = text.find(escape); found != std::string::npos; found = text.find(escape)) {
+            text.replace(found, 2, 1, character);
+        }
+    }
+    return text;
 }
 
 /// Those of some texts that are not empty, each as a line.

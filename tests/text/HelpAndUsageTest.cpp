@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <climits>
 #include <cstring>
-#include <regex>
 #include <sstream>
 
 namespace kivo::test {
@@ -39,8 +38,7 @@ TEST(HelpText, IsWrittenInTwoColumns) {
         for (std::string text; std::getline(texts, text);) {
             auto const colon = text.find(": ");
             auto* parameter = items.parameter(text.substr(0, colon));
-            auto const description = std::regex_replace(text.substr(colon + 2), std::regex("\\\\n"), "\n");
-            parameter->setDescription(description.c_str());
+            parameter->setDescription(unescaped(text.substr(colon + 2)).c_str());
             root->addItem(parameter);
         }
         std::istringstream widths(row["widths"]);
@@ -52,7 +50,6 @@ TEST(HelpText, IsWrittenInTwoColumns) {
     });
 }
 
-// clang-format off
 std::string wrapped(std::string_view text, unsigned long start, unsigned long width, unsigned long indent) {
     std::ostringstream output;
     wordWrap(output, text, start, width, indent, " /\\");
@@ -60,48 +57,13 @@ std::string wrapped(std::string_view text, unsigned long start, unsigned long wi
 }
 
 TEST(WordWrap, BreaksLines) {
-    struct Row {
-        char const* label;
-        char const* text;
-        unsigned long start, width, indent;
-        char const* lines;
-    };
-    for (auto const& row : {
-        Row{"Empty", "", 0, 4, 2, "\n"},
-        Row{"FitsExactly", "abcd", 0, 4, 2, "abcd\n"},
-        Row{"Unlimited", "a b/c\nd", 0, ULONG_MAX, 3, "a b/c\nd\n"},
-
-        Row{"LastBreakInReach", "aa bb cc", 0, 6, 0, "aa bb\ncc\n"},
-        Row{"BreakAtTheWidth", "aa bb cc", 0, 5, 0, "aa bb\ncc\n"},
-        Row{"OneSpaceIsDropped", "ab   cd", 0, 3, 0, "ab \n cd\n"},
-        Row{"SpaceAtTheEnd", "abcd ", 0, 4, 2, "abcd\n  \n"},
-        Row{"TabIsNoBreakButDropped", "abcd\tef g", 0, 4, 0, "abcd\nef g\n"},
-        // The second line begins with a slash, which cannot end it.
-        Row{"SlashBeginsTheNextLine", "/usr/local/lib", 0, 7, 2, "/usr\n  /loca\n  l/lib\n"},
-        Row{"BackslashBeginsTheNextLine", "C:\\a\\bc", 0, 4, 0, "C:\\a\n\\bc\n"},
-
-        Row{"LongWord", "abcdefghij", 0, 4, 1, "abcd\n efg\n hij\n"},
-        Row{"LongWordAfterASpace", "a bcdefghijk", 0, 4, 0, "a\nbcde\nfghi\njk\n"},
-        // Without a break so far, the width counts from the beginning of the text.
-        Row{"LongWordAfterALineFeed", "ab\ncdefghijkl", 0, 6, 0, "ab\ncde\nfghijk\nl\n"},
-        Row{"LongWordAfterSpaceAndLineFeed", "a b\ncdefghijkl", 0, 6, 0, "a b\ncdefgh\nijkl\n"},
-
-        Row{"LineFeedThatFits", "a\nb c", 0, 5, 2, "a\nb c\n"},
-        Row{"LineFeedBeforeASpace", "a\nb cd", 0, 5, 2, "a\n  b\n  cd\n"},
-        Row{"LineFeedAtTheWidth", "ab d\nef", 0, 4, 0, "ab d\nef\n"},
-        Row{"LineFeedBeyondTheWidth", "ab cd\nefgh", 0, 4, 0, "ab\ncd\nefgh\n"},
-        // A line cannot end where it begins: it goes on over the second line feed.
-        Row{"BlankLine", "one\n\ntwo three four five", 0, 15, 2, "one\n  \ntwo three fo\n  ur five\n"},
-        Row{"CarriageReturnAndLineFeed", "ab\r\ncdef", 0, 4, 0, "ab\n\ncde\nf\n"},
-
-        Row{"StartShortensEveryLine", "abcdefgh", 2, 6, 1, "abcd\n   efg\n   h\n"},
-        Row{"NoWidth", "abc", 0, 0, 0, "a\nb\nc\n"},
-        Row{"StartBeyondTheWidth", "ab", 3, 2, 0, "a\n   b\n"},
-        Row{"IndentBeyondTheWidth", "abcd", 0, 2, 3, "ab\n   c\n   d\n"}}) {
-        EXPECT_EQ(wrapped(row.text, row.start, row.width, row.indent), row.lines) << row.label;
-    }
+    checkCases("text/word-wrap.txt", [](FileCase const& row) {
+        std::istringstream columns(row["columns"]);
+        unsigned long start = 0, width = 0, indent = 0;
+        columns >> start >> width >> indent;
+        return wrapped(unescaped(row["text"]), start, width, indent);
+    });
 }
-// clang-format on
 
 // Looking through the rest of the text for every line would take minutes here.
 TEST(WordWrap, LosesNothingOfALongTextInLinearTime) {
@@ -118,12 +80,6 @@ protected:
     Specification* const mOther = createTool("other{out/n%s g(b ex[c]) long?*=x}");
     Manager& m = manager();
 };
-
-// In the order of the walk, without headings, and with one column for all.
-constexpr char const* OTHER_HELP = "-n%s  Description  \n"
-                                   "-b    Description  \n"
-                                   "-c    Description  \n"
-                                   "-long Description  \n";
 
 /// Composes its name.
 struct NamedProvider : ValueProvider {
@@ -153,16 +109,13 @@ TEST_F(Compose, ChecksItsArgumentsInOrder) {
 }
 
 TEST_F(Compose, AsksTheFirstProviderOfTheName) {
-    // Without a provider of the name, a command-line provider of the moment composes.
-    EXPECT_STREQ(m.composeUsageMessage("NOBODY", "TOOL"), "    -in file");
-    EXPECT_STREQ(m.composeHelpMessage("NOBODY", "other", 20, 13), OTHER_HELP);
-    EXPECT_EQ(std::strlen(m.composeHelpMessage("NOBODY", "tool", ULONG_MAX, 13)), 9u + 65535u + 1u);
-
     m.registerProvider(std::make_unique<NamedProvider>(2, "Name").release());
     m.registerProvider(std::make_unique<NamedProvider>(1, "NAME").release());
     EXPECT_STREQ(m.composeUsageMessage("name", "tool"), "NAME");
     EXPECT_STREQ(m.composeHelpMessage("name", "tool", 80, 30), "NAME");
-    EXPECT_STREQ(m.composeUsageMessage("nam", "tool"), "    -in file");
+    // Without a provider of the name, a command-line provider of the moment composes.
+    EXPECT_STREQ(m.composeUsageMessage("nam", "TOOL"), "    -in file");
+    EXPECT_EQ(std::strlen(m.composeHelpMessage("nam", "tool", ULONG_MAX, 13)), 9u + 65535u + 1u);
     EXPECT_EQ(m.getNumberOfProviders(), 2u);
 }
 
@@ -175,7 +128,11 @@ TEST_F(Compose, KeepsATextUntilTheSameOperationIsCalledAgain) {
     EXPECT_STREQ(ofProvider, "    -in file");
     EXPECT_STREQ(usage, "    -in file");
     m.composeUsageMessage("CLI", "other");
-    EXPECT_STREQ(help, OTHER_HELP);
+    // In the order of the walk, without headings, and with one column for all.
+    EXPECT_STREQ(help, "-n%s  Description  \n"
+                       "-b    Description  \n"
+                       "-c    Description  \n"
+                       "-long Description  \n");
 }
 
 } // namespace

@@ -156,21 +156,6 @@ TEST_F(VisitorsTest, WhatIsBoundStaysBoundAndBelongsToItsSpecification) {
     EXPECT_NE(bound->getItem("b")->getParameterItem(), other->getParameterGroup()->getItem("b", true));
 }
 
-TEST_F(VisitorsTest, ManyValuesAreMovedInTheirOrder) {
-    std::string parameters;
-    std::string values;
-    for (int i = 0; i < 2'000; ++i) {
-        parameters += " p" + std::to_string(i);
-        values += " p" + std::to_string(i) + "=x";
-    }
-    tool = createTool("tool{a con(" + parameters + ")}");
-    auto const tree = treeOf("tool{" + values + " a=1}");
-    ParameterMatchingVisitor matching(*tool, errors, true);
-    ConstraintSplitterVisitor splitter(errors);
-    EXPECT_TRUE(tree->accept(matching) && tree->accept(splitter));
-    EXPECT_TRUE(toText(*tree) == "tool{a=1 con{" + values.substr(1) + "}}");
-}
-
 TEST_F(VisitorsTest, TheRequiredFlagsComeBeforeAnExclusiveRoot) {
     auto const* root = createItem("ex[a b]");
     auto const tree = treeOf("EX{c=1 d=1}");
