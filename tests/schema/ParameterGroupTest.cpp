@@ -106,6 +106,16 @@ TEST(ParameterGroup, IsWalkedDepthFirstWithMiddlesBetween) {
     EXPECT_EQ(root.getItem("Root", true), &root);
 }
 
+TEST(ParameterGroup, FindsInALongListThatChanges) {
+    Items items;
+    auto& group = *items.group("g{a b c d e f g h i}");
+    EXPECT_FALSE(group.getItem("j", false));
+    group.addItem(items.parameter("j"));
+    EXPECT_TRUE(group.getItem("J", false));
+    group.removeItem("A");
+    EXPECT_FALSE(group.getItem("a", false));
+}
+
 TEST(ParameterGroup, MayChangeDuringTheWalk) {
     auto const log = [](char const* event, void (*change)(ParameterGroup&)) {
         Items items;
