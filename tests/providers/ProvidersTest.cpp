@@ -203,14 +203,6 @@ TEST_F(CommandLineTest, TakesVeryManyArguments) {
     }
 }
 
-TEST_F(CommandLineTest, TakesVeryLongArguments) {
-    std::string const text(1 << 20, '%');
-    auto const* tool = createTool("tool{a}");
-    set({"-a", text.c_str(), ("-" + text).c_str()});
-    EXPECT_TRUE(ask(provider, tool, RESOLVE_FLAG_NAMES) == "?{tool{a=" + text + "}}");
-    EXPECT_EQ(ask(provider, tool, STRICT_RECOGNITION), "\"" + text.substr(0, 4'094)); // messages are cut
-}
-
 class XmlFileTest : public ProviderTest {
 protected:
     XmlFileTest() { manager(); } // its own records are in the log before ours

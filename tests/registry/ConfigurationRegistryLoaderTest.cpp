@@ -22,26 +22,26 @@ using namespace configuration;
 
 namespace {
 
-/// Writes a schema as one line: an item's id, name after "/", "+" when it is specialized, "?" optional, "*" unbounded,
-/// its description in quotes; then "~" for a hidden parameter, its type, default, value name, validator and
-/// enumeration, or the items in "{}" for a container, "({}" for a group constraint, "[{}" for an exclusive one.
+/// Writes a schema with a line for each item: its id, its name after "/", "+" when it is specialized, "?" optional, "*"
+/// unbounded, its description in quotes; then "~" for a hidden parameter, its type, default, value name, validator and
+/// enumeration, or "{}" for a container, "()" for a group constraint, "[]" for an exclusive one, and the items below.
 class SchemaText final : public ParameterVisitor {
 public:
     bool visitGroupStart(ParameterGroup const& group) override {
         add(group);
-        text += group.getGroupType() == ParameterGroup::CONTAINER ? "{" : (group.itemsAreExclusive() ? "[{" : "({");
+        text += group.getGroupType() == ParameterGroup::CONTAINER ? " {}" : (group.itemsAreExclusive() ? " []" : " ()");
+        indentation += "    ";
         return true;
     }
-    void visitGroupMiddle(ParameterGroup const&) override { text += ' '; }
-    void visitGroupEnd(ParameterGroup const&) override { text += '}'; }
+    void visitGroupEnd(ParameterGroup const&) override { indentation.resize(indentation.size() - 4); }
     bool visitParameter(Parameter const& parameter) override {
         add(parameter);
-        text += parameter.isHidden() ? "~:" : ":";
+        text += parameter.isHidden() ? " ~:" : " :";
         text += ParameterItemRepresentationVisitor::getValueTypeString(parameter.getValueType());
-        add("=", parameter.getDefaultValue() ? parameter.getDefaultValue()->getValue(0, false) : nullptr);
-        add("#", parameter.getValueName());
-        add("!", parameter.getValidator() ? parameter.getValidator()->getName() : nullptr);
-        add("@", parameter.getEnumDefinition() ? parameter.getEnumDefinition()->getName() : nullptr);
+        add(" =", parameter.getDefaultValue() ? parameter.getDefaultValue()->getValue(0, false) : nullptr);
+        add(" #", parameter.getValueName());
+        add(" !", parameter.getValidator() ? parameter.getValidator()->getName() : nullptr);
+        add(" @", parameter.getEnumDefinition() ? parameter.getEnumDefinition()->getName() : nullptr);
         return true;
     }
 
@@ -49,11 +49,18 @@ public:
 
 private:
     void add(ParameterItem const& item) {
-        text.append(item.getId()).append("/").append(item.getName()).append(item.isSpecialized() ? "+" : "");
+        text.append(text.empty() ? "" : "\n")
+            .append(indentation)
+            .append(item.getId())
+            .append("/")
+            .append(item.getName())
+            .append(item.isSpecialized() ? "+" : "");
         text.append(item.isOptional() ? "?" : "").append(item.isUnbounded() ? "*" : "");
-        text.append("'").append(item.getDescription()).append("'");
+        text.append(" '").append(item.getDescription()).append("'");
     }
     void add(char const* sign, char const* value) { text += value ? std::string(sign) + value : ""; }
+
+    std::string indentation;
 };
 
 /// An element by its start tag.
@@ -94,20 +101,7 @@ protected:
 TEST_F(LoaderTest, ReadsEveryElementOfTheFormat) {
     createItem("free?*~");
     EXPECT_EQ(loadFile(TEST_DATA_DIR "/registry/every-element.crg"), "<nothing>");
-    EXPECT_EQ(schema("TOOL"), "tool/Tool*'What the tool accepts'{"
-                              "level/Level'How much is said':enum=b@levels "
-                              "target/Target+*'Somewhere else'~:string#path!storageLocation "
-                              "disk/Disk?'Where it is'{force/Force'Whether':bool owner/Owner+?'Whose':OID=#1-2-3-4 "
-                              "all/All?'A group of a group'({numbers/Numbers?'Numbers that belong together'({"
-                              "count/Count'How many':unsigned int=4 "
-                              "choice/Choice' '[{ratio/Ratio'How large':double least/Least'How few':int}}}} "
-                              "either/Either?'One of them'[{}}");
-    EXPECT_EQ(schema("references"), // they specialise only what they change
-              "references/R'-'{count/Count'How many':unsigned int=4 count/Count'How many':unsigned int=4 "
-              "count/Count+'How many':unsigned int=4 count/Count+'How many':unsigned int=5 "
-              "count/Count+'How many'~:unsigned int=5 count/Count+*'How many':unsigned int=4 "
-              "free/free?*'Description'~:string free/free+?*'Description':string}");
-    EXPECT_EQ(schema("target"), "target/Target'Where to':string#path!storageLocation");
+    checkCases("registry/every-element.txt", [](FileCase const& row) { return schema(row["item"].c_str()) + '\n'; });
     EXPECT_STREQ(manager().getSpecification("Tool")->getDescription(), "What the tool accepts");
     EXPECT_EQ(manager().getNumberOfSpecifications(), 2u);
 
@@ -143,7 +137,7 @@ TEST_F(LoaderTest, ReadsSectionsUpToTheFirstFault) {
         EXPECT_EQ(registered + (manager().getSpecification("s") ? "!" : ""), row["registered"]);
         // The loader is as good as new: what it reads next is not added to what it was reading.
         EXPECT_EQ(load(group("", "new")), "<nothing>");
-        EXPECT_EQ(schema("new"), "new/n?'d'({}");
+        EXPECT_EQ(schema("new"), "new/n? 'd' ()");
         EXPECT_THAT(schema("s") + schema("g"), testing::Not(testing::HasSubstr("new")));
         return lines({thrown == "<nothing>" ? "" : thrown});
     });
@@ -173,7 +167,7 @@ TEST_F(LoaderTest, EarlierFilesCanBeReferredTo) {
     EXPECT_EQ(load(P + group("")), "<nothing>");
     EXPECT_EQ(load(specification("<ParameterRef id='p'/><GroupRef id='g'/><GroupRef id='g'/>")), "<nothing>");
     EXPECT_EQ(load(P + group("")), "Parameter id \"p\" is not unique");
-    EXPECT_EQ(schema("s"), "s/n'd'{p/p'd':int g/n?'d'({} g/n?'d'({}}"); // what was there stays
+    EXPECT_EQ(schema("s"), "s/n 'd' {}\n    p/p 'd' :int\n    g/n? 'd' ()\n    g/n? 'd' ()"); // what was there stays
 }
 
 std::string repeat(int count, std::string const& text) { return count > 0 ? text + repeat(count - 1, text) : ""; }

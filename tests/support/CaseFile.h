@@ -21,6 +21,7 @@
 #include <fstream>
 #include <functional>
 #include <map>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -71,10 +72,8 @@ inline void checkCases(std::string const& path, std::function<std::string(FileCa
 }
 
 inline std::string unescaped(std::string text) {
-    for (auto const& [escape, character] : {std::pair{"\\n", '\n'}, {"\\r", '\r'}, {"\\t", '\t'}}) {
-        for (auto found = text.find(escape); found != std::string::npos; found = text.find(escape)) {
-            text.replace(found, 2, 1, character);
-        }
+    for (auto const& [escape, character] : {std::pair{"\\\\n", "\n"}, {"\\\\r", "\r"}, {"\\\\t", "\t"}}) {
+        text = std::regex_replace(text, std::regex(escape), character);
     }
     return text;
 }
