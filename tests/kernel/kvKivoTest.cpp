@@ -68,6 +68,25 @@ TEST_F(MainLogTest, NeverMixesRecordsOfThreads) { // nor of processes, which ope
     EXPECT_EQ(installation.mainLog("Test"), std::vector<std::string>(THREADS * RECORDS, text));
 }
 
+TEST_F(MainLogTest, NeitherEndsNorStopsAToolThatCannotComplain) {
+    auto const complain = [](bool isRead) {
+        int ends[2];
+        ASSERT_EQ(pipe(ends), 0);
+        fcntl(ends[1], F_SETFL, O_NONBLOCK);
+        while (isRead && write(ends[1], "x", 1) == 1) { // until the pipe is full
+        }
+        fcntl(ends[1], F_SETFL, 0);
+        isRead ? 0 : close(ends[0]);
+        dup2(ends[1], STDERR_FILENO);
+        ScopedEnvironment const variable("KIVO_MAIN_LOG", "/missing/log");
+        alarm(10);
+        kvKivo::addToMainLog("Test", "text");
+        _exit(0);
+    };
+    EXPECT_EXIT(complain(false), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(complain(true), testing::ExitedWithCode(0), "");
+}
+
 TEST_F(MainLogTest, DropsRecordsThatCannotBeWritten) {
     kvKivo::addToMainLog("Test", "whole");
     auto const complaint = [this](std::string const& reason) {

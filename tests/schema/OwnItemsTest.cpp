@@ -1,3 +1,4 @@
+#include "registry/ConfigurationRegistryLoader.h"
 #include "schema/ParameterItemFinder.h"
 #include "support/Exceptions.h"
 #include "support/ManagerTest.h"
@@ -68,6 +69,19 @@ struct OwnItems : ManagerTest {
 
     ParameterErrors errors;
 };
+
+TEST_F(OwnItems, RegistryFilesCannotReferToThem) {
+    for (auto const& [element, fault] : {std::pair("ParameterRef id='p'", "Parameter \"p\" was not found"),
+                                         {"GroupRef id='g'", "Group\"g\" was not found"}}) {
+        manager().reset();
+        own<OwnItem>("p", PARAMETER);
+        own<OwnItem>("g", GROUP);
+        auto const file = installation.write(
+            "f.crg", std::string("<ConfigurationRegistry><Groups><Group id='o' name='o' description='d'><") + element +
+                         "/></Group></Groups></ConfigurationRegistry>");
+        EXPECT_EQ(whatOf([&] { ConfigurationRegistryLoader().loadFile(file.c_str()); }), fault);
+    }
+}
 
 TEST_F(OwnItems, LookUpsFindWhatAWalkShows) {
     for (int const padding : {0, 40}) { // short lists are scanned, long ones have an index
