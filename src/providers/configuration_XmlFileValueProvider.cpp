@@ -7,7 +7,7 @@
 
 #include "providers/XmlValuesFile.h"
 #include "schema/ContractChecks.h"
-#include "values/GroupEditing.h"
+#include "values/ItemTaker.h"
 #include "visitors/UnboundedParameterValueFixer.h"
 
 #include <memory>
@@ -19,7 +19,7 @@ namespace {
 /// Makes one group equal to another, whose children move over: they are all that a file holds, and need no copy.
 void moveGroup(ParameterValueGroup& from, ParameterValueGroup& to) {
     to = ParameterValueGroup(from, ParameterValueItem::SHALLOW_COPY);
-    for (auto& child : takeItems(from)) {
+    for (auto& child : ItemTaker::takeAll(from)) {
         to.addItem(child.release());
     }
 }
@@ -40,9 +40,11 @@ char const* XmlFileValueProvider::getName() const { return Manager::XML_FILE_PRO
 
 bool XmlFileValueProvider::getValues(Specification const* specification, ParameterValueGroup& result, int flags) {
     if (!mImpl->fixed) {
-        UnboundedParameterValueFixer fixer(specification);
-        getDataCache().accept(fixer);
-        if (fixer.getChangeCount() > 0) {
+        UnboundedParameterValueFixer counter(specification, UnboundedParameterValueFixer::COUNT_CHANGES);
+        getDataCache().accept(counter);
+        if (counter.getChangeCount() > 0) {
+            UnboundedParameterValueFixer fixer(specification);
+            getDataCache().accept(fixer);
             setDataCache(*fixer.getResult());
         }
         mImpl->fixed = true;

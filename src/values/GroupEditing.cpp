@@ -6,6 +6,7 @@
 #include <configuration/ParameterValueGroup.h>
 
 #include "values/ChildSearch.h"
+#include "values/ItemTaker.h"
 
 namespace kivo::configuration {
 
@@ -27,18 +28,8 @@ void appendTexts(ParameterValue& target, ParameterValue const& source) {
     }
 }
 
-std::vector<std::unique_ptr<ParameterValueItem>> takeItems(ParameterValueGroup& group) {
-    std::vector<std::unique_ptr<ParameterValueItem>> taken(group.getNumberOfItems());
-    while (auto const count = group.getNumberOfItems()) { // from the end: nothing has to move up
-        auto* last = group.getItem(count - 1);
-        group.removeItem(count - 1);
-        taken[count - 1].reset(last);
-    }
-    return taken;
-}
-
 void destroyItems(ParameterValueGroup& group, std::unordered_set<ParameterValueItem const*> const& items) {
-    for (auto& item : takeItems(group)) {
+    for (auto& item : ItemTaker::takeAll(group)) {
         if (!items.contains(item.get())) {
             group.addItem(item.release());
         }

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <memory>
 #include <unordered_set>
-#include <vector>
 
 namespace kivo::configuration {
 
@@ -19,9 +17,6 @@ ParameterValueGroup& findOrAddGroup(ParameterValueGroup& parent, char const* id,
 
 /// Appends the texts of a value, as they read with defaults, to another one or to itself.
 void appendTexts(ParameterValue& target, ParameterValue const& source);
-
-/// Takes all children out of a group, in their order.
-std::vector<std::unique_ptr<ParameterValueItem>> takeItems(ParameterValueGroup& group);
 
 /// Destroys some of a group's children and keeps the order of the others. Takes time linear in the number of children,
 /// where removing them one by one would be quadratic.

@@ -4,6 +4,8 @@
 
 #include "values/ParameterValueGroupImpl.h"
 
+#include <utility>
+
 namespace kivo::configuration {
 
 std::unique_ptr<ParameterValueItem> ItemTaker::take(ParameterValueItem const& item) {
@@ -18,6 +20,11 @@ std::unique_ptr<ParameterValueItem> ItemTaker::take(ParameterValueItem const& it
         }
     }
     return nullptr;
+}
+
+std::vector<std::unique_ptr<ParameterValueItem>> ItemTaker::takeAll(ParameterValueGroup& group) {
+    group.mImpl->mIndex.drop();
+    return std::exchange(group.mImpl->mItems, {});
 }
 
 ItemTaker::~ItemTaker() {

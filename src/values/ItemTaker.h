@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <vector>
 
 namespace kivo::configuration {
 
@@ -19,6 +20,9 @@ public:
 
     /// @return the item; null when it is not a child that stands after those taken before
     std::unique_ptr<ParameterValueItem> take(ParameterValueItem const& item);
+
+    /// Takes all children out of a group, in their order.
+    static std::vector<std::unique_ptr<ParameterValueItem>> takeAll(ParameterValueGroup& group);
 
 private:
     ParameterValueGroup* mGroup;

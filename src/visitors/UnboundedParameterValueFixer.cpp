@@ -20,8 +20,11 @@ Specification const& checked(Specification const* spec) {
 
 } // namespace
 
-UnboundedParameterValueFixer::UnboundedParameterValueFixer(Specification const* spec)
-    : ParameterValueVisitor(false), mSpecificationGroup(checked(spec)), mSchemaStack{&mSpecificationGroup} {}
+UnboundedParameterValueFixer::UnboundedParameterValueFixer(Specification const* spec, Purpose purpose)
+    : ParameterValueVisitor(false),
+      mSpecificationGroup(checked(spec)),
+      mPurpose(purpose),
+      mSchemaStack{&mSpecificationGroup} {}
 
 bool UnboundedParameterValueFixer::visitGroupStart(ParameterValueGroup& group) {
     auto const* schemaParent = mSchemaStack.back();
@@ -32,7 +35,9 @@ bool UnboundedParameterValueFixer::visitGroupStart(ParameterValueGroup& group) {
     }
     auto const* schemaGroup = asGroup(item);
     mSchemaStack.push_back(schemaGroup ? schemaGroup : schemaParent);
-    openCopy(group);
+    if (mPurpose == COPY) {
+        openCopy(group);
+    }
     return true;
 }
 
@@ -41,7 +46,9 @@ void UnboundedParameterValueFixer::addText(ParameterValueGroup const& element) {
     if (!value) {
         throw ConfigurationException("\"%s\" is not a valid parameter", element.getParameterItemId());
     }
-    mTargetStack.back()->addValue(element.getParameterItemId(), value->getValue(0, false));
+    if (mPurpose == COPY) {
+        mTargetStack.back()->addValue(element.getParameterItemId(), value->getValue(0, false));
+    }
     ++mChangeCount;
 }
 
@@ -58,11 +65,15 @@ void UnboundedParameterValueFixer::openCopy(ParameterValueGroup const& group) {
 
 void UnboundedParameterValueFixer::visitGroupEnd(ParameterValueGroup&) {
     mSchemaStack.pop_back();
-    mTargetStack.pop_back();
+    if (mPurpose == COPY) {
+        mTargetStack.pop_back();
+    }
 }
 
 bool UnboundedParameterValueFixer::visitParameterValue(ParameterValue& value) {
-    mTargetStack.back()->addItem(value.clone(ParameterValueItem::DEEP_COPY));
+    if (mPurpose == COPY) {
+        mTargetStack.back()->addItem(value.clone(ParameterValueItem::DEEP_COPY));
+    }
     return true;
 }
 

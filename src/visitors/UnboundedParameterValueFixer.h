@@ -13,15 +13,18 @@ namespace kivo::configuration {
 /// value in the enclosing group: the text of its attribute "value". Does not change the tree that it visits.
 class UnboundedParameterValueFixer final : public ParameterValueVisitor {
 public:
+    /// Most files have no such element, and need no copy to find that out.
+    enum Purpose { COPY, COUNT_CHANGES };
+
     /// @throws kivo::ContractViolationException "spec != 0"
-    explicit UnboundedParameterValueFixer(Specification const* spec);
+    explicit UnboundedParameterValueFixer(Specification const* spec, Purpose purpose = COPY);
 
     /// @throws ConfigurationException "\"%s\" is not a valid parameter": the element has no attribute "value"
     bool visitGroupStart(ParameterValueGroup& group) override;
     void visitGroupEnd(ParameterValueGroup& group) override;
     bool visitParameterValue(ParameterValue& value) override;
 
-    /// The copy; null before the first group was visited.
+    /// The copy; null before the first group was visited, and when changes are only counted.
     ParameterValueGroup const* getResult() const;
     /// The number of elements that became texts.
     unsigned long getChangeCount() const;
@@ -31,11 +34,12 @@ private:
     void openCopy(ParameterValueGroup const& group);
 
     SpecificationParameterGroup mSpecificationGroup;
+    Purpose mPurpose;
     std::unique_ptr<ParameterValueGroup> mResult;
     unsigned long mChangeCount = 0;
     /// The schema group of each open value group; at the bottom the one above the specification's root.
     std::vector<ParameterGroup const*> mSchemaStack;
-    /// The copy of each open value group.
+    /// The copy of each open value group; none when changes are only counted.
     std::vector<ParameterValueGroup*> mTargetStack;
 };
 
