@@ -69,8 +69,6 @@ protected:
     KIVO_CONFIGURATION_LOCAL Impl* getImpl() const noexcept;
 
 private:
-    friend class ParameterGroup;
-
     std::unique_ptr<Impl> mImpl;
 };
 

@@ -6,7 +6,6 @@
 #include <configuration/ParameterVisitor.h>
 
 #include "schema/ContractChecks.h"
-#include "schema/LoadAhead.h"
 #include "schema/ParameterGroupImpl.h"
 #include "schema/ParameterItemFinder.h"
 
@@ -41,7 +40,6 @@ bool ParameterGroup::accept(ParameterVisitor& visitor) const {
     }
     auto const count = getNumberOfItems();
     for (unsigned long i = 0; i < count; ++i) {
-        loadAhead(mImpl->mItems, i, [](ParameterItem const& each) { return each.mImpl.get(); });
         getItem(i)->accept(visitor);
         if (i + 1 < count) {
             visitor.visitGroupMiddle(*this);

@@ -3,10 +3,8 @@
 #include <configuration/ParameterValueGroup.h>
 
 #include "schema/LazyItemIndex.h"
-#include "schema/LoadAhead.h"
 #include "values/ParameterValueItemImpl.h"
 
-#include <cstddef>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -20,10 +18,6 @@ public:
     static std::string_view idOf(ParameterValueItem const& item) { return item.mImpl->mParameterItemId; }
 
     ParameterValueItem* first(std::string_view id) const { return mIndex.first(mItems, id); }
-
-    void loadAhead(std::size_t position) const {
-        configuration::loadAhead(mItems, position, [](ParameterValueItem const& item) { return item.mImpl.get(); });
-    }
 
     std::vector<std::unique_ptr<ParameterValueItem>> mItems;
     LazyItemIndex<ParameterValueItem, idOf> mIndex;

@@ -33,7 +33,6 @@ ParameterValueGroup::ParameterValueGroup(ParameterValueGroup const& other, CopyM
     mImpl->mItems.reserve(other.mImpl->mItems.size()); // a shallow copy is mostly filled with as many
     if (method == DEEP_COPY) {
         for (auto const& item : other.mImpl->mItems) {
-            other.mImpl->loadAhead(mImpl->mItems.size());
             mImpl->mItems.emplace_back(item->clone(DEEP_COPY))->setHolder(this);
         }
     }
@@ -56,12 +55,7 @@ ParameterValueGroup& ParameterValueGroup::operator=(ParameterValueGroup const& o
     return *this;
 }
 
-ParameterValueGroup::~ParameterValueGroup() {
-    for (std::size_t i = 0; i < mImpl->mItems.size(); ++i) {
-        mImpl->loadAhead(i);
-        mImpl->mItems[i].reset();
-    }
-}
+ParameterValueGroup::~ParameterValueGroup() = default;
 
 bool ParameterValueGroup::isAbove(ParameterValueItem const& item) const {
     auto const* holder = item.getHolder();
@@ -91,7 +85,6 @@ bool ParameterValueGroup::accept(ParameterValueVisitor& visitor) {
         auto const count = items.size();
         // A visitor that shortens the list breaks its promise; it must not make the walk leave the list.
         for (std::size_t i = 0; i < count && i < items.size(); ++i) {
-            mImpl->loadAhead(i);
             items[i]->accept(visitor);
         }
     }
