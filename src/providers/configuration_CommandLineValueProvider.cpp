@@ -12,6 +12,7 @@
 #include "providers/NameFixer.h"
 #include "schema/ContractChecks.h"
 #include "values/GroupEditing.h"
+#include "values/ItemTaker.h"
 #include "values/ValueItemUtil.h"
 
 #include <algorithm>
@@ -75,7 +76,7 @@ void mergeValuesOfOneId(ParameterValueGroup& group) {
         merged.insert(later);
     }
     if (!merged.empty()) {
-        destroyItems(group, merged);
+        ItemTaker::destroy(group, merged);
     }
 }
 

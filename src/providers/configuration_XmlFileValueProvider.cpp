@@ -14,18 +14,6 @@
 
 namespace kivo::configuration {
 
-namespace {
-
-/// Makes one group equal to another, whose children move over: they are all that a file holds, and need no copy.
-void moveGroup(ParameterValueGroup& from, ParameterValueGroup& to) {
-    to = ParameterValueGroup(from, ParameterValueItem::SHALLOW_COPY);
-    for (auto& child : ItemTaker::takeAll(from)) {
-        to.addItem(child.release());
-    }
-}
-
-} // namespace
-
 class XmlFileValueProvider::Impl {
 public:
     /// Whether the repeated elements of the cached tree have become values.
@@ -60,8 +48,8 @@ void XmlFileValueProvider::reset() {
 void XmlFileValueProvider::setArguments(char const* argument, int) {
     KIVO_REQUIRE(argument != 0);
     std::unique_ptr<ParameterValueGroup> const values(loadFromXmlFile(argument));
+    ItemTaker::moveAll(*values, getDataCache());
     mImpl->fixed = false;
-    moveGroup(*values, getDataCache());
 }
 
 void XmlFileValueProvider::setArguments(int argc, char const* const* argv, int flags) {

@@ -6,7 +6,6 @@
 #include <configuration/ParameterValueGroup.h>
 
 #include "values/ChildSearch.h"
-#include "values/ItemTaker.h"
 
 namespace kivo::configuration {
 
@@ -25,14 +24,6 @@ void appendTexts(ParameterValue& target, ParameterValue const& source) {
     auto const count = source.getNumberOfValues(); // taken first: the two may be one, which grows
     for (unsigned long i = 0; i < count; ++i) {
         target.addValue(source.getValue(i, false));
-    }
-}
-
-void destroyItems(ParameterValueGroup& group, std::unordered_set<ParameterValueItem const*> const& items) {
-    for (auto& item : ItemTaker::takeAll(group)) {
-        if (!items.contains(item.get())) {
-            group.addItem(item.release());
-        }
     }
 }
 

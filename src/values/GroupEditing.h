@@ -1,13 +1,10 @@
 #pragma once
 
-#include <unordered_set>
-
 namespace kivo::configuration {
 
 class ParameterGroup;
 class ParameterValue;
 class ParameterValueGroup;
-class ParameterValueItem;
 
 /// Adds a child group without children that is bound to a schema group.
 ParameterValueGroup& addGroup(ParameterValueGroup& parent, ParameterGroup const& schemaGroup);
@@ -17,9 +14,5 @@ ParameterValueGroup& findOrAddGroup(ParameterValueGroup& parent, char const* id,
 
 /// Appends the texts of a value, as they read with defaults, to another one or to itself.
 void appendTexts(ParameterValue& target, ParameterValue const& source);
-
-/// Destroys some of a group's children and keeps the order of the others. Takes time linear in the number of children,
-/// where removing them one by one would be quadratic.
-void destroyItems(ParameterValueGroup& group, std::unordered_set<ParameterValueItem const*> const& items);
 
 } // namespace kivo::configuration

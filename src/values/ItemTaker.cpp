@@ -22,9 +22,18 @@ std::unique_ptr<ParameterValueItem> ItemTaker::take(ParameterValueItem const& it
     return nullptr;
 }
 
-std::vector<std::unique_ptr<ParameterValueItem>> ItemTaker::takeAll(ParameterValueGroup& group) {
+void ItemTaker::moveAll(ParameterValueGroup& from, ParameterValueGroup& to) {
+    to = ParameterValueGroup(from, ParameterValueItem::SHALLOW_COPY); // the only step that can fail
+    from.mImpl->mIndex.drop();
+    to.mImpl->mItems = std::exchange(from.mImpl->mItems, {});
+    for (auto const& item : to.mImpl->mItems) {
+        ParameterValueGroup::Impl::setHolder(*item, to);
+    }
+}
+
+void ItemTaker::destroy(ParameterValueGroup& group, std::unordered_set<ParameterValueItem const*> const& items) {
     group.mImpl->mIndex.drop();
-    return std::exchange(group.mImpl->mItems, {});
+    std::erase_if(group.mImpl->mItems, [&](auto const& item) { return items.contains(item.get()); });
 }
 
 ItemTaker::~ItemTaker() {

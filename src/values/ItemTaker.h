@@ -4,7 +4,7 @@
 
 #include <cstddef>
 #include <memory>
-#include <vector>
+#include <unordered_set>
 
 namespace kivo::configuration {
 
@@ -21,8 +21,12 @@ public:
     /// @return the item; null when it is not a child that stands after those taken before
     std::unique_ptr<ParameterValueItem> take(ParameterValueItem const& item);
 
-    /// Takes all children out of a group, in their order.
-    static std::vector<std::unique_ptr<ParameterValueItem>> takeAll(ParameterValueGroup& group);
+    /// Makes a group equal to another, whose children move over. On an exception nothing has changed.
+    static void moveAll(ParameterValueGroup& from, ParameterValueGroup& to);
+
+    /// Destroys some of a group's children and keeps the order of the others. Takes time linear in the number of
+    /// children, where removing them one by one would be quadratic.
+    static void destroy(ParameterValueGroup& group, std::unordered_set<ParameterValueItem const*> const& items);
 
 private:
     ParameterValueGroup* mGroup;

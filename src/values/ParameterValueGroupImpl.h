@@ -17,6 +17,8 @@ public:
     /// The text that the item has itself: a look-up need not go to the schema for it.
     static std::string_view idOf(ParameterValueItem const& item) { return item.mImpl->mParameterItemId; }
 
+    static void setHolder(ParameterValueItem& item, ParameterValueGroup& group) { item.setHolder(&group); }
+
     ParameterValueItem* first(std::string_view id) const { return mIndex.first(mItems, id); }
 
     std::vector<std::unique_ptr<ParameterValueItem>> mItems;

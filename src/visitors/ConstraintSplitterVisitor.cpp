@@ -8,6 +8,7 @@
 
 #include "values/ChildSearch.h"
 #include "values/GroupEditing.h"
+#include "values/ItemTaker.h"
 
 #include <algorithm>
 #include <memory>
@@ -27,7 +28,7 @@ bool ConstraintSplitterVisitor::visitGroupStart(ParameterValueGroup& group) {
 
 void ConstraintSplitterVisitor::visitGroupEnd(ParameterValueGroup& group) {
     if (!mMoved.back().empty()) {
-        destroyItems(group, mMoved.back());
+        ItemTaker::destroy(group, mMoved.back());
     }
     mMoved.pop_back();
 }
