@@ -26,6 +26,7 @@ public:
     SingletonMutex& operator=(SingletonMutex const&) = delete;
 
     void lock() { pthread_mutex_lock(&mMutex); }
+    bool try_lock() { return pthread_mutex_trylock(&mMutex) == 0; }
     void unlock() { pthread_mutex_unlock(&mMutex); }
 
 private:
@@ -40,9 +41,15 @@ SingletonMutex& managerSingletonMutex() {
 /// Makes the lock when the library is loaded, whether or not a manager is ever asked for.
 [[maybe_unused]] SingletonMutex& madeAtLoadTime = managerSingletonMutex();
 
-/// Ends a manager whose start failed, for which atexit does not know shutdown(), when the library is unloaded.
+/// Ends a manager whose start failed, for which atexit does not know shutdown(), when the library is unloaded. A
+/// manager that is just starting is left: the process ends in the middle of its start.
 struct LastShutdown {
-    ~LastShutdown() { Manager::shutdown(); }
+    ~LastShutdown() {
+        if (managerSingletonMutex().try_lock()) {
+            managerSingletonMutex().unlock();
+            Manager::shutdown();
+        }
+    }
 } const lastShutdown;
 
 } // namespace

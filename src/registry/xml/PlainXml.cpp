@@ -20,6 +20,7 @@ namespace {
 
 constexpr std::size_t MAX_SIZE = 64 << 20;
 constexpr std::size_t FIRST_PART = 64 << 10;
+constexpr int MAX_DECLARATION = 1000; // Xerces-C refuses some of 16,384 characters and more
 
 bool isAscii(std::string_view text) {
     return std::ranges::all_of(text, [](char c) { return static_cast<signed char>(c) >= 0; });
@@ -133,7 +134,7 @@ void PlainXmlReader::call(void* reader, Arguments... arguments) noexcept {
 }
 
 void PlainXmlReader::declare(char const* version, char const* encoding, int) {
-    require(std::strcmp(version, "1.0") == 0);
+    require(std::strcmp(version, "1.0") == 0 && XML_GetCurrentByteCount(mParser.get()) <= MAX_DECLARATION);
     mIsDeclaredAscii = encoding && equalIgnoringCase(encoding, "US-ASCII");
     require(!encoding || mIsDeclaredAscii || equalIgnoringCase(encoding, "UTF-8"));
 }
@@ -145,7 +146,7 @@ void PlainXmlReader::readInstruction(char const* target, char const*) { require(
 void PlainXmlReader::startElement(char const* name, char const** attributes) {
     collectAttributes(attributes);
     require(isPlainName(name) && mBuilder.getDepth() < XmlLimits::MAX_DEPTH &&
-            mAttributes.size() <= XmlLimits::MAX_ATTRIBUTES && mLimits.countAttributes(mAttributes.size()));
+            mLimits.countAttributes(mAttributes.size()));
     if (mIsStopped) {
         return;
     }
@@ -161,9 +162,10 @@ void PlainXmlReader::endElement(char const*) { mBuilder.endElement(); }
 
 void PlainXmlReader::collectAttributes(char const** attributes) {
     mAttributes.clear();
-    for (; *attributes; attributes += 2) {
+    for (; *attributes && !mIsStopped; attributes += 2) {
         auto const& [name, value] = mAttributes.emplace_back(attributes[0], attributes[1]);
-        require(isPlainName(name) && !name.starts_with("xmlns") && !(mAreTextsAscii && !isAscii(value)));
+        require(isPlainName(name) && !name.starts_with("xmlns") && !(mAreTextsAscii && !isAscii(value)) &&
+                mAttributes.size() <= XmlLimits::MAX_ATTRIBUTES);
     }
     std::ranges::sort(mAttributes, {}, &TextPair::first);
 }

@@ -23,7 +23,7 @@ struct PlainXml {
 /// - well-formed; version 1.0; UTF-8, declared or not, with a byte order mark or not, or declared as US-ASCII
 /// - without a document type, colons in names, and the attribute xmlns
 /// - names of ASCII characters; names and texts too, after references, where the local code page is not UTF-8
-/// - at most 64 MiB, and within the limits that BoundedDomParser has for elements, attributes and names
+/// - at most 64 MiB, within XmlLimits, and with a declaration that Xerces-C reads whole
 PlainXml readPlainXml(XmlInput& input);
 
 } // namespace kivo::configuration

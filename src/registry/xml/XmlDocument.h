@@ -51,8 +51,8 @@ private:
     std::size_t mPlace = 0;
 };
 
-/// The elements and attributes of an XML file, whoever read it. Texts, comments and processing instructions are not
-/// kept: no file of the library gives them a meaning.
+/// The elements and attributes of an XML file, whichever parser read it. Texts, comments and processing instructions
+/// are not kept: no file of the library gives them a meaning.
 ///
 /// Used by one thread at a time, since positions are found when somebody asks for one.
 class XmlDocument {

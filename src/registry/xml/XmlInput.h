@@ -8,7 +8,7 @@
 
 namespace kivo::configuration {
 
-/// The bytes of a file, each read once, whoever asks for them: what is read on is kept, and can be read again. So two
+/// The bytes of a file, each read once: what is read on is kept, and can be read again. So two
 /// readers that come after each other see the same file, even one that changes in the meantime.
 ///
 /// Only a regular file, links followed, is opened: a pipe would block, and a device may never end.

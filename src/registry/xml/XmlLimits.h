@@ -4,8 +4,8 @@
 
 namespace kivo::configuration {
 
-/// How much a document may hold, whoever reads it. The time or memory that one parser needs grows out of proportion
-/// beyond that.
+/// How much a document may hold, whichever parser reads it. The time or memory that one parser needs grows out of
+/// proportion beyond that.
 class XmlLimits {
 public:
     static constexpr std::size_t MAX_DEPTH = 1000;

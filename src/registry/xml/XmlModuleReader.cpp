@@ -10,7 +10,7 @@ namespace kivo::configuration {
 
 namespace {
 
-/// Runs a step of a reader. No exception may reach the module, and there is one only.
+/// Runs a step of a reader. No exception may reach the module; std::bad_alloc is the only one that a step throws.
 template <class Step>
 XmlModuleOutcome run(void* reader, Step step) noexcept {
     try {

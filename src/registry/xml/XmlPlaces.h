@@ -28,8 +28,10 @@ private:
         XmlPosition position;
     };
 
+    void advance(Mark& mark) const;
+
     std::string_view mText;
-    /// The beginning of each line, and some places inside long ones, so that never much has to be counted.
+    /// Places at a distance, so that never much has to be counted.
     std::vector<Mark> mMarks;
 };
 

@@ -5,7 +5,7 @@ namespace kivo::configuration {
 struct XmlModule;
 
 /// The scope in which files are read. Scopes nest, in threads too: what is costly to start is started by the first file
-/// that needs it, and kept to the end of the outermost scope, so whoever reads several files puts one around all of
+/// that needs it, and kept to the end of the outermost scope, so code that reads several files puts one around all of
 /// them. Documents may outlive it.
 class XmlScope {
 public:

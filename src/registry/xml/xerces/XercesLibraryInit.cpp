@@ -2,6 +2,8 @@
 
 #include "registry/xml/xerces/XercesLibraryInit.h"
 
+#include "registry/xml/xerces/NeverDestroyed.h"
+
 #include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/PanicHandler.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
@@ -13,7 +15,7 @@ namespace kivo::configuration {
 
 namespace {
 
-/// The library's own handler ends the process. What it calls a panic comes of memory that it did not get.
+/// The library's own handler ends the process. Here, panics mean that memory has run out.
 class Thrower final : public xercesc::PanicHandler {
 public:
     void panic(PanicReasons) override { throw std::bad_alloc(); }
@@ -22,9 +24,10 @@ public:
 } // namespace
 
 XercesLibraryInit::XercesLibraryInit() {
-    static Thrower handler;
+    static NeverDestroyed<Thrower> handler;
     try {
-        xercesc::XMLPlatformUtils::Initialize(xercesc::XMLUni::fgXercescDefaultLocale, nullptr, &handler, nullptr);
+        xercesc::XMLPlatformUtils::Initialize(xercesc::XMLUni::fgXercescDefaultLocale, nullptr, &handler.object,
+                                              nullptr);
     } catch (...) { // OutOfMemoryException, too, which is no std::exception
         throw std::bad_alloc();
     }

@@ -4,6 +4,7 @@
 #include "registry/xml/XmlModule.h"
 #include "registry/xml/xerces/ByteSource.h"
 #include "registry/xml/xerces/DocumentTeller.h"
+#include "registry/xml/xerces/NeverDestroyed.h"
 #include "registry/xml/xerces/XercesDocument.h"
 #include "registry/xml/xerces/XercesLibraryInit.h"
 
@@ -32,8 +33,8 @@ XmlModuleOutcome guard(Step step) noexcept {
 }
 
 std::optional<XercesLibraryInit>& library() {
-    static std::optional<XercesLibraryInit> scope;
-    return scope;
+    static NeverDestroyed<std::optional<XercesLibraryInit>> scope;
+    return scope.object;
 }
 
 XmlModuleOutcome start() {
