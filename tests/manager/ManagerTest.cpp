@@ -1,8 +1,7 @@
 #include <configuration/ApplicationValuesProvider.h>
 #include <configuration/ConfigurationException.h>
 #include <configuration/ContractViolationException.h>
-#include <configuration/Flags.h>
-#include <configuration/ParameterEnumDefinition.h>
+#include <configuration/ParameterValidator.h>
 #include <configuration/ValueGroupIterator.h>
 
 #include "support/Exceptions.h"
@@ -18,17 +17,6 @@ namespace kivo::test {
 using namespace configuration;
 
 namespace {
-
-/// Adds an enabled provider, not to be taken for that of the application.
-void provide(char const* values, int priority = 1) {
-    struct Source final : ApplicationValuesProvider {
-        using ApplicationValuesProvider::ApplicationValuesProvider;
-        char const* getName() const override { return "SOURCE"; }
-    };
-    auto provider = std::make_unique<Source>(priority);
-    provider->enableProvider(*treeOf(values), 0);
-    Manager::getInstance()->registerProvider(provider.release());
-}
 
 /// Runs a function in several threads at once.
 template <class Function>
@@ -121,17 +109,6 @@ TEST_F(ManagerTest, ChecksWhatItIsGivenAndChangesNothing) {
     }
 }
 
-TEST_F(ManagerTest, FindsIgnoringCaseAndReportsDuplicatesWhenLookedUp) {
-    auto& m = manager();
-    m.registerEnumDefinition(std::make_unique<ParameterEnumDefinition>("Key%s").release());
-    EXPECT_NE(m.getEnumDefinition("kEY%S"), nullptr);
-    EXPECT_EQ(m.getEnumDefinition("Key"), nullptr);
-    m.registerEnumDefinition(std::make_unique<ParameterEnumDefinition>("KEY%S").release());
-    EXPECT_EQ(whatOf<ConfigurationException>([&] { m.getEnumDefinition("key%s"); }), "Duplicate enumeration \"key%s\"");
-    m.reset();
-    EXPECT_EQ(m.getEnumDefinition("Key%s"), nullptr);
-}
-
 TEST_F(ManagerTest, SortsProvidersByPriorityAndThoseOfOneByRegistration) {
     Manager m;
     std::vector<ValueProvider*> providers;
@@ -149,128 +126,32 @@ TEST_F(ManagerTest, IsReachedThroughThePluginsEntryPoints) {
     EXPECT_EQ(createPlugin(), &manager());
 }
 
-struct Row {
-    char const* label;
-    char const* schema;
-    std::vector<char const*> trees; ///< of the providers, or of the caller
-    std::string outcome;            ///< the result, or what is thrown
-    int flags = 0;
-};
-constexpr int OF_CALLER = 1 << 20; ///< beside the flags of a request: the tree is the caller's
-
-constexpr char const* HELPFUL = "tool{must n:int help:bool? quiet:bool? u*}";
-#define REQUIRED_FLAGS "A required flag was not specified. You must provide one of the following flags: "
-
-// clang-format off
-TEST_F(ManagerTest, ChecksAndCompletesValues) {
-    for (auto const& row : {
-        // What the providers have: it is merged first.
-        Row{"the first wins, unbounded ones collect", "tool{a b u* many*{m u2*} in{c d}}",
-            {"{tool{a=1 u=x in{c=1} many{m=1 u2=x}}}", "{}", "{tool{b=2 a=2 u=y,z in{d=2 c=2} many{m=2}}}"},
-            "?{tool{a=1 u=x,y,z in{c=1 d=2} many{m=1 u2=x} b=2 many{m=2}}}"},
-        Row{"constraints dissolve, defaults come last", "tool{a?=7 b con(c ex[x?=1 y?=2])}", {"{tool{c=3 y=4}}", "{tool{b=5 c=6}}"},
-            "?{tool{c=3 y=4 b=5 a*=7}}"},
-        Row{"nothing for a required root", "tool{a b?=1}", {"{}", "{tool{zzz=1}}"}, "?{}"},
-        Row{"nothing for an optional root", "tool?{a b?=1 in{c?=2 d} ex[x?=3]}", {}, "?{tool{b*=1 in{c*=2} x*=3}}"},
-        Row{"faults of the merged values together", "tool{a n:int in{b}}", {"{tool{n=x%s}}"},
-            "n: \"x%s\" is not a valid signed integer\nRequired group \"in\" was not found\n" REQUIRED_FLAGS "a, b"},
-        Row{"faults of one provider hide the others", "tool{a n:int}", {"{tool{n=x}}", "{tool{a=1,2 n=1,2}}", "{a=1}"},
-            "\"a\" cannot be provided more than once\n\"n\" cannot be provided more than once"},
-        Row{"help ends the loop", HELPFUL, {"{tool{help=<none> quiet=1 u=x}}", "{a=1}"}, "?{tool{help=1 quiet=1}}"},
-        Row{"help comes after earlier values", HELPFUL, {"{tool{n=x u=y}}", "{tool{u=z help=1}}", "{a=1}"},
-            "?{tool{tool{n=x u=y} help=1}}"},
-        Row{"help declined is a value", HELPFUL, {"{tool{help=0 must=1}}", "{tool{help=1 u=x}}", "{a=1}"},
-            "?{tool{tool{help=0 must=1} help=1}}"},
-        // What a caller has: the providers are not asked, and nothing merges before the first phase.
-        Row{"completes", "tool{a b?=1 con(c d?=2)}", {"{tool{c=3 A=4}}"}, "?{tool{a=4 c=3 d*=2 b*=1}}", OF_CALLER},
-        Row{"unknown and repeated items", "tool{a in{b}}", {"{tool{in{} zzz=1 in{b=1,2}}}"},
-            "\"in\" cannot be provided more than once\n\"zzz\" is not a recognized parameter\n"
-            "\"in\" cannot be provided more than once\n\"b\" cannot be provided more than once", OF_CALLER},
-        Row{"unknown ones, strictly", "tool{a}", {"{tool{zzz=1,2 a=1,2}}"},
-            "\"zzz\" is not a recognized parameter", OF_CALLER | STRICT_RECOGNITION},
-        Row{"help", "tool{a help:bool?}", {"tool{help=<none> zzz=1,2}"}, "tool{help=1 zzz?=1,2}", OF_CALLER},
-        Row{"help below the group that is given", "tool{a help:bool?}", {"{tool{help=1}}"}, REQUIRED_FLAGS "a", OF_CALLER}}) {
-        SCOPED_TRACE(row.label);
-        manager().reset();
-        auto const* tool = createTool(row.schema);
-        bool const isOfCaller = row.flags & OF_CALLER;
-        for (auto const* values : isOfCaller ? std::vector{"{tool{a=provided}}"} : row.trees) {
-            provide(values);
-        }
-        auto const result = treeOf(isOfCaller ? row.trees[0] : "{}");
-        auto const thrown = whatOf([&] {
-            isOfCaller ? manager().validateValues(tool, *result, row.flags & ~OF_CALLER)
-                       : manager().getValues("TOOL", *result, row.flags);
-        });
-        EXPECT_EQ(thrown == "<nothing>" ? toText(*result) : thrown, row.outcome);
-        EXPECT_TRUE(thrown == "<nothing>" || isOfCaller || result->getNumberOfItems() == 0);
+TEST_F(ManagerTest, RegistersTheValidatorsOfPlugins) {
+    std::filesystem::copy_file(PLUGIN_NONE, installation.at("plugins/a.so"));
+    std::filesystem::copy_file(PLUGIN_GOOD, installation.at("plugins/b.so"));
+    for (int round = 0; round < 2; ++round, manager().reset()) {
+        EXPECT_EQ(manager().getNumberofValidators(), 2u);
+        std::unique_ptr<char[]> const message(manager().getValidator("FROMPLUGIN")->validate("100%"));
+        EXPECT_STREQ(message.get(), "100% is never right");
+        // The plug-in asked for the manager while that was being made, and got it.
+        EXPECT_NE(manager().getEnumDefinition("fromPlugin"), nullptr);
+    }
+    manager().registerDefaultValidators();
+    for (std::string const name : {"storageLocation", "fromPlugin"}) {
+        EXPECT_EQ(whatOf<ConfigurationException>([&] { manager().getValidator(name.c_str()); }),
+                  "Duplicate validator \"" + name + "\"");
     }
 }
-// clang-format on
 
-std::string settings(char const* name) {
-    return toText(*Manager::getInstance()->getValueGroup(name, true, 0).getCurrentValueGroup());
-}
-
-TEST_F(ManagerTest, AddsToAResultAndPassesDisabledProvidersOver) {
-    auto const* tool = createTool("tool{a}");
-    manager().registerProvider(std::make_unique<ApplicationValuesProvider>(0).release());
-    manager().getProvider(0)->setArguments(*treeOf("{tool{a=disabled}}"), 0);
-    provide("{tool{a=2}}");
-    auto const result = treeOf("{other{}}");
-    manager().getValues(tool, *result, 0);
-    EXPECT_EQ(toText(*result), "?{other?{} tool{a=2}}");
-}
-
-TEST_F(ManagerTest, KeepsTheSettingsOfASpecificationUnlessTheyAreEmptyOrFailed) {
-    createTool("tool{a u?* b?=1}");
-    auto const required = [] { return whatOf<ConfigurationException>([] { settings("Tool"); }); };
-    EXPECT_EQ(required(), "The \"Tool\" group was not found");
-    EXPECT_TRUE(manager().getValueGroup("tool", false, 0).isNull());
-    EXPECT_FALSE(manager().getValueGroupIterator("tool", 0).next());
-    provide("{tool{zzz=1}}");
-    EXPECT_EQ(whatOf([] { manager().getValueGroup("tool", false, STRICT_RECOGNITION); }),
-              "\"zzz\" is not a recognized parameter");
-    provide("{tool{a=7 u=x,y}}");
-    EXPECT_EQ(settings("tool"), "tool{a=7 u=x,y b*=1}");
-
-    provide("{tool{a=1}}", -1);
-    manager().loadConfigurationFile(installation.write("other.xml", "<tool a=\"2\"/>").c_str());
-    manager().enableConfiguration(false, nullptr, 3, nullptr); // without arguments, whatever their number
-    EXPECT_EQ(settings("TOOL"), "tool{a=7 u=x,y b*=1}");
-    EXPECT_EQ(manager().getNumberOfProviders(), 0u);
-    manager().registerSpecification(std::make_unique<Specification>("TOOL", "").release());
-    EXPECT_EQ(required(), "Duplicate specification \"Tool\""); // though it is kept
-    manager().reset();
-    EXPECT_EQ(required(), "Specification \"Tool\" was not found");
-    createTool("tool?{d?=1}");
-    EXPECT_EQ(settings("tool"), "tool{d*=1}");
-}
-
-TEST_F(ManagerTest, IteratesOverARepeatedRootGroup) {
-    createTool("tool*{a}");
-    provide("{tool{a=1} tool{a=2}}");
-    auto iterator = manager().getValueGroupIterator("TOOL", 0);
-    EXPECT_TRUE(iterator.next() && iterator.next());
-    EXPECT_STREQ(iterator.getValue("a").asString(), "2");
-}
-
-TEST_F(ManagerTest, TheApplicationsValuesWin) {
-    createTool("tool{a u?*}");
-    provide("{tool{a=1 u=x}}");
-    auto const values = treeOf("{tool{a=2 u=y}}");
-    manager().setApplicationValues(*values, 0);
-    values->addValue("later", "1");
-    EXPECT_EQ(settings("tool"), "tool{a=2 u=y,x}");
+TEST_F(ManagerTest, KeepsTheApplicationsProvider) {
+    manager().setApplicationValues(*treeOf("{}"), 0);
     auto const* provider = manager().getProvider(0);
     EXPECT_EQ(provider->getName(), Manager::APPLICATION_PROVIDER_NAME);
-    EXPECT_EQ(provider->getPriority(), 0);
-    manager().setApplicationValues(*treeOf("{tool{u=z}}"), 0);
+    auto const values = treeOf("{tool{u=z}}");
+    manager().setApplicationValues(*values, 0);
+    values->addValue("later", "1");
     EXPECT_EQ(manager().getProvider(0), provider);
-    EXPECT_EQ(manager().getNumberOfProviders(), 2u);
-    EXPECT_EQ(settings("tool"), "tool{u=z,x a=1}");
-    manager().setApplicationValues(*treeOf("{}"), 0);
-    EXPECT_EQ(settings("tool"), "tool{a=1 u=x}");
+    EXPECT_EQ(toText(provider->getDataCache()), "?{tool?{u?=z}}");
 }
 
 } // namespace
