@@ -4,6 +4,7 @@
 #include <configuration/ValueGroup.h>
 
 #include "schema/NameComparison.h"
+#include "support/CaseFile.h"
 #include "support/Exceptions.h"
 #include "support/Latin1Locale.h"
 #include "support/Notation.h"
@@ -33,20 +34,12 @@ std::string numbersOf(ParameterValue const& value) {
 
 TEST(ParameterValue, AnEntryWithoutATextReadsAsTheParameterSays) {
     Items items;
-    for (auto const& [parameter, readings] : {
-             // without and with the default, and as numbers
-             std::pair("flag:bool=1", "<none> <none> / 0 0 0 false"),
-             {"number:int=8", "<none> <none> / 0 0 0 false"},
-             {"flag:bool?=0", "1 1 / 1 1 1 true"}, // whatever the default
-             {"number:int?=8", "<none> 8 / 8 8 8 true"},
-             {"text?=%s", "<none> %s / 0 0 0 true"},
-             {"text?=", "<none>  / 0 0 0 false"},
-         }) {
-        ParameterValue const absent(items.parameter(parameter), nullptr);
-        auto const withoutDefault = textsOf(absent);
+    checkCases("values/absent-texts.txt", [&](FileCase const& row) {
+        ParameterValue const absent(items.parameter(row["case"]), nullptr);
+        auto const withDefault = textsOf(absent);
         char const* const text = absent.getValue(0, false);
-        EXPECT_EQ(withoutDefault + " " + (text ? text : "<none>") + " / " + numbersOf(absent), readings) << parameter;
-    }
+        return withDefault + " " + (text ? text : "<none>") + " / " + numbersOf(absent) + "\n";
+    });
     auto* group = items.group("g{flag:bool?}");
     auto const tree = treeOf("root{flag=<none>,<none>}", *group);
     auto& flags = *tree->getValue("flag");
@@ -59,15 +52,9 @@ TEST(ParameterValue, AnEntryWithoutATextReadsAsTheParameterSays) {
 
 TEST(ParameterValue, ConvertsTextsLenientlyInEveryLocale) {
     Latin1Locale const locale;
-    // clang-format off
-    for (auto const& [text, numbers] : std::vector<std::pair<char const*, char const*>>{
-        {"", "0 0 0 false"}, {" ", "0 0 0 true"}, {"12abc", "12 12 12 true"}, {" \t-7", "-7 4294967289 -7 true"},
-        {" -00", "0 0 -0 false"}, {"0 ", "0 0 0 true"}, {"fALSE", "0 0 0 false"}, {"0x10", "0 0 16 true"},
-        {"2.5", "2 2 2.5 true"}, {"0,5", "0 0 0 true"}, {"1e3x", "1 1 1000 true"}, {"4294967296", "0 0 4294967296 false"},
-        {"4294967295", "-1 4294967295 4294967295 true"}, {"99999999999999999999", "-1 4294967295 1e+20 true"}}) {
-        EXPECT_EQ(numbersOf(ParameterValue("unbound", text)), numbers) << text;
-    }
-    // clang-format on
+    checkCases("values/numbers.txt", [](FileCase const& row) {
+        return numbersOf(ParameterValue("unbound", unescaped(row["case"]).c_str())) + "\n";
+    });
 }
 
 TEST(ParameterValue, ALabelReadsAsItsNumber) {
@@ -213,22 +200,22 @@ TEST(ParameterValueGroup, OutlivesTheSchemaThatItsItemsWereBoundTo) {
 }
 
 TEST(ParameterValueGroup, IsWalkedThroughTheItemsOfTheStart) {
-    auto const walkWith = [](bool isMutator, char const* event, auto change) {
+    checkCases("values/walks.txt", [](FileCase const& row) {
         auto const root = treeOf("root{a=1 in{b=<none>} c=3}");
-        return walkLog(*root, {.decline = "no", .at = event, .action = [&] { change(*root); }, .isMutator = isMutator});
-    };
-    auto const add = [](Group& root) { root.addItem(treeOf("no{d=1}").release()); };
-    auto const moveC = [](Group& root) {
-        std::unique_ptr<Item> c(root.getItem("c"));
-        root.removeItem("c");
-        static_cast<Group*>(root.getItem("in"))->addItem(c.release());
-    };
-    for (bool const isMutator : {false, true}) {
-        EXPECT_EQ(walkWith(isMutator, "<root", add), "<root a=1 <in b=<none> >in c=3 <no >root");
-        EXPECT_EQ(walkWith(isMutator, "c=3", add), "<root a=1 <in b=<none> >in c=3 >root");
-    }
-    EXPECT_EQ(walkWith(true, "a=1", moveC), "<root a=1 <in b=<none> c=3 >in c=3 >root"); // as it was at the start
-    EXPECT_EQ(walkWith(false, "a=1", moveC), "<root a=1 <in b=<none> c=3 >in >root");
+        auto const change = [&] {
+            if (row["change"] == "add") {
+                root->addItem(treeOf("no{d=1}").release());
+            } else {
+                std::unique_ptr<Item> c(root->getItem("c"));
+                root->removeItem("c");
+                static_cast<Group*>(root->getItem("in"))->addItem(c.release());
+            }
+        };
+        auto const walk = [&](bool isMutator) {
+            return walkLog(*root, {.decline = "no", .at = row["at"], .action = change, .isMutator = isMutator});
+        };
+        return walk(row["visitor"] == "mutator") + "\n";
+    });
 }
 
 // A text holds the whole condition: one row for each place that checks one.
