@@ -1,7 +1,5 @@
-#include <configuration/ContractViolationException.h>
 #include <configuration/ParameterEnumDefinition.h>
 #include <configuration/ParameterEnumValue.h>
-#include <configuration/ValueGroup.h>
 
 #include "schema/NameComparison.h"
 #include "support/CaseFile.h"
@@ -216,36 +214,6 @@ TEST(ParameterValueGroup, IsWalkedThroughTheItemsOfTheStart) {
         };
         return walk(row["visitor"] == "mutator") + "\n";
     });
-}
-
-// A text holds the whole condition: one row for each place that checks one.
-TEST(ValuesContract, ThrowsWithTheConditionAndChangesNothing) {
-    constexpr char const* none = nullptr;
-    using G = Group&;
-    using Row = std::pair<char const*, void (*)(Group&)>;
-    for (auto const& [condition, call] : {
-             Row{"index < mValues.size()", [](G g) { g.getValue("a")->getDoubleValue(1); }},
-             Row{"mParameter != 0", [](G g) { g.getValue("a")->getValueType(); }},
-             Row{"parameterItem != 0", [](G g) { ValueItemUtil().assignParameterItem(*g.getItem("a"), nullptr); }},
-             Row{"parameterItemId != 0 && *parameterItemId != '\\0'",
-                 [](G g) { ValueItemUtil().setParameterItemId(*g.getItem("a"), ""); }},
-             Row{"mParameterItem != 0", [](G) { ParameterValue(static_cast<Parameter*>(nullptr), "1"); }},
-             Row{"item != 0", [](G g) { g.addItem(nullptr); }},
-             Row{"index < getNumberOfItems()", [](G g) { g.getItem(3); }},
-             Row{"parameterItemId != 0", [](G g) { g.getItem(none); }},
-             Row{"name != 0 && strlen(name) > 0", [](G g) { g.getValue(none); }},
-             Row{"parameter != 0", [](G g) { g.getValue(static_cast<Parameter*>(nullptr)); }},
-             Row{"index < mItems.size()", [](G g) { g.removeItem(3ul); }},
-             Row{"mValue->getParameterItem() != 0", [](G g) { ValueGroup(&g).getValue("list"); }},
-             Row{"mValue->getNumberOfValues() == 1", [](G g) { ValueGroup(&g).getValue("bound"); }},
-             Row{"!mValueGroup || mValueGroup->getItemType() == ParameterValueGroup::PARAMETER_VALUE_GROUP",
-                 [](G g) { ValueGroup(&g).getValueGroup("a"); }},
-         }) {
-        Items items;
-        auto const group = treeOf("root{a=1 list=1,2 bound=1,2}", *items.group("g{bound}"));
-        auto const thrown = whatOf<kivo::ContractViolationException>([&, refused = call] { refused(*group); });
-        EXPECT_EQ(thrown + toText(*group), contractText(condition) + "root?{a?=1 list?=1,2 bound=1,2}");
-    }
 }
 
 } // namespace
