@@ -113,7 +113,7 @@ TEST_F(FactoriesTest, ValidatorsCheckEveryTextOfAValue) {
     for (auto const& [id, faults] : {std::pair("two", 2), {"none", 1}}) { // the default's
         std::unique_ptr<char[]> const message(manager().getValidator("storageLocation")->validate(*tree->getValue(id)));
         std::string const fault = "Value is not properly formatted\n";
-        EXPECT_EQ(message.get(), faults == 2 ? fault + fault : fault);
+        EXPECT_STREQ(message.get(), (faults == 2 ? fault + fault : fault).c_str());
     }
 }
 
