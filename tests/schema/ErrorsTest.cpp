@@ -1,9 +1,11 @@
 #include <configuration/ConfigurationParameterException.h>
 #include <configuration/ContractViolationException.h>
 #include <configuration/ParameterSpecialization.h>
+#include <configuration/ValueGroup.h>
 
 #include "support/Exceptions.h"
 #include "support/WalkLog.h"
+#include "values/ValueItemUtil.h"
 
 #include <gtest/gtest.h>
 
@@ -51,14 +53,16 @@ struct Subjects {
     ParameterErrors errors;
     ParameterGroup* group = items.group("g{a}");
     Parameter* parameter = static_cast<Parameter*>(group->getItem(0ul));
+    std::unique_ptr<ParameterValueGroup> tree = treeOf("root{a=1 list=1,2 bound=1,2}", *items.group("g{bound}"));
 
     void set(char const* name, char const* text) { parameter->addValidatorConfigurationParameterValue(name, text); }
 };
 
 auto const addErrorUnchecked = &ParameterErrors::addError; // the compiler does not know this format
 
-// A text holds the whole condition.
-TEST(SchemaContract, ThrowsWithTheConditionAndChangesNothing) {
+// A text holds the whole condition: one row for each place that checks one.
+TEST(Contract, ThrowsWithTheConditionAndChangesNothing) {
+    constexpr char const* none = nullptr;
     using S = Subjects&;
     using Row = std::pair<char const*, void (*)(Subjects&)>;
     for (auto const& [condition, call] : {
@@ -74,11 +78,29 @@ TEST(SchemaContract, ThrowsWithTheConditionAndChangesNothing) {
              Row{"id != 0", [](S s) { s.group->getItem(nullptr, true); }},
              Row{"index < getNumberOfItems()", [](S s) { s.group->getItem(1); }},
              Row{"description != 0", [](S) { Specification const made("x", nullptr); }},
+             Row{"index < mValues.size()", [](S s) { s.tree->getValue("a")->getDoubleValue(1); }},
+             Row{"mParameter != 0", [](S s) { s.tree->getValue("a")->getValueType(); }},
+             Row{"parameterItem != 0",
+                 [](S s) { ValueItemUtil().assignParameterItem(*s.tree->getItem("a"), nullptr); }},
+             Row{"parameterItemId != 0 && *parameterItemId != '\\0'",
+                 [](S s) { ValueItemUtil().setParameterItemId(*s.tree->getItem("a"), ""); }},
+             Row{"mParameterItem != 0", [](S) { ParameterValue(static_cast<Parameter*>(nullptr), "1"); }},
+             Row{"item != 0", [](S s) { s.tree->addItem(nullptr); }},
+             Row{"index < getNumberOfItems()", [](S s) { s.tree->getItem(3); }},
+             Row{"parameterItemId != 0", [](S s) { s.tree->getItem(none); }},
+             Row{"name != 0 && strlen(name) > 0", [](S s) { s.tree->getValue(none); }},
+             Row{"parameter != 0", [](S s) { s.tree->getValue(static_cast<Parameter*>(nullptr)); }},
+             Row{"index < mItems.size()", [](S s) { s.tree->removeItem(3ul); }},
+             Row{"mValue->getParameterItem() != 0", [](S s) { ValueGroup(s.tree.get()).getValue("list"); }},
+             Row{"mValue->getNumberOfValues() == 1", [](S s) { ValueGroup(s.tree.get()).getValue("bound"); }},
+             Row{"!mValueGroup || mValueGroup->getItemType() == ParameterValueGroup::PARAMETER_VALUE_GROUP",
+                 [](S s) { ValueGroup(s.tree.get()).getValueGroup("a"); }},
          }) {
         Subjects subjects;
         auto const thrown = whatOf<kivo::ContractViolationException>([&, refused = call] { refused(subjects); });
         EXPECT_EQ(thrown, contractText(condition));
         EXPECT_EQ(walkLog(*subjects.group) + composeMessage(subjects.errors), "<g a >gNo errors were detected");
+        EXPECT_EQ(toText(*subjects.tree), "root?{a?=1 list?=1,2 bound=1,2}");
         EXPECT_EQ(subjects.parameter->getValidatorConfiguration(), nullptr);
     }
 }

@@ -38,8 +38,6 @@ Node takeNode(std::string_view& rest) {
     return node;
 }
 
-Node nodeOf(std::string_view text) { return takeNode(text); }
-
 Parameter::ValueType typeOf(std::string const& word) {
     static std::vector<std::string> const words{"bool", "string", "int", "uint", "double", "oid", "enum"};
     auto const found = std::ranges::find(words, word.empty() ? "string" : word);
@@ -113,7 +111,7 @@ std::unique_ptr<ParameterValueGroup> treeFrom(Node const& node, ParameterGroup c
 
 } // namespace
 
-ParameterItem* Items::item(std::string_view text) { return makeItem(nodeOf(text), mItems); }
+ParameterItem* Items::item(std::string_view text) { return makeItem(takeNode(text), mItems); }
 
 Parameter* Items::parameter(std::string_view text) { return static_cast<Parameter*>(item(text)); }
 
@@ -121,7 +119,7 @@ ParameterGroup* Items::group(std::string_view text) { return static_cast<Paramet
 
 ParameterItem* createItem(std::string_view text) {
     std::vector<std::unique_ptr<ParameterItem>> items;
-    auto* made = makeItem(nodeOf(text), items);
+    auto* made = makeItem(takeNode(text), items);
     for (auto& item : items) {
         Manager::getInstance()->addParameterItem(item.release());
     }
@@ -139,11 +137,11 @@ Specification* createTool(std::string_view text, Padding const& padding) {
 }
 
 std::unique_ptr<ParameterValueGroup> treeOf(std::string_view text, Padding const& padding) {
-    return treeFrom(nodeOf(text), nullptr, padding.values);
+    return treeFrom(takeNode(text), nullptr, padding.values);
 }
 
 std::unique_ptr<ParameterValueGroup> treeOf(std::string_view text, ParameterGroup const& schema) {
-    return treeFrom(nodeOf(text), &schema);
+    return treeFrom(takeNode(text), &schema);
 }
 
 std::string idOf(ParameterValueItem const& item) {

@@ -23,7 +23,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <vector>
 
 namespace kivo::test {
@@ -61,15 +60,5 @@ std::string toText(configuration::ParameterValueItem const& item);
 std::string textsOf(configuration::ParameterValue const& value);
 /// The id of a node, empty when it has none.
 std::string idOf(configuration::ParameterValueItem const& item);
-
-/// Name a case by its row; one of a row and a padding also by its size.
-struct Label {
-    std::string operator()(auto const& row) const { return row.param.label; }
-};
-struct SizedLabel {
-    std::string operator()(auto const& row) const {
-        return std::get<0>(row.param).label + std::string(std::get<1>(row.param).schema > 0 ? "Large" : "Small");
-    }
-};
 
 } // namespace kivo::test

@@ -1,9 +1,8 @@
-#include <configuration/ContractViolationException.h>
 #include <configuration/ParameterEnumDefinition.h>
 #include <configuration/ParameterEnumValue.h>
-#include <configuration/ValueGroup.h>
 
 #include "schema/NameComparison.h"
+#include "support/CaseFile.h"
 #include "support/Exceptions.h"
 #include "support/Latin1Locale.h"
 #include "support/Notation.h"
@@ -33,20 +32,12 @@ std::string numbersOf(ParameterValue const& value) {
 
 TEST(ParameterValue, AnEntryWithoutATextReadsAsTheParameterSays) {
     Items items;
-    for (auto const& [parameter, readings] : {
-             // without and with the default, and as numbers
-             std::pair("flag:bool=1", "<none> <none> / 0 0 0 false"),
-             {"number:int=8", "<none> <none> / 0 0 0 false"},
-             {"flag:bool?=0", "1 1 / 1 1 1 true"}, // whatever the default
-             {"number:int?=8", "<none> 8 / 8 8 8 true"},
-             {"text?=%s", "<none> %s / 0 0 0 true"},
-             {"text?=", "<none>  / 0 0 0 false"},
-         }) {
-        ParameterValue const absent(items.parameter(parameter), nullptr);
-        auto const withoutDefault = textsOf(absent);
+    checkCases("values/absent-texts.txt", [&](FileCase const& row) {
+        ParameterValue const absent(items.parameter(row["case"]), nullptr);
+        auto const withDefault = textsOf(absent);
         char const* const text = absent.getValue(0, false);
-        EXPECT_EQ(withoutDefault + " " + (text ? text : "<none>") + " / " + numbersOf(absent), readings) << parameter;
-    }
+        return withDefault + " " + (text ? text : "<none>") + " / " + numbersOf(absent) + "\n";
+    });
     auto* group = items.group("g{flag:bool?}");
     auto const tree = treeOf("root{flag=<none>,<none>}", *group);
     auto& flags = *tree->getValue("flag");
@@ -59,15 +50,9 @@ TEST(ParameterValue, AnEntryWithoutATextReadsAsTheParameterSays) {
 
 TEST(ParameterValue, ConvertsTextsLenientlyInEveryLocale) {
     Latin1Locale const locale;
-    // clang-format off
-    for (auto const& [text, numbers] : std::vector<std::pair<char const*, char const*>>{
-        {"", "0 0 0 false"}, {" ", "0 0 0 true"}, {"12abc", "12 12 12 true"}, {" \t-7", "-7 4294967289 -7 true"},
-        {" -00", "0 0 -0 false"}, {"0 ", "0 0 0 true"}, {"fALSE", "0 0 0 false"}, {"0x10", "0 0 16 true"},
-        {"2.5", "2 2 2.5 true"}, {"0,5", "0 0 0 true"}, {"1e3x", "1 1 1000 true"}, {"4294967296", "0 0 4294967296 false"},
-        {"4294967295", "-1 4294967295 4294967295 true"}, {"99999999999999999999", "-1 4294967295 1e+20 true"}}) {
-        EXPECT_EQ(numbersOf(ParameterValue("unbound", text)), numbers) << text;
-    }
-    // clang-format on
+    checkCases("values/numbers.txt", [](FileCase const& row) {
+        return numbersOf(ParameterValue("unbound", unescaped(row["case"]).c_str())) + "\n";
+    });
 }
 
 TEST(ParameterValue, ALabelReadsAsItsNumber) {
@@ -213,52 +198,22 @@ TEST(ParameterValueGroup, OutlivesTheSchemaThatItsItemsWereBoundTo) {
 }
 
 TEST(ParameterValueGroup, IsWalkedThroughTheItemsOfTheStart) {
-    auto const walkWith = [](bool isMutator, char const* event, auto change) {
+    checkCases("values/walks.txt", [](FileCase const& row) {
         auto const root = treeOf("root{a=1 in{b=<none>} c=3}");
-        return walkLog(*root, {.decline = "no", .at = event, .action = [&] { change(*root); }, .isMutator = isMutator});
-    };
-    auto const add = [](Group& root) { root.addItem(treeOf("no{d=1}").release()); };
-    auto const moveC = [](Group& root) {
-        std::unique_ptr<Item> c(root.getItem("c"));
-        root.removeItem("c");
-        static_cast<Group*>(root.getItem("in"))->addItem(c.release());
-    };
-    for (bool const isMutator : {false, true}) {
-        EXPECT_EQ(walkWith(isMutator, "<root", add), "<root a=1 <in b=<none> >in c=3 <no >root");
-        EXPECT_EQ(walkWith(isMutator, "c=3", add), "<root a=1 <in b=<none> >in c=3 >root");
-    }
-    EXPECT_EQ(walkWith(true, "a=1", moveC), "<root a=1 <in b=<none> c=3 >in c=3 >root"); // as it was at the start
-    EXPECT_EQ(walkWith(false, "a=1", moveC), "<root a=1 <in b=<none> c=3 >in >root");
-}
-
-// A text holds the whole condition: one row for each place that checks one.
-TEST(ValuesContract, ThrowsWithTheConditionAndChangesNothing) {
-    constexpr char const* none = nullptr;
-    using G = Group&;
-    using Row = std::pair<char const*, void (*)(Group&)>;
-    for (auto const& [condition, call] : {
-             Row{"index < mValues.size()", [](G g) { g.getValue("a")->getDoubleValue(1); }},
-             Row{"mParameter != 0", [](G g) { g.getValue("a")->getValueType(); }},
-             Row{"parameterItem != 0", [](G g) { ValueItemUtil().assignParameterItem(*g.getItem("a"), nullptr); }},
-             Row{"parameterItemId != 0 && *parameterItemId != '\\0'",
-                 [](G g) { ValueItemUtil().setParameterItemId(*g.getItem("a"), ""); }},
-             Row{"mParameterItem != 0", [](G) { ParameterValue(static_cast<Parameter*>(nullptr), "1"); }},
-             Row{"item != 0", [](G g) { g.addItem(nullptr); }},
-             Row{"index < getNumberOfItems()", [](G g) { g.getItem(3); }},
-             Row{"parameterItemId != 0", [](G g) { g.getItem(none); }},
-             Row{"name != 0 && strlen(name) > 0", [](G g) { g.getValue(none); }},
-             Row{"parameter != 0", [](G g) { g.getValue(static_cast<Parameter*>(nullptr)); }},
-             Row{"index < mItems.size()", [](G g) { g.removeItem(3ul); }},
-             Row{"mValue->getParameterItem() != 0", [](G g) { ValueGroup(&g).getValue("list"); }},
-             Row{"mValue->getNumberOfValues() == 1", [](G g) { ValueGroup(&g).getValue("bound"); }},
-             Row{"!mValueGroup || mValueGroup->getItemType() == ParameterValueGroup::PARAMETER_VALUE_GROUP",
-                 [](G g) { ValueGroup(&g).getValueGroup("a"); }},
-         }) {
-        Items items;
-        auto const group = treeOf("root{a=1 list=1,2 bound=1,2}", *items.group("g{bound}"));
-        auto const thrown = whatOf<kivo::ContractViolationException>([&, refused = call] { refused(*group); });
-        EXPECT_EQ(thrown + toText(*group), contractText(condition) + "root?{a?=1 list?=1,2 bound=1,2}");
-    }
+        auto const change = [&] {
+            if (row["change"] == "add") {
+                root->addItem(treeOf("no{d=1}").release());
+            } else {
+                std::unique_ptr<Item> c(root->getItem("c"));
+                root->removeItem("c");
+                static_cast<Group*>(root->getItem("in"))->addItem(c.release());
+            }
+        };
+        auto const walk = [&](bool isMutator) {
+            return walkLog(*root, {.decline = "no", .at = row["at"], .action = change, .isMutator = isMutator});
+        };
+        return walk(row["visitor"] == "mutator") + "\n";
+    });
 }
 
 } // namespace
