@@ -12,6 +12,7 @@
 #include "support/Exceptions.h"
 #include "support/ManagerTest.h"
 #include "support/Notation.h"
+#include "support/Repeat.h"
 #include "text/ParameterItemRepresentationVisitor.h"
 
 #include <gmock/gmock.h>
@@ -169,8 +170,6 @@ TEST_F(LoaderTest, EarlierFilesCanBeReferredTo) {
     EXPECT_EQ(load(P + group("")), "Parameter id \"p\" is not unique");
     EXPECT_EQ(schema("s"), "s/n 'd' {}\n    p/p 'd' :int\n    g/n? 'd' ()\n    g/n? 'd' ()"); // what was there stays
 }
-
-std::string repeat(int count, std::string const& text) { return count > 0 ? text + repeat(count - 1, text) : ""; }
 
 /// Groups each of which refers `references` times to the one before, then to g0, which holds `parameters` of them.
 std::string chainOfGroups(int groups, int references, int parameters = 1) {
