@@ -3,14 +3,13 @@
 #include "support/Exceptions.h"
 #include "support/ManagerTest.h"
 #include "support/Notation.h"
+#include "support/Repeat.h"
 
 #include <configuration/ApplicationValuesProvider.h>
 #include <configuration/CommandLineValueProvider.h>
 #include <configuration/Flags.h>
 #include <configuration/XmlFileValueProvider.h>
 
-#include <algorithm>
-#include <iterator>
 #include <sstream>
 
 namespace kivo::test {
@@ -75,8 +74,7 @@ TEST_F(ProviderTest, IsEnabledUntilItIsResetAndRefusesInputThatItDoesNotTake) {
     EXPECT_FALSE(application.getEnabled());
     application.enableProvider(*values, 0);
     values->addValue("later", "1");
-    auto const file = whatOf([&] { application.enableProvider("x", 0); });
-    EXPECT_EQ(file, "setArguments(const char*) is not supported");
+    EXPECT_EQ(whatOf([&] { application.enableProvider("x", 0); }), "setArguments(const char*) is not supported");
     auto const arguments = whatOf([&] { application.enableProvider(0, nullptr, 0); });
     EXPECT_EQ(arguments, "setArguments(int, const char*) is not supported");
     EXPECT_TRUE(application.getEnabled());
@@ -181,13 +179,8 @@ TEST_F(CommandLineTest, ServesEverySpecificationWithItsArgumentsUntilTheyAreForg
 /// In time that grows with their number, or the test runs for minutes.
 TEST_F(CommandLineTest, TakesVeryManyArguments) {
     auto const* tool = createTool("tool{many* a}");
-    std::vector<std::string> flags;
-    Arguments distinct;
-    for (int i = 0; i < 50'000; ++i) {
-        flags.push_back("-unknown" + std::to_string(i));
-    }
-    std::ranges::transform(flags, std::back_inserter(distinct), &std::string::c_str);
-    set(distinct);
+    FileCase const distinct{{{"arguments", repeat(50'000, "-unknown# ")}}, ""};
+    set(textsOf(distinct, ' '));
     EXPECT_EQ(ask(provider, tool, RESOLVE_FLAG_NAMES), "?{}");
     for (char const* argument : {"-man", "many"}) {
         set(Arguments(100'000, argument));

@@ -50,14 +50,9 @@ public:
 
 private:
     void add(ParameterItem const& item) {
-        text.append(text.empty() ? "" : "\n")
-            .append(indentation)
-            .append(item.getId())
-            .append("/")
-            .append(item.getName())
-            .append(item.isSpecialized() ? "+" : "");
-        text.append(item.isOptional() ? "?" : "").append(item.isUnbounded() ? "*" : "");
-        text.append(" '").append(item.getDescription()).append("'");
+        text += (text.empty() ? "" : "\n") + indentation + item.getId() + "/" + item.getName();
+        text.append(item.isSpecialized() ? "+" : "").append(item.isOptional() ? "?" : "");
+        text.append(item.isUnbounded() ? "*" : "").append(" '").append(item.getDescription()).append("'");
     }
     void add(char const* sign, char const* value) { text += value ? std::string(sign) + value : ""; }
 
