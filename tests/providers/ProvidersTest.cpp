@@ -3,14 +3,13 @@
 #include "support/Exceptions.h"
 #include "support/ManagerTest.h"
 #include "support/Notation.h"
+#include "support/Repeat.h"
 
 #include <configuration/ApplicationValuesProvider.h>
 #include <configuration/CommandLineValueProvider.h>
 #include <configuration/Flags.h>
 #include <configuration/XmlFileValueProvider.h>
 
-#include <algorithm>
-#include <iterator>
 #include <sstream>
 
 namespace kivo::test {
@@ -75,8 +74,7 @@ TEST_F(ProviderTest, IsEnabledUntilItIsResetAndRefusesInputThatItDoesNotTake) {
     EXPECT_FALSE(application.getEnabled());
     application.enableProvider(*values, 0);
     values->addValue("later", "1");
-    auto const file = whatOf([&] { application.enableProvider("x", 0); });
-    EXPECT_EQ(file, "setArguments(const char*) is not supported");
+    EXPECT_EQ(whatOf([&] { application.enableProvider("x", 0); }), "setArguments(const char*) is not supported");
     auto const arguments = whatOf([&] { application.enableProvider(0, nullptr, 0); });
     EXPECT_EQ(arguments, "setArguments(int, const char*) is not supported");
     EXPECT_TRUE(application.getEnabled());
@@ -100,6 +98,20 @@ protected:
         provider.setArguments(static_cast<int>(arguments.size()), arguments.data(), flags);
     }
 
+    /// The arguments of a case; "<none>" stands for one without a text.
+    Arguments textsOf(FileCase const& row, char separator) {
+        texts.clear();
+        std::istringstream stream(row["arguments"]);
+        for (std::string text; std::getline(stream, text, separator);) {
+            texts.push_back(unescaped(text));
+        }
+        Arguments arguments;
+        for (auto const& text : texts) {
+            arguments.push_back(text == "<none>" ? nullptr : text.c_str());
+        }
+        return arguments;
+    }
+
     /// What was parsed.
     std::string parsed() {
         manager().reset();
@@ -107,39 +119,20 @@ protected:
         return cacheOf(provider);
     }
 
+    std::vector<std::string> texts;
     CommandLineValueProvider provider{1};
 };
 
-// clang-format off
 TEST_F(CommandLineTest, TakesArgumentsApartOrKeepsTheEarlierOnes) {
-    struct Row {
-        Arguments arguments;
-        std::string outcome; ///< what is parsed, or what is thrown
-        int flags = 0;
-    };
-    for (auto const& row : {
-        Row{{"-port", "80", "-verbose"}, "?{t?{port?=80 verbose?=<none>}}"},
-        // A value does not begin with a dash, and a blank one is none.
-        Row{{"-level", "-5", " \t-6"}, "?{t?{level?=<none> 5?=<none> 6?=<none>}}"},
-        Row{{"-a", " \n ", "-b", "", "-c", nullptr}, "?{t?{a?=<none> b?=<none> c?=<none>}}"},
-        Row{{"-Tag", "a", "-x", "-tag", "-TAG", "b"}, "?{t?{Tag?=a,<none>,b x?=<none>}}"},
-        Row{{"--port", "1", "---", "-a=b"}, "?{t?{-port?=1 --?=<none> a=b?=<none>}}"},
-        Row{{"word", "-a", "b", "c", "word"}, "?{t?{word?=<none>,<none> a?=b c?=<none>}}"},
-        Row{{"\r\n-a b\v", "\f c d\t", "- e"}, "?{t?{a b?=c d  e?=<none>}}"},
-        Row{{"-\xff\x80%s", "\xc3(%n", "-a\nb", "\x01"}, "?{t?{\xff\x80%s?=\xc3(%n a\nb?=\x01}}"},
-
-        Row{{"-a", " -  "}, "A command line parameter cannot be empty", STRICT_RECOGNITION},
-        Row{{"value", " \t"}, contractText("parameterItemId != 0 && *parameterItemId != '\\0'")},
-        Row{{""}, "The \"\" command line argument is not recognized", STRICT_RECOGNITION},
-        Row{{"-a", "b", " c%s d "}, "The \"c%s d\" command line argument is not recognized",
-            STRICT_RECOGNITION | RESOLVE_FLAG_NAMES}}) {
+    checkCases("providers/command-line.txt", [this](FileCase const& row) {
         set({"-kept"});
-        auto const thrown = whatOf([&] { set(row.arguments, row.flags); });
-        EXPECT_EQ(thrown == "<nothing>" ? parsed() : thrown, row.outcome);
+        auto const thrown = whatOf([&] { set(textsOf(row, '\n'), flagsOf(row)); });
         EXPECT_TRUE(thrown == "<nothing>" || parsed() == "?{t?{kept?=<none>}}");
-    }
+        return lines({thrown == "<nothing>" ? parsed() : thrown});
+    });
+    set({"-\xff\x80%s", "\xc3(%n", "-a\nb", "\x01"});
+    EXPECT_EQ(parsed(), "?{t?{\xff\x80%s?=\xc3(%n a\nb?=\x01}}");
 }
-// clang-format on
 
 /// Small specifications are walked, large ones searched by index.
 TEST_F(CommandLineTest, ResolvesTheNamesOfFlags) {
@@ -148,10 +141,7 @@ TEST_F(CommandLineTest, ResolvesTheNamesOfFlags) {
         checkCases("providers/flag-names.txt", [&](FileCase const& row) {
             manager().reset();
             auto const* tool = createTool(row["schema"], {.schema = padding});
-            std::istringstream texts(row["arguments"]);
-            std::vector<std::string> const words(std::istream_iterator<std::string>(texts), {});
-            Arguments arguments;
-            std::ranges::transform(words, std::back_inserter(arguments), &std::string::c_str);
+            auto const arguments = textsOf(row, ' ');
             set(arguments);
             auto const given = ask(provider, tool, flagsOf(row));
             EXPECT_TRUE(provider.removeParameter(tool, arguments[0] + 1)); // as it was typed
@@ -189,13 +179,8 @@ TEST_F(CommandLineTest, ServesEverySpecificationWithItsArgumentsUntilTheyAreForg
 /// In time that grows with their number, or the test runs for minutes.
 TEST_F(CommandLineTest, TakesVeryManyArguments) {
     auto const* tool = createTool("tool{many* a}");
-    std::vector<std::string> flags;
-    Arguments distinct;
-    for (int i = 0; i < 50'000; ++i) {
-        flags.push_back("-unknown" + std::to_string(i));
-    }
-    std::ranges::transform(flags, std::back_inserter(distinct), &std::string::c_str);
-    set(distinct);
+    FileCase const distinct{{{"arguments", repeat(50'000, "-unknown# ")}}, ""};
+    set(textsOf(distinct, ' '));
     EXPECT_EQ(ask(provider, tool, RESOLVE_FLAG_NAMES), "?{}");
     for (char const* argument : {"-man", "many"}) {
         set(Arguments(100'000, argument));

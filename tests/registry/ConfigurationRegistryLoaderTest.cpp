@@ -12,6 +12,7 @@
 #include "support/Exceptions.h"
 #include "support/ManagerTest.h"
 #include "support/Notation.h"
+#include "support/Repeat.h"
 #include "text/ParameterItemRepresentationVisitor.h"
 
 #include <gmock/gmock.h>
@@ -49,14 +50,9 @@ public:
 
 private:
     void add(ParameterItem const& item) {
-        text.append(text.empty() ? "" : "\n")
-            .append(indentation)
-            .append(item.getId())
-            .append("/")
-            .append(item.getName())
-            .append(item.isSpecialized() ? "+" : "");
-        text.append(item.isOptional() ? "?" : "").append(item.isUnbounded() ? "*" : "");
-        text.append(" '").append(item.getDescription()).append("'");
+        text += (text.empty() ? "" : "\n") + indentation + item.getId() + "/" + item.getName();
+        text.append(item.isSpecialized() ? "+" : "").append(item.isOptional() ? "?" : "");
+        text.append(item.isUnbounded() ? "*" : "").append(" '").append(item.getDescription()).append("'");
     }
     void add(char const* sign, char const* value) { text += value ? std::string(sign) + value : ""; }
 
@@ -169,8 +165,6 @@ TEST_F(LoaderTest, EarlierFilesCanBeReferredTo) {
     EXPECT_EQ(load(P + group("")), "Parameter id \"p\" is not unique");
     EXPECT_EQ(schema("s"), "s/n 'd' {}\n    p/p 'd' :int\n    g/n? 'd' ()\n    g/n? 'd' ()"); // what was there stays
 }
-
-std::string repeat(int count, std::string const& text) { return count > 0 ? text + repeat(count - 1, text) : ""; }
 
 /// Groups each of which refers `references` times to the one before, then to g0, which holds `parameters` of them.
 std::string chainOfGroups(int groups, int references, int parameters = 1) {

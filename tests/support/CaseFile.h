@@ -12,8 +12,8 @@
 //     > "q" is not a recognized parameter       what is expected
 //     > "q" is not a recognized parameter
 //
-// A line that ends with spaces has a bar after them. "\n", "\r" and "\t" stand for themselves where unescaped() is
-// used.
+// A line that ends with spaces has a bar after them. Where unescaped() is used, "\n", "\r", "\t", "\\" and "\x" with
+// two hexadecimal digits stand for bytes.
 
 #include <gtest/gtest.h>
 
@@ -21,7 +21,6 @@
 #include <fstream>
 #include <functional>
 #include <map>
-#include <regex>
 #include <string>
 #include <vector>
 
@@ -71,11 +70,20 @@ inline void checkCases(std::string const& path, std::function<std::string(FileCa
     }
 }
 
-inline std::string unescaped(std::string text) {
-    for (auto const& [escape, character] : {std::pair{"\\\\n", "\n"}, {"\\\\r", "\r"}, {"\\\\t", "\t"}}) {
-        text = std::regex_replace(text, std::regex(escape), character);
+inline std::string unescaped(std::string const& text) {
+    static std::map<char, char> const CONTROLS{{'n', '\n'}, {'r', '\r'}, {'t', '\t'}};
+    std::string result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\\') {
+            result += text[i];
+        } else if (text.at(++i) == 'x') {
+            result += static_cast<char>(std::stoi(text.substr(i + 1, 2), nullptr, 16));
+            i += 2;
+        } else {
+            result += CONTROLS.contains(text[i]) ? CONTROLS.at(text[i]) : text[i];
+        }
     }
-    return text;
+    return result;
 }
 
 /// Those of some texts that are not empty, each as a line.
