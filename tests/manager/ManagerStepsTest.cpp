@@ -11,6 +11,7 @@
 #include "support/ManagerTest.h"
 #include "support/Notation.h"
 
+#include <regex>
 #include <sstream>
 
 namespace kivo::test {
