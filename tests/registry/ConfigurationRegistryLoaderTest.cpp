@@ -23,9 +23,7 @@ using namespace configuration;
 
 namespace {
 
-/// Writes a schema with a line for each item: its id, its name after "/", "+" when it is specialized, "?" optional, "*"
-/// unbounded, its description in quotes; then "~" for a hidden parameter, its type, default, value name, validator and
-/// enumeration, or "{}" for a container, "()" for a group constraint, "[]" for an exclusive one, and the items below.
+/// Writes a schema as registry/every-element.txt shows it.
 class SchemaText final : public ParameterVisitor {
 public:
     bool visitGroupStart(ParameterGroup const& group) override {

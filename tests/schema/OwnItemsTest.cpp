@@ -71,14 +71,13 @@ struct OwnItems : ManagerTest {
 };
 
 TEST_F(OwnItems, RegistryFilesCannotReferToThem) {
+    own<OwnItem>("p", PARAMETER);
+    own<OwnItem>("g", GROUP);
     for (auto const& [element, fault] : {std::pair("ParameterRef id='p'", "Parameter \"p\" was not found"),
                                          {"GroupRef id='g'", "Group\"g\" was not found"}}) {
-        manager().reset();
-        own<OwnItem>("p", PARAMETER);
-        own<OwnItem>("g", GROUP);
-        auto const file = installation.write(
-            "f.crg", std::string("<ConfigurationRegistry><Groups><Group id='o' name='o' description='d'><") + element +
-                         "/></Group></Groups></ConfigurationRegistry>");
+        auto const group = "<Group id='" + std::string(fault) + "' name='n' description='d'><" + element + "/></Group>";
+        auto const file = installation.write("f.crg", "<ConfigurationRegistry><Groups>" + group +
+                                                          "</Groups></ConfigurationRegistry>");
         EXPECT_EQ(whatOf([&] { ConfigurationRegistryLoader().loadFile(file.c_str()); }), fault);
     }
 }

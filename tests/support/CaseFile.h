@@ -1,19 +1,6 @@
 #pragma once
 
-// Cases as a data file below tests/data, for tables whose texts are long:
-//
-//     # A comment.
-//     schema: tool{p}                           a field of all cases from here on, since it belongs to none
-//
-//     case: a value that is unknown, twice      a case ends at an empty line
-//     trees:                                    a field of several lines is indented
-//         {tool{q=1}}
-//         {tool{q=2}}
-//     > "q" is not a recognized parameter       what is expected
-//     > "q" is not a recognized parameter
-//
-// A line that ends with spaces has a bar after them. Where unescaped() is used, "\n", "\r", "\t", "\\" and "\x" with
-// two hexadecimal digits stand for bytes.
+// Cases as a data file below tests/data; README.md there says how it is written.
 
 #include <gtest/gtest.h>
 

@@ -1,18 +1,6 @@
 #pragma once
 
-// Schemas and value trees as one line of text, so that a case is a row of texts:
-//
-//     auto* specification = createTool("tool?{a b/name:int?=7 file<path> u?* h~ in*{c} con(d) choice?[x y]}");
-//     auto values = treeOf("{tool{a=1 u=1,2 in{c=<none>}}}");
-//     EXPECT_EQ(toText(*values), "?{tool?{a?=1 u?=1,2 in?{c?=<none>}}}");
-//
-// An item of a schema is its id, then, where they differ from the usual, its name after "/", its type after ":"
-// (string else), its value name in "<>", "?" when it is optional, "*" unbounded, "~" hidden, the name of its validator
-// after "!", and a default after "=". A group's items stand in "{}" for a container, "()" for a group constraint, "[]"
-// for a mutually exclusive one.
-//
-// A node of a tree is its id and texts ("<none>" for an entry without a text), or its id and children in "{}". In what
-// toText() shows, "?" follows a node that is not bound, and "*" a default; texts are read without defaults.
+// Schemas and value trees as one line of text, in the notation of tests/data/README.md: a case is a row of texts.
 
 #include <configuration/Parameter.h>
 #include <configuration/ParameterGroup.h>

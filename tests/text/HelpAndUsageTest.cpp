@@ -8,7 +8,6 @@
 
 #include <configuration/ApplicationValuesProvider.h>
 
-#include <algorithm>
 #include <climits>
 #include <cstring>
 #include <sstream>

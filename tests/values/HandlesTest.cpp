@@ -41,14 +41,13 @@ std::string typesTaking(auto write, auto given, std::string const& text, auto re
 
 TEST(Value, EachAccessorTakesItsTypesOnly) {
     Latin1Locale const locale;
-    using V = Value;
     // clang-format off
-    EXPECT_EQ(typesTaking(&V::setBoolean, false, "0", &V::asBoolean, false, "BOOLEAN_PARAMETER"), "bool ");
-    EXPECT_EQ(typesTaking(&V::setString, "%s", "%s", &V::asString, testing::StrEq("%s"), "STRING_PARAMETER"), "string ");
-    EXPECT_EQ(typesTaking(&V::setInteger, -2147483647, "-2147483647", &V::asInteger, -2147483647,
+    EXPECT_EQ(typesTaking(&Value::setBoolean, false, "0", &Value::asBoolean, false, "BOOLEAN_PARAMETER"), "bool ");
+    EXPECT_EQ(typesTaking(&Value::setString, "%s", "%s", &Value::asString, testing::StrEq("%s"), "STRING_PARAMETER"), "string ");
+    EXPECT_EQ(typesTaking(&Value::setInteger, -2147483647, "-2147483647", &Value::asInteger, -2147483647,
         "INT_PARAMETER || mValue->getValueType() == Parameter::ENUM_PARAMETER"), "int enum ");
-    EXPECT_EQ(typesTaking(&V::setUnsignedInteger, ~0u, "4294967295", &V::asUnsignedInteger, ~0u, "UINT_PARAMETER"), "uint ");
-    EXPECT_EQ(typesTaking(&V::setDouble, 2.5e6, "2.5e+06", &V::asDouble, 2.5e6, "DOUBLE_PARAMETER"), "double ");
+    EXPECT_EQ(typesTaking(&Value::setUnsignedInteger, ~0u, "4294967295", &Value::asUnsignedInteger, ~0u, "UINT_PARAMETER"), "uint ");
+    EXPECT_EQ(typesTaking(&Value::setDouble, 2.5e6, "2.5e+06", &Value::asDouble, 2.5e6, "DOUBLE_PARAMETER"), "double ");
     // clang-format on
 }
 

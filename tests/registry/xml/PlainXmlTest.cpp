@@ -73,7 +73,6 @@ TEST_F(BorderTest, OfSizes) {
     EXPECT_EQ(readFile(file), "r[]()");
 }
 
-/// Files that the project comes with.
 TEST_F(BorderTest, AllFilesAreReadAlikeAndTheExamplesArePlain) {
     int count = 0;
     for (char const* folder : {"etc", "examples", "docs", "fuzz/corpus", "tests"}) {
