@@ -87,7 +87,7 @@ private:
         Position head; // the first node of the key
     };
 
-    /// As small as it gets: the index of a large list competes with the items for the cache.
+    /// An item with its key, and its place in the list of the items of that key.
     struct Node {
         std::string_view key() const { return {text, size}; }
 

