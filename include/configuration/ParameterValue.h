@@ -1,12 +1,15 @@
 #pragma once
 
 #include <configuration/Export.h>
+#include <configuration/Origin.h>
 #include <configuration/Parameter.h>
 #include <configuration/ParameterValueItem.h>
 
 #include <memory>
 
 namespace kivo::configuration {
+
+class StoredOrigin;
 
 /// The texts given for one parameter, in order.
 ///
@@ -83,6 +86,18 @@ public:
     /// Replaces an entry. @param value the text, copied; null makes the entry absent
     /// @throws kivo::ContractViolationException "index < mValues.size()"
     void setValue(unsigned long index, char const* value);
+    /// Where the text of an entry, or an entry without one, was given. It goes wherever the text goes: through copies,
+    /// matching, merging and defaults. An entry that addValue() and setValue() make has an unknown origin, until
+    /// somebody calls setOrigin(); the Manager does so for what a provider says nothing about.
+    /// @throws kivo::ContractViolationException "index < mValues.size()"
+    Origin getOrigin(unsigned long index) const;
+    /// Says where an entry was given.
+    /// @throws kivo::ContractViolationException "index < mValues.size()"
+    void setOrigin(unsigned long index, Origin const& origin);
+
+    /// As the two above, without a conversion.
+    KIVO_CONFIGURATION_LOCAL StoredOrigin const& getStoredOrigin(unsigned long index) const;
+    KIVO_CONFIGURATION_LOCAL void setStoredOrigin(unsigned long index, StoredOrigin const& origin);
 
 protected:
     class KIVO_CONFIGURATION_LOCAL Impl;

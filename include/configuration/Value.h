@@ -1,6 +1,7 @@
 #pragma once
 
 #include <configuration/Export.h>
+#include <configuration/Origin.h>
 
 #include <memory>
 
@@ -64,6 +65,9 @@ public:
     bool isExcluded() const;
     /// Whether the value is marked as the parameter's default; writing to it leaves the mark.
     bool isDefaultValue() const;
+    /// Where the text comes from; APPLICATION_SOURCE after one of the writers.
+    /// @throws ConfigurationException "Value is null"
+    Origin getOrigin() const;
     /// The number of texts; 0 for a null handle.
     unsigned long getNumberOfValues() const;
 

@@ -5,6 +5,7 @@
 #include <configuration/ParameterValue.h>
 #include <configuration/ParameterValueGroup.h>
 
+#include "schema/StoredOrigin.h"
 #include "values/ChildSearch.h"
 
 namespace kivo::configuration {
@@ -24,6 +25,7 @@ void appendTexts(ParameterValue& target, ParameterValue const& source) {
     auto const count = source.getNumberOfValues(); // taken first: the two may be one, which grows
     for (unsigned long i = 0; i < count; ++i) {
         target.addValue(source.getValue(i, false));
+        target.setStoredOrigin(target.getNumberOfValues() - 1, source.getStoredOrigin(i));
     }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "schema/StoredOrigin.h"
+
 #include <atomic>
 #include <memory>
 #include <string>
@@ -8,24 +10,30 @@
 
 namespace kivo::configuration {
 
-/// One entry of a ParameterValue: a text, or none.
+/// One entry of a ParameterValue: a text, or none, and where it was given.
 ///
 /// An entry without a text may be read as the flag that it is; it then keeps the text "1". Any number of threads may do
 /// so at once.
 class ValueText {
 public:
-    explicit ValueText(char const* text) : mIsPresent(text != nullptr) {
+    explicit ValueText(char const* text, StoredOrigin textOrigin = {})
+        : origin(std::move(textOrigin)), mIsPresent(text != nullptr) {
         if (text) {
             mText = text;
         }
     }
     ValueText(ValueText const& other)
-        : mIsPresent(other.mIsPresent), mIsFlag(other.mIsFlag.load(std::memory_order_relaxed)), mText(other.mText) {}
+        : origin(other.origin),
+          mIsPresent(other.mIsPresent),
+          mIsFlag(other.mIsFlag.load(std::memory_order_relaxed)),
+          mText(other.mText) {}
     ValueText(ValueText&& other) noexcept
-        : mIsPresent(other.mIsPresent),
+        : origin(std::move(other.origin)),
+          mIsPresent(other.mIsPresent),
           mIsFlag(other.mIsFlag.load(std::memory_order_relaxed)),
           mText(std::move(other.mText)) {}
     ValueText& operator=(ValueText other) noexcept {
+        origin = std::move(other.origin);
         mText = std::move(other.mText);
         mIsPresent = other.mIsPresent;
         mIsFlag.store(other.mIsFlag.load(std::memory_order_relaxed), std::memory_order_relaxed);
@@ -46,6 +54,8 @@ public:
         mIsFlag.store(true, std::memory_order_relaxed);
         return FLAG_TEXT;
     }
+
+    StoredOrigin origin;
 
 private:
     static constexpr char const* FLAG_TEXT = "1";
@@ -70,11 +80,11 @@ public:
     }
     ~ValueTexts() = default;
 
-    void add(char const* text) {
+    void add(char const* text, StoredOrigin origin) {
         if (!mOthers) {
             mOthers = std::make_unique<Others>();
         }
-        mOthers->emplace_back(text);
+        mOthers->emplace_back(text, std::move(origin));
     }
     unsigned long size() const { return mOthers ? 1 + mOthers->size() : 1; }
     ValueText const& operator[](unsigned long index) const { return index == 0 ? mFirst : (*mOthers)[index - 1]; }

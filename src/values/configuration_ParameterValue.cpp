@@ -117,12 +117,30 @@ bool ParameterValue::isUsingDefaultValue() const { return mImpl->mUsingDefaultVa
 
 void ParameterValue::setIsUsingDefaultValue(bool usingDefaultValue) { mImpl->mUsingDefaultValue = usingDefaultValue; }
 
-void ParameterValue::addValue(char const* value) { mImpl->mValues.add(value); }
+void ParameterValue::addValue(char const* value) { mImpl->mValues.add(value, {}); }
 
 void ParameterValue::setValue(unsigned long index, char const* value) {
     auto& mValues = mImpl->mValues;
     KIVO_REQUIRE(index < mValues.size());
     mValues[index] = ValueText(value);
+}
+
+Origin ParameterValue::getOrigin(unsigned long index) const { return getStoredOrigin(index).toOrigin(); }
+
+void ParameterValue::setOrigin(unsigned long index, Origin const& origin) {
+    setStoredOrigin(index, StoredOrigin(origin));
+}
+
+StoredOrigin const& ParameterValue::getStoredOrigin(unsigned long index) const {
+    auto const& mValues = mImpl->mValues;
+    KIVO_REQUIRE(index < mValues.size());
+    return mValues[index].origin;
+}
+
+void ParameterValue::setStoredOrigin(unsigned long index, StoredOrigin const& origin) {
+    auto& mValues = mImpl->mValues;
+    KIVO_REQUIRE(index < mValues.size());
+    mValues[index].origin = origin;
 }
 
 } // namespace kivo::configuration

@@ -6,6 +6,7 @@
 
 #include "schema/ContractChecks.h"
 #include "schema/NumberText.h"
+#include "schema/StoredOrigin.h"
 
 #include <string>
 
@@ -61,7 +62,10 @@ ParameterValue const& doubleValue(ParameterValue const* mValue) {
 /// Writes into the shared tree: the handle's view is const, the tree is not.
 /// @param value  checked by the caller, before the handle is asked for its position
 void write(Value const& handle, ParameterValue const& value, char const* text) {
-    const_cast<ParameterValue&>(value).setValue(handle.getCurrentValueIndex(), text);
+    auto& written = const_cast<ParameterValue&>(value);
+    auto const index = handle.getCurrentValueIndex();
+    written.setValue(index, text);
+    written.setStoredOrigin(index, StoredOrigin::ofApplication());
 }
 
 } // namespace
@@ -129,6 +133,8 @@ bool Value::isNull() const { return !mImpl->mValue; }
 bool Value::isExcluded() const { return isNull(); }
 
 bool Value::isDefaultValue() const { return mImpl->mValue && mImpl->mValue->isUsingDefaultValue(); }
+
+Origin Value::getOrigin() const { return notNull(mImpl->mValue).getOrigin(getCurrentValueIndex()); }
 
 unsigned long Value::getNumberOfValues() const { return mImpl->mValue ? mImpl->mValue->getNumberOfValues() : 0; }
 
