@@ -53,6 +53,9 @@ public:
     std::uint32_t line() const noexcept { return mLine; }
     std::uint32_t column() const noexcept { return mColumn; }
 
+    /// Whether this is a place before another one of the same source.
+    bool isBeforeInSource(StoredOrigin const& other) const noexcept;
+
     Origin toOrigin() const;
 
 private:

@@ -57,6 +57,12 @@ StoredOrigin StoredOrigin::at(unsigned long line, unsigned long column) const no
     return place;
 }
 
+bool StoredOrigin::isBeforeInSource(StoredOrigin const& other) const noexcept {
+    bool const isSameSource =
+        mSource == other.mSource || (source() == other.source() && std::strcmp(name(), other.name()) == 0);
+    return isSameSource && (mLine < other.mLine || (mLine == other.mLine && mColumn < other.mColumn));
+}
+
 Origin StoredOrigin::toOrigin() const {
     Origin origin;
     if (isKnown()) {

@@ -11,7 +11,7 @@ namespace kivo::configuration {
 /// The state of a value.
 class ParameterValue::Impl : public ParameterValueItem::Impl {
 public:
-    explicit Impl(char const* value) : mValues(value) {}
+    explicit Impl(char const* value, StoredOrigin const& origin = {}) : mValues(value, origin) {}
     explicit Impl(Impl const& other)
         : ParameterValueItem::Impl(), mUsingDefaultValue(other.mUsingDefaultValue), mValues(other.mValues) {}
 

@@ -16,8 +16,8 @@ namespace kivo::configuration {
 /// so at once.
 class ValueText {
 public:
-    explicit ValueText(char const* text, StoredOrigin textOrigin = {})
-        : origin(std::move(textOrigin)), mIsPresent(text != nullptr) {
+    explicit ValueText(char const* text, StoredOrigin const& textOrigin = {})
+        : origin(textOrigin), mIsPresent(text != nullptr) {
         if (text) {
             mText = text;
         }
@@ -68,7 +68,7 @@ private:
 /// The entries of a ParameterValue. There is at least one, and mostly just one, which takes no memory of its own.
 class ValueTexts {
 public:
-    explicit ValueTexts(char const* first) : mFirst(first) {}
+    ValueTexts(char const* first, StoredOrigin const& origin) : mFirst(first, origin) {}
 
     ValueTexts(ValueTexts const& other)
         : mOthers(other.mOthers ? std::make_unique<Others>(*other.mOthers) : nullptr), mFirst(other.mFirst) {}
@@ -80,11 +80,11 @@ public:
     }
     ~ValueTexts() = default;
 
-    void add(char const* text, StoredOrigin origin) {
+    void add(char const* text, StoredOrigin const& origin) {
         if (!mOthers) {
             mOthers = std::make_unique<Others>();
         }
-        mOthers->emplace_back(text, std::move(origin));
+        mOthers->emplace_back(text, origin);
     }
     unsigned long size() const { return mOthers ? 1 + mOthers->size() : 1; }
     ValueText const& operator[](unsigned long index) const { return index == 0 ? mFirst : (*mOthers)[index - 1]; }

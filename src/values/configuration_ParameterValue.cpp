@@ -7,6 +7,7 @@
 
 #include "schema/ContractChecks.h"
 #include "schema/ItemKinds.h"
+#include "schema/LocatedException.h"
 #include "schema/NameComparison.h"
 #include "schema/NumberText.h"
 #include "values/DefaultText.h"
@@ -26,6 +27,9 @@ int parseInt(char const* text) { return static_cast<int>(parseInteger(text).valu
 } // namespace
 
 ParameterValue::ParameterValue(char const* id, char const* value) : ParameterValue(std::make_unique<Impl>(value), id) {}
+
+ParameterValue::ParameterValue(char const* id, char const* value, StoredOrigin const& origin)
+    : ParameterValue(std::make_unique<Impl>(value, origin), id) {}
 
 ParameterValue::ParameterValue(Parameter const* parameter, char const* value)
     : ParameterValueItem(std::make_unique<Impl>(value), static_cast<ParameterItem const*>(parameter)),
@@ -67,7 +71,8 @@ ParameterValue* ParameterValue::clone(CopyMethod method) const { return new Para
 void ParameterValue::assignParameterItem(ParameterItem const* parameterItem) {
     KIVO_REQUIRE(parameterItem != 0);
     if (parameterItem->getItemType() != ParameterItem::PARAMETER) {
-        throw ConfigurationException("\"%s\" must be a parameter", parameterItem->getName());
+        throw located(getStoredOrigin(0),
+                      ConfigurationException("\"%s\" must be a parameter", parameterItem->getName()));
     }
     ParameterValueItem::assignParameterItem(parameterItem);
     mImpl->mIsBoundToKind = asParameter(parameterItem);
@@ -117,7 +122,9 @@ bool ParameterValue::isUsingDefaultValue() const { return mImpl->mUsingDefaultVa
 
 void ParameterValue::setIsUsingDefaultValue(bool usingDefaultValue) { mImpl->mUsingDefaultValue = usingDefaultValue; }
 
-void ParameterValue::addValue(char const* value) { mImpl->mValues.add(value, {}); }
+void ParameterValue::addValue(char const* value) { addValueAt(value, StoredOrigin()); }
+
+void ParameterValue::addValueAt(char const* value, StoredOrigin const& origin) { mImpl->mValues.add(value, origin); }
 
 void ParameterValue::setValue(unsigned long index, char const* value) {
     auto& mValues = mImpl->mValues;
