@@ -219,8 +219,8 @@ public:
     /// @}
 
 private:
-    friend class Parameter;
     friend class ParameterGroup;
+    friend class ParameterRegistration;
 
     /// Whether an item of one kind has the id; items of the other kind do not count. The factories ask this.
     KIVO_CONFIGURATION_LOCAL bool hasParameterItem(char const* id, ParameterItem::ItemType type) const;

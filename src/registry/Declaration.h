@@ -30,6 +30,8 @@ struct ParameterDeclaration {
     char const* defaultValue;
     char const* validator;
     char const* enumType; ///< null unless the type is ENUM_PARAMETER
+    char const* minimum;
+    char const* maximum;
 };
 
 struct GroupDeclaration {

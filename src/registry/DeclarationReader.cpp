@@ -75,6 +75,8 @@ Declaration::Details readParameter(Attributes const& attributes) {
         .defaultValue = attributes.getOptional("default"),
         .validator = attributes.getOptional("validator"),
         .enumType = nullptr,
+        .minimum = attributes.getOptional("min"),
+        .maximum = attributes.getOptional("max"),
     };
     if (parameter.type == Parameter::ENUM_PARAMETER) {
         parameter.enumType = attributes.getRequired("enumType");

@@ -10,6 +10,7 @@
 
 #include "schema/ItemKinds.h"
 #include "schema/NumberText.h"
+#include "schema/ParameterRegistration.h"
 
 #include <limits>
 #include <string>
@@ -98,12 +99,21 @@ void DeclarationRegistrar::add(ParameterDeclaration const& parameter) {
     constexpr bool isOptional = false;
     constexpr bool isUnbounded = false;
     constexpr bool isHidden = false;
-    auto* const created =
-        Parameter::Create(parameter.id, parameter.name, parameter.description, isOptional, isUnbounded, parameter.type,
-                          parameter.defaultValue, parameter.valueName, parameter.validator, isHidden);
-    if (enumeration) {
-        created->setEnumDefinition(enumeration);
-    }
+    ParameterRegistration::add(parameter.id, [&] {
+        auto made = std::make_unique<Parameter>(parameter.id, parameter.name, parameter.description, isOptional,
+                                                isUnbounded, parameter.type, parameter.defaultValue,
+                                                parameter.valueName, parameter.validator, isHidden);
+        if (enumeration) {
+            made->setEnumDefinition(enumeration);
+        }
+        if (parameter.minimum) {
+            made->setMinimum(parameter.minimum);
+        }
+        if (parameter.maximum) {
+            made->setMaximum(parameter.maximum);
+        }
+        return made;
+    });
 }
 
 void DeclarationRegistrar::add(GroupDeclaration const& group) {
