@@ -101,6 +101,29 @@ public:
     /// As getMinimum().
     char const* getMaximum() const;
 
+    /// @name Marks. Set them before the parameter is specialized: specializations take them over when they are made.
+    /// The parameter only keeps them, for programs that show or check settings; values are read as without them.
+    /// @{
+
+    /// Marks the values as secret, or takes the mark away.
+    void setSensitive(bool sensitive);
+    /// Whether the values are secret; false unless set.
+    bool isSensitive() const;
+    /// Marks the parameter as one that should no longer be used.
+    /// @param advice what to do instead, for users; copied
+    /// @throws kivo::ContractViolationException "advice && strlen(advice) > 0"
+    void setDeprecation(char const* advice);
+    /// What to do instead, or null when the parameter may be used. Lives until it is replaced.
+    char const* getDeprecation() const;
+    /// Says what the parameter was called before. In a specification nothing else may have this name, which
+    /// Manager::registerSpecification() checks.
+    /// @param formerName a full name, whose letter case is ignored; copied
+    /// @throws kivo::ContractViolationException "formerName && strlen(formerName) > 0"
+    void setFormerName(char const* formerName);
+    /// What the parameter was called before, or null. Lives until it is replaced.
+    char const* getFormerName() const;
+    /// @}
+
     /// Builds a parameter and registers it with the Manager, which owns it from then on. Nothing is registered when an
     /// exception is thrown.
     /// @param id            key of the parameter; letter case is ignored
@@ -127,7 +150,7 @@ public:
                              char const* validatorName, bool hidden);
 
 protected:
-    /// Takes over from the parameter that this one specializes what Create() has no argument for: the bounds.
+    /// Takes over from the parameter that this one specializes what Create() has no argument for: bounds and marks.
     /// @throws ConfigurationParameterException the default is outside the bounds, as setMinimum()
     KIVO_CONFIGURATION_LOCAL void takeAttributes(Parameter const& base);
 

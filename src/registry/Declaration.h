@@ -32,6 +32,9 @@ struct ParameterDeclaration {
     char const* enumType; ///< null unless the type is ENUM_PARAMETER
     char const* minimum;
     char const* maximum;
+    bool isSensitive;
+    char const* deprecation;
+    char const* formerName;
 };
 
 struct GroupDeclaration {

@@ -112,6 +112,13 @@ void DeclarationRegistrar::add(ParameterDeclaration const& parameter) {
         if (parameter.maximum) {
             made->setMaximum(parameter.maximum);
         }
+        made->setSensitive(parameter.isSensitive);
+        if (parameter.deprecation) {
+            made->setDeprecation(parameter.deprecation);
+        }
+        if (parameter.formerName) {
+            made->setFormerName(parameter.formerName);
+        }
         return made;
     });
 }

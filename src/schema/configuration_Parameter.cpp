@@ -10,6 +10,7 @@
 #include <configuration/ParameterVisitor.h>
 
 #include "schema/ContractChecks.h"
+#include "schema/FormerNames.h"
 #include "schema/ParameterItemImpl.h"
 #include "schema/ParameterRegistration.h"
 #include "schema/StoredOrigin.h"
@@ -28,6 +29,9 @@ public:
     struct Attributes {
         std::optional<std::string> minimum;
         std::optional<std::string> maximum;
+        std::optional<std::string> deprecation;
+        std::optional<std::string> formerName;
+        bool isSensitive = false;
     };
 
     /// What few parameters have: it takes one pointer of those that have none of it.
@@ -219,6 +223,29 @@ void Parameter::setMaximum(char const* maximum) {
 char const* Parameter::getMinimum() const { return mImpl->text(&Impl::Attributes::minimum); }
 
 char const* Parameter::getMaximum() const { return mImpl->text(&Impl::Attributes::maximum); }
+
+void Parameter::setSensitive(bool sensitive) {
+    if (sensitive != isSensitive()) {
+        mImpl->extras().attributes.isSensitive = sensitive;
+    }
+}
+
+bool Parameter::isSensitive() const { return mImpl->mExtras && mImpl->mExtras->attributes.isSensitive; }
+
+void Parameter::setDeprecation(char const* advice) {
+    KIVO_REQUIRE(advice && strlen(advice) > 0);
+    mImpl->extras().attributes.deprecation = advice;
+}
+
+char const* Parameter::getDeprecation() const { return mImpl->text(&Impl::Attributes::deprecation); }
+
+void Parameter::setFormerName(char const* formerName) {
+    KIVO_REQUIRE(formerName && strlen(formerName) > 0);
+    mImpl->extras().attributes.formerName = formerName;
+    noteFormerName();
+}
+
+char const* Parameter::getFormerName() const { return mImpl->text(&Impl::Attributes::formerName); }
 
 void Parameter::takeAttributes(Parameter const& base) {
     if (auto const& extras = base.mImpl->mExtras) {

@@ -44,6 +44,11 @@ public:
         add(" #", parameter.getValueName());
         add(" !", parameter.getValidator() ? parameter.getValidator()->getName() : nullptr);
         add(" @", parameter.getEnumDefinition() ? parameter.getEnumDefinition()->getName() : nullptr);
+        add(" from ", parameter.getMinimum());
+        add(" to ", parameter.getMaximum());
+        text += parameter.isSensitive() ? " secret" : "";
+        add(" deprecated ", parameter.getDeprecation());
+        add(" formerly ", parameter.getFormerName());
         return true;
     }
 
