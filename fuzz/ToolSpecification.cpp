@@ -26,9 +26,9 @@ constexpr char const* REGISTRY = R"(<?xml version="1.0"?>
         <Parameter id="uint" name="unsigned" description="d" type="uint" default="7"/>
         <Parameter id="long" name="long" description="d" type="long" default="7"/>
         <Parameter id="ulong" name="ulong" description="d" type="ulong" default="7"/>
-        <Parameter id="size" name="size" description="d" type="size" default="1.5k"/>
+        <Parameter id="size" name="size" description="d" type="size" default="1.5k" min="1" max="1T"/>
         <Parameter id="duration" name="duration" description="d" type="duration" default="1d12h"/>
-        <Parameter id="double" name="double" description="d" type="double"/>
+        <Parameter id="double" name="double" description="d" type="double" min="-1e9" max="1e9"/>
         <Parameter id="real" name="real" description="d" type="double"/>
         <Parameter id="oid" name="oid" description="d" type="oid" default="#1-2-3-4"/>
         <Parameter id="level" name="level" description="d" type="enum" enumType="levels" default="low"/>

@@ -62,8 +62,10 @@ public:
     /// @name Registration. The manager takes ownership.
     /// @{
 
-    /// Registers a specification under its id.
+    /// Registers a specification under its id. If its group is registered, the former names in it are checked: none may
+    /// be an id or name in the group, or a former name of another parameter there. Whoever calls keeps what is refused.
     /// @throws kivo::ContractViolationException "specification != 0", "objectKey != 0 && *objectKey != '\0'"
+    /// @throws ConfigurationException "Former name \"<former>\" of parameter \"<name>\" is taken by \"<name>\""
     void registerSpecification(Specification* specification);
     /// Registers a parameter or group under its id; the factories do so.
     /// @throws kivo::ContractViolationException "item != 0", "objectKey != 0 && *objectKey != '\0'"
@@ -219,8 +221,8 @@ public:
     /// @}
 
 private:
-    friend class Parameter;
     friend class ParameterGroup;
+    friend class ParameterRegistration;
 
     /// Whether an item of one kind has the id; items of the other kind do not count. The factories ask this.
     KIVO_CONFIGURATION_LOCAL bool hasParameterItem(char const* id, ParameterItem::ItemType type) const;

@@ -81,6 +81,52 @@ public:
     /// Says where the default is declared; until then it has no place.
     KIVO_CONFIGURATION_LOCAL void setDefaultOrigin(StoredOrigin const& origin);
 
+    /// Sets or replaces the least number that values may have, a text as a user would type it, which is copied. Set it
+    /// before the parameter is specialized and before values are asked for: specializations take it over when they are
+    /// made.
+    ///
+    /// A given text outside the bounds is a fault such as `<name>: "0" is less than the minimum "1"`. The bounds are
+    /// checked after the type and before the validator, which is asked all the same. They are silent on a text that is
+    /// no value of the type, and on an empty default. An empty text that the type takes for 0 is compared as 0.
+    /// @throws kivo::ContractViolationException "minimum != 0"
+    /// @throws ConfigurationException "\"<name>\" is not a parameter for numbers"
+    /// @throws ConfigurationParameterException "\"<minimum>\" is not a valid minimum for parameter \"<name>\"" for a
+    /// text
+    ///         that is no number of the type, with ": it is greater than the maximum \"<maximum>\"" for a number that
+    ///         is; "\"<default>\" is not a valid default value for parameter \"<name>\": it is less than the minimum
+    ///         \"<minimum>\"". Nothing is changed then.
+    void setMinimum(char const* minimum);
+    /// Sets or replaces the greatest number that values may have. All is as with setMinimum(), with "maximum" for
+    /// "minimum", and "greater" for "less".
+    void setMaximum(char const* maximum);
+    /// The bounds as they were set, or null. They live until they are replaced.
+    char const* getMinimum() const;
+    /// As getMinimum().
+    char const* getMaximum() const;
+
+    /// @name Marks. Set them before the parameter is specialized: specializations take them over when they are made.
+    /// The parameter only keeps them, for programs that show or check settings; values are read as without them.
+    /// @{
+
+    /// Marks the values as secret, or takes the mark away.
+    void setSensitive(bool sensitive);
+    /// Whether the values are secret; false unless set.
+    bool isSensitive() const;
+    /// Marks the parameter as one that should no longer be used.
+    /// @param advice what to do instead, for users; copied
+    /// @throws kivo::ContractViolationException "advice && strlen(advice) > 0"
+    void setDeprecation(char const* advice);
+    /// What to do instead, or null when the parameter may be used. Lives until it is replaced.
+    char const* getDeprecation() const;
+    /// Says what the parameter was called before. In a specification nothing else may have this name, which
+    /// Manager::registerSpecification() checks.
+    /// @param formerName a full name, whose letter case is ignored; copied
+    /// @throws kivo::ContractViolationException "formerName && strlen(formerName) > 0"
+    void setFormerName(char const* formerName);
+    /// What the parameter was called before, or null. Lives until it is replaced.
+    char const* getFormerName() const;
+    /// @}
+
     /// Builds a parameter and registers it with the Manager, which owns it from then on. Nothing is registered when an
     /// exception is thrown.
     /// @param id            key of the parameter; letter case is ignored
@@ -105,6 +151,11 @@ public:
     static Parameter* Create(char const* id, char const* name, char const* description, bool optional, bool unbounded,
                              ValueType valueType, char const* defaultValue, char const* valueName,
                              char const* validatorName, bool hidden);
+
+protected:
+    /// Takes over from the parameter that this one specializes what Create() has no argument for: bounds and marks.
+    /// @throws ConfigurationParameterException the default is outside the bounds, as setMinimum()
+    KIVO_CONFIGURATION_LOCAL void takeAttributes(Parameter const& base);
 
 private:
     class KIVO_CONFIGURATION_LOCAL Impl;

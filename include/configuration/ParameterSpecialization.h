@@ -7,8 +7,8 @@ namespace kivo::configuration {
 
 /// A registered parameter with another description, default, visibility or number of occurrences, for use in one place.
 ///
-/// Shares id, name, value type, value name and validator with its base, and the enumeration when it is made by
-/// Create(). The validator configuration of the base is not carried over.
+/// Shares id, name, value type, value name, validator, bounds and marks with its base, and the enumeration when it is
+/// made by Create(). The validator configuration of the base is not carried over.
 class KIVO_CONFIGURATION_API ParameterSpecialization : public Parameter {
 public:
     /// Builds a specialization without registering it; tools use Create().

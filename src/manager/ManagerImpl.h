@@ -40,6 +40,7 @@ public:
         registerProvider(provider.get());
         return *provider.release();
     }
+    void checkFormerNamesOf(Specification const& specification) const;
     void clearCaches();
 
     // ManagerRetrieval.cpp

@@ -5,6 +5,8 @@
 
 #include "manager/ManagerImpl.h"
 #include "schema/ContractChecks.h"
+#include "schema/FormerNames.h"
+#include "schema/ItemKinds.h"
 
 #include <algorithm>
 
@@ -22,6 +24,17 @@ void Manager::Impl::registerProvider(ValueProvider* provider) {
     auto const position = std::ranges::upper_bound(mProviders, provider->getPriority(), {},
                                                    [](auto const& registered) { return registered->getPriority(); });
     mProviders.emplace(position)->reset(provider); // room first: when there is none, the caller keeps the provider
+}
+
+/// A specification may be registered before its group, or without one.
+void Manager::Impl::checkFormerNamesOf(Specification const& specification) const {
+    mParameterItems.contains(specification.getId(), [](ParameterItem const& item) {
+        auto const* const group = asGroup(&item);
+        if (group) {
+            checkFormerNames(*group);
+        }
+        return group != nullptr;
+    });
 }
 
 void Manager::Impl::clearCaches() {
@@ -47,6 +60,9 @@ void Manager::reset() {
 
 void Manager::registerSpecification(Specification* specification) {
     KIVO_REQUIRE(specification != 0);
+    if (areThereFormerNames()) {
+        mImpl->checkFormerNamesOf(*specification);
+    }
     mImpl->mSpecifications.add(specification->getId(), specification);
 }
 

@@ -30,6 +30,11 @@ struct ParameterDeclaration {
     char const* defaultValue;
     char const* validator;
     char const* enumType; ///< null unless the type is ENUM_PARAMETER
+    char const* minimum;
+    char const* maximum;
+    bool isSensitive;
+    char const* deprecation;
+    char const* formerName;
 };
 
 struct GroupDeclaration {

@@ -14,6 +14,10 @@ namespace kivo::configuration {
 
 namespace {
 
+[[noreturn]] void refuse(char const* text, char const* attribute) {
+    throw ConfigurationException("\"%s\" is not a acceptable value for the \"%s\" attribute", text, attribute);
+}
+
 /// The attributes of one element.
 class Attributes {
 public:
@@ -34,6 +38,15 @@ public:
         return text;
     }
 
+    /// The text of an attribute that may be absent, but not empty.
+    char const* getNotEmpty(char const* name) const {
+        auto const* const text = getOptional(name);
+        if (text && *text == '\0') {
+            refuse(text, name);
+        }
+        return text;
+    }
+
     /// Whether an attribute says true; nothing when it is absent.
     std::optional<bool> getFlag(char const* name) const {
         auto const* const text = getOptional(name);
@@ -47,7 +60,7 @@ private:
 Parameter::ValueType valueTypeOf(char const* word) {
     auto const type = findValueType(word);
     if (!type) {
-        throw ConfigurationException("\"%s\" is not a acceptable value for the \"%s\" attribute", word, "type");
+        refuse(word, "type");
     }
     return *type;
 }
@@ -75,6 +88,11 @@ Declaration::Details readParameter(Attributes const& attributes) {
         .defaultValue = attributes.getOptional("default"),
         .validator = attributes.getOptional("validator"),
         .enumType = nullptr,
+        .minimum = attributes.getOptional("min"),
+        .maximum = attributes.getOptional("max"),
+        .isSensitive = attributes.getFlag("sensitive").value_or(false),
+        .deprecation = attributes.getNotEmpty("deprecated"),
+        .formerName = attributes.getNotEmpty("formerly"),
     };
     if (parameter.type == Parameter::ENUM_PARAMETER) {
         parameter.enumType = attributes.getRequired("enumType");

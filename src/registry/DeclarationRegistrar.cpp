@@ -11,6 +11,7 @@
 #include "registry/DeclarationPlaces.h"
 #include "schema/ItemKinds.h"
 #include "schema/NumberText.h"
+#include "schema/ParameterRegistration.h"
 
 #include <limits>
 #include <string>
@@ -103,16 +104,32 @@ void DeclarationRegistrar::add(ParameterDeclaration const& parameter) {
     constexpr bool isOptional = false;
     constexpr bool isUnbounded = false;
     constexpr bool isHidden = false;
-    auto* const created =
-        Parameter::Create(parameter.id, parameter.name, parameter.description, isOptional, isUnbounded, parameter.type,
-                          parameter.defaultValue, parameter.valueName, parameter.validator, isHidden);
-    created->setDeclarationOrigin(mPlaces.of(*mElement));
-    if (parameter.defaultValue) {
-        created->setDefaultOrigin(mPlaces.ofDefault(*mElement, parameter.defaultValue));
-    }
-    if (enumeration) {
-        created->setEnumDefinition(enumeration);
-    }
+    ParameterRegistration::add(parameter.id, [&] {
+        auto made = std::make_unique<Parameter>(parameter.id, parameter.name, parameter.description, isOptional,
+                                                isUnbounded, parameter.type, parameter.defaultValue,
+                                                parameter.valueName, parameter.validator, isHidden);
+        made->setDeclarationOrigin(mPlaces.of(*mElement));
+        if (parameter.defaultValue) {
+            made->setDefaultOrigin(mPlaces.ofDefault(*mElement, parameter.defaultValue));
+        }
+        if (enumeration) {
+            made->setEnumDefinition(enumeration);
+        }
+        if (parameter.minimum) {
+            made->setMinimum(parameter.minimum);
+        }
+        if (parameter.maximum) {
+            made->setMaximum(parameter.maximum);
+        }
+        made->setSensitive(parameter.isSensitive);
+        if (parameter.deprecation) {
+            made->setDeprecation(parameter.deprecation);
+        }
+        if (parameter.formerName) {
+            made->setFormerName(parameter.formerName);
+        }
+        return made;
+    });
 }
 
 void DeclarationRegistrar::add(GroupDeclaration const& group) {

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <charconv>
 #include <limits>
-#include <ranges>
 #include <string>
 #include <system_error>
 
@@ -68,9 +67,9 @@ std::optional<unsigned int> exponentOf(std::string_view unit) {
 /// Doubles a decimal fraction. @return the digit that it then has before its point
 unsigned int doubleFraction(std::string& digits) {
     int carry = 0;
-    for (char& digit : std::views::reverse(digits)) {
-        int const doubled = 2 * (digit - '0') + carry;
-        digit = static_cast<char>('0' + doubled % 10);
+    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
+        int const doubled = 2 * (*digit - '0') + carry;
+        *digit = static_cast<char>('0' + doubled % 10);
         carry = doubled / 10;
     }
     return static_cast<unsigned int>(carry);

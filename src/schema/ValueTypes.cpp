@@ -7,6 +7,7 @@
 #include "schema/QuantityText.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <utility>
 
@@ -44,24 +45,41 @@ bool isOid(char const* text) {
                        &numbers[3], rest) == 4;
 }
 
+long integerOf(char const* text) { return parseInteger(text).value; }
+
+unsigned long unsignedIntegerOf(char const* text) { return parseUnsignedInteger(text).value; }
+
+double doubleOf(char const* text) { return parseDouble(text).value; }
+
+std::uint64_t sizeOf(char const* text) { return parseSize(text).value_or(0); }
+
+std::int64_t durationOf(char const* text) { return parseDuration(text).value_or(0); }
+
+template <auto numberOf>
+std::partial_ordering byNumber(char const* left, char const* right) {
+    return numberOf(left) <=> numberOf(right);
+}
+
 /// Any text is accepted as a label: labels are looked up when they are read. What accepts anything needs no noun.
 constexpr ValueTypeTraits VALUE_TYPES[] = {
-    // type                         word      title           noun                implicit default  check
-    {Parameter::BOOLEAN_PARAMETER, "bool", "bool", "boolean", "0", isBoolean},
-    {Parameter::STRING_PARAMETER, "string", "string", "", nullptr, isAnything},
-    {Parameter::INT_PARAMETER, "int", "int", "signed integer", "0", isIntegerOf<int>},
-    {Parameter::UINT_PARAMETER, "uint", "unsigned int", "unsigned integer", nullptr, isIntegerOf<unsigned int>},
-    {Parameter::DOUBLE_PARAMETER, "double", "double", "double", "0", isDouble},
-    {Parameter::OID_PARAMETER, "oid", "OID", "OID", nullptr, isOid},
-    {Parameter::ENUM_PARAMETER, "enum", "enum", "", nullptr, isAnything},
-    {Parameter::LONG_PARAMETER, "long", "long", "signed 64-bit integer", nullptr, isLong},
-    {Parameter::ULONG_PARAMETER, "ulong", "unsigned long", "unsigned 64-bit integer", nullptr, isUnsignedLong},
-    {Parameter::SIZE_PARAMETER, "size", "size", "size", nullptr, isSize},
-    {Parameter::DURATION_PARAMETER, "duration", "duration", "duration", nullptr, isDuration},
+    // type                         word      title           noun                implicit default  check  order
+    {Parameter::BOOLEAN_PARAMETER, "bool", "bool", "boolean", "0", isBoolean, nullptr},
+    {Parameter::STRING_PARAMETER, "string", "string", "", nullptr, isAnything, nullptr},
+    {Parameter::INT_PARAMETER, "int", "int", "signed integer", "0", isIntegerOf<int>, byNumber<integerOf>},
+    {Parameter::UINT_PARAMETER, "uint", "unsigned int", "unsigned integer", nullptr, isIntegerOf<unsigned int>,
+     byNumber<integerOf>},
+    {Parameter::DOUBLE_PARAMETER, "double", "double", "double", "0", isDouble, byNumber<doubleOf>},
+    {Parameter::OID_PARAMETER, "oid", "OID", "OID", nullptr, isOid, nullptr},
+    {Parameter::ENUM_PARAMETER, "enum", "enum", "", nullptr, isAnything, nullptr},
+    {Parameter::LONG_PARAMETER, "long", "long", "signed 64-bit integer", nullptr, isLong, byNumber<integerOf>},
+    {Parameter::ULONG_PARAMETER, "ulong", "unsigned long", "unsigned 64-bit integer", nullptr, isUnsignedLong,
+     byNumber<unsignedIntegerOf>},
+    {Parameter::SIZE_PARAMETER, "size", "size", "size", nullptr, isSize, byNumber<sizeOf>},
+    {Parameter::DURATION_PARAMETER, "duration", "duration", "duration", nullptr, isDuration, byNumber<durationOf>},
 };
 
 /// What a number that is no type comes to.
-constexpr ValueTypeTraits UNKNOWN_TYPE = {Parameter::STRING_PARAMETER, "", "unknown", "", nullptr, isAnything};
+constexpr ValueTypeTraits UNKNOWN_TYPE = {Parameter::STRING_PARAMETER, "", "unknown", "", nullptr, isAnything, nullptr};
 
 /// The row of a type. A type without a row does not compile.
 template <Parameter::ValueType type>

@@ -2,6 +2,7 @@
 
 #include <configuration/Parameter.h>
 
+#include <compare>
 #include <optional>
 #include <string_view>
 
@@ -16,6 +17,8 @@ struct ValueTypeTraits {
     char const* noun;             ///< names the type in messages: "… is not a valid <noun>"
     char const* implicitDefault;  ///< of an optional parameter that declares none; null: it has to declare one
     bool (*accepts)(char const*); ///< whether a text is a value of the type
+    /// Compares the numbers of two accepted texts; null for types that are no numbers.
+    std::partial_ordering (*compare)(char const*, char const*);
 };
 
 /// The row of a type.

@@ -10,23 +10,56 @@
 #include <configuration/ParameterVisitor.h>
 
 #include "schema/ContractChecks.h"
+#include "schema/FormerNames.h"
 #include "schema/ParameterItemImpl.h"
+#include "schema/ParameterRegistration.h"
 #include "schema/StoredOrigin.h"
 #include "schema/ValueTypes.h"
+#include "values/DefaultText.h"
 #include "values/ValueChecks.h"
+
+#include <optional>
+#include <string>
 
 namespace kivo::configuration {
 
 class Parameter::Impl final : public ParameterItem::Impl {
 public:
+    /// What specializations take over, besides the arguments of the constructor.
+    struct Attributes {
+        std::optional<std::string> minimum;
+        std::optional<std::string> maximum;
+        std::optional<std::string> deprecation;
+        std::optional<std::string> formerName;
+        bool isSensitive = false;
+    };
+
+    /// What few parameters have: it takes one pointer of those that have none of it.
+    struct Extras {
+        Attributes attributes;
+        std::unique_ptr<ParameterValueGroup> validatorConfiguration;
+    };
+
     Impl(ValueType valueType, bool hidden) : mHidden(hidden), mValueType(valueType) {}
+
+    Extras& extras() {
+        if (!mExtras) {
+            mExtras = std::make_unique<Extras>();
+        }
+        return *mExtras;
+    }
+
+    /// One of the attributes, or null.
+    char const* text(std::optional<std::string> Attributes::*attribute) const {
+        return mExtras && mExtras->attributes.*attribute ? (mExtras->attributes.*attribute)->c_str() : nullptr;
+    }
 
     bool mHidden;
     ValueType mValueType;
     std::unique_ptr<ParameterValue> mDefaultValue;
     ParameterValidator const* mValidator = nullptr;
     ParameterEnumDefinition const* mEnumDefinition = nullptr;
-    std::unique_ptr<ParameterValueGroup> mValidatorConfiguration;
+    std::unique_ptr<Extras> mExtras;    // null for most
     std::unique_ptr<char[]> mValueName; // null for an empty one, too
 };
 
@@ -57,6 +90,38 @@ std::unique_ptr<ParameterValue> makeDefaultValue(Parameter const& parameter, cha
         }
     }
     return value;
+}
+
+/// @param role what the text is to the parameter
+void requireWithin(Bounds const& bounds, Parameter const& parameter, char const* text, char const* role) {
+    if (auto const fault = describeBoundFault(text, parameter.getValueType(), bounds); !fault.empty()) {
+        char const* const name = parameter.getName();
+        ParameterErrors errors;
+        errors.addError("%s", composeBoundMessage(name, text, fault).c_str());
+        throw ConfigurationParameterException(errors, "\"%s\" is not a valid %s for parameter \"%s\": it is %s", text,
+                                              role, name, fault.c_str());
+    }
+}
+
+/// An empty default is accepted, whatever the type and the bounds.
+void requireDefaultWithin(Bounds const& bounds, Parameter const& parameter) {
+    if (char const* text = defaultTextOf(parameter); text && *text != '\0') {
+        requireWithin(bounds, parameter, text, "default value");
+    }
+}
+
+void requireNumber(Parameter const& parameter, char const* text, char const* role) {
+    auto const& type = traitsOf(parameter.getValueType());
+    char const* const name = parameter.getName();
+    if (!type.compare) {
+        throw ConfigurationException("\"%s\" is not a parameter for numbers", name);
+    }
+    if (*text == '\0' || !type.accepts(text)) {
+        ParameterErrors errors;
+        errors.addError("%s", composeInvalidValueMessage(name, text, type.noun).c_str());
+        throw ConfigurationParameterException(errors, "\"%s\" is not a valid %s for parameter \"%s\"", text, role,
+                                              name);
+    }
 }
 
 } // namespace
@@ -126,27 +191,78 @@ bool Parameter::isHidden() const { return mImpl->mHidden; }
 void Parameter::addValidatorConfigurationParameterValue(char const* name, char const* value) {
     KIVO_REQUIRE(name != 0 && strlen(name) > 0);
     KIVO_REQUIRE(value != 0);
-    if (!mImpl->mValidatorConfiguration) {
-        mImpl->mValidatorConfiguration = std::make_unique<ParameterValueGroup>(name);
+    auto& configuration = mImpl->extras().validatorConfiguration;
+    if (!configuration) {
+        configuration = std::make_unique<ParameterValueGroup>(name);
     }
-    mImpl->mValidatorConfiguration->addValue(name, value);
+    configuration->addValue(name, value);
 }
 
-ParameterValueGroup const* Parameter::getValidatorConfiguration() const { return mImpl->mValidatorConfiguration.get(); }
+ParameterValueGroup const* Parameter::getValidatorConfiguration() const {
+    return mImpl->mExtras ? mImpl->mExtras->validatorConfiguration.get() : nullptr;
+}
+
+void Parameter::setMinimum(char const* minimum) {
+    KIVO_REQUIRE(minimum != 0);
+    Bounds const bounds{minimum, getMaximum()};
+    requireNumber(*this, minimum, "minimum");
+    requireWithin(bounds, *this, minimum, "minimum");
+    requireDefaultWithin(bounds, *this);
+    mImpl->extras().attributes.minimum = minimum;
+}
+
+void Parameter::setMaximum(char const* maximum) {
+    KIVO_REQUIRE(maximum != 0);
+    Bounds const bounds{getMinimum(), maximum};
+    requireNumber(*this, maximum, "maximum");
+    requireWithin(bounds, *this, maximum, "maximum");
+    requireDefaultWithin(bounds, *this);
+    mImpl->extras().attributes.maximum = maximum;
+}
+
+char const* Parameter::getMinimum() const { return mImpl->text(&Impl::Attributes::minimum); }
+
+char const* Parameter::getMaximum() const { return mImpl->text(&Impl::Attributes::maximum); }
+
+void Parameter::setSensitive(bool sensitive) {
+    if (sensitive != isSensitive()) {
+        mImpl->extras().attributes.isSensitive = sensitive;
+    }
+}
+
+bool Parameter::isSensitive() const { return mImpl->mExtras && mImpl->mExtras->attributes.isSensitive; }
+
+void Parameter::setDeprecation(char const* advice) {
+    KIVO_REQUIRE(advice && strlen(advice) > 0);
+    mImpl->extras().attributes.deprecation = advice;
+}
+
+char const* Parameter::getDeprecation() const { return mImpl->text(&Impl::Attributes::deprecation); }
+
+void Parameter::setFormerName(char const* formerName) {
+    KIVO_REQUIRE(formerName && strlen(formerName) > 0);
+    mImpl->extras().attributes.formerName = formerName;
+    noteFormerName();
+}
+
+char const* Parameter::getFormerName() const { return mImpl->text(&Impl::Attributes::formerName); }
+
+void Parameter::takeAttributes(Parameter const& base) {
+    if (auto const& extras = base.mImpl->mExtras) {
+        requireDefaultWithin({base.getMinimum(), base.getMaximum()}, *this);
+        mImpl->extras().attributes = extras->attributes;
+    }
+}
 
 void Parameter::setDefaultOrigin(StoredOrigin const& origin) { mImpl->mDefaultValue->setStoredOrigin(0, origin); }
 
 Parameter* Parameter::Create(char const* id, char const* name, char const* description, bool optional, bool unbounded,
                              ValueType valueType, char const* defaultValue, char const* valueName,
                              char const* validatorName, bool hidden) {
-    auto* manager = Manager::getInstance();
-    if (manager->hasParameterItem(id, PARAMETER)) {
-        throw ConfigurationException("Parameter id \"%s\" is not unique", id);
-    }
-    auto parameter = std::make_unique<Parameter>(id, name, description, optional, unbounded, valueType, defaultValue,
-                                                 valueName, validatorName, hidden);
-    manager->addParameterItem(parameter.get());
-    return parameter.release();
+    return ParameterRegistration::add(id, [=] {
+        return std::make_unique<Parameter>(id, name, description, optional, unbounded, valueType, defaultValue,
+                                           valueName, validatorName, hidden);
+    });
 }
 
 } // namespace kivo::configuration

@@ -34,7 +34,9 @@ ParameterSpecialization::ParameterSpecialization(Parameter const* base, char con
 ParameterSpecialization::ParameterSpecialization(Parameter const& base, char const* description, bool optional,
                                                  bool unbounded, char const* defaultValue, bool hidden)
     : Parameter(base.getId(), base.getName(), description ? description : base.getDescription(), optional, unbounded,
-                base.getValueType(), defaultValue, base.getValueName(), validatorNameOf(base), hidden) {}
+                base.getValueType(), defaultValue, base.getValueName(), validatorNameOf(base), hidden) {
+    takeAttributes(base);
+}
 
 ParameterSpecialization::~ParameterSpecialization() = default;
 

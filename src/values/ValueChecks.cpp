@@ -32,16 +32,41 @@ void checkText(char const* parameterName, char const* valueText, StoredOrigin co
     }
 }
 
+std::string describeBoundFault(char const* valueText, Parameter::ValueType valueType, Bounds const& bounds) {
+    auto const [minimum, maximum] = bounds;
+    auto const& type = traitsOf(valueType);
+    if ((!minimum && !maximum) || !type.compare || !type.accepts(valueText)) {
+        return "";
+    }
+    if (type.compare(valueText, valueText) != 0) {
+        return "not a number"; // a double that no bound could keep out
+    }
+    if (minimum && type.compare(valueText, minimum) < 0) {
+        return "less than the minimum \"" + std::string(minimum) + '"';
+    }
+    return maximum && type.compare(valueText, maximum) > 0 ? "greater than the maximum \"" + std::string(maximum) + '"'
+                                                           : "";
+}
+
+std::string composeBoundMessage(char const* parameterName, char const* valueText, std::string const& fault) {
+    return std::string(parameterName) + ": \"" + valueText + "\" is " + fault;
+}
+
 void checkValue(ParameterValue const* value, Parameter::ValueType valueType, ParameterErrors& errors,
                 ParameterValidator const* validator, bool checkAll) {
     KIVO_REQUIRE(value != 0);
     auto const* parameter = value->getParameter();
     char const* const name = parameter ? parameter->getName() : nullptr;
+    Bounds const bounds = parameter ? Bounds{parameter->getMinimum(), parameter->getMaximum()} : Bounds{};
     bool isComplete = true;
     for (unsigned long i = 0; i < value->getNumberOfValues() && (isComplete || checkAll); ++i) {
         char const* text = value->getValue(i, true);
         if (text) {
             checkText(name, text, value->getStoredOrigin(i), valueType, errors);
+            if (auto const fault = describeBoundFault(text, valueType, bounds); !fault.empty()) {
+                errors.addFault(Rule::INVALID_VALUE, value->getStoredOrigin(i), "%s",
+                                composeBoundMessage(name, text, fault).c_str());
+            }
         } else {
             errors.addFault(Rule::MISSING_VALUE, value->getStoredOrigin(i), "Missing value for the \"%s\" parameter",
                             name ? name : "");

@@ -20,7 +20,20 @@ std::string composeInvalidValueMessage(char const* parameterName, char const* va
 void checkText(char const* parameterName, char const* valueText, StoredOrigin const& origin,
                Parameter::ValueType valueType, ParameterErrors& errors);
 
-/// Checks every text of a value against a type and then, unless a text is missing, the value by a validator.
+/// Texts of a type of numbers, or null.
+struct Bounds {
+    char const* minimum = nullptr;
+    char const* maximum = nullptr;
+};
+
+/// What a number is that does not keep bounds, such as `less than the minimum "1"`; empty for all other texts.
+std::string describeBoundFault(char const* valueText, Parameter::ValueType valueType, Bounds const& bounds);
+
+/// `<name>: "<text>" is <fault>`
+std::string composeBoundMessage(char const* parameterName, char const* valueText, std::string const& fault);
+
+/// Checks every text of a value against a type and the bounds of its parameter and then, unless a text is missing, the
+/// value by a validator.
 /// @param validator the validator, or null
 /// @param checkAll  whether the texts after a missing one are checked, too
 /// @throws kivo::ContractViolationException "value != 0"

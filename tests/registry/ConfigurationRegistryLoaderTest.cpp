@@ -1,7 +1,9 @@
 #include "registry/ConfigurationRegistryLoader.h"
 
 #include <configuration/ConfigurationException.h>
+#include <configuration/Memory.h>
 #include <configuration/ParameterEnumDefinition.h>
+#include <configuration/ParameterErrors.h>
 #include <configuration/ParameterGroup.h>
 #include <configuration/ParameterValidator.h>
 #include <configuration/ParameterValue.h>
@@ -14,6 +16,7 @@
 #include "support/Notation.h"
 #include "support/Repeat.h"
 #include "text/ParameterItemRepresentationVisitor.h"
+#include "values/ValueChecks.h"
 
 #include <gmock/gmock.h>
 
@@ -41,6 +44,11 @@ public:
         add(" #", parameter.getValueName());
         add(" !", parameter.getValidator() ? parameter.getValidator()->getName() : nullptr);
         add(" @", parameter.getEnumDefinition() ? parameter.getEnumDefinition()->getName() : nullptr);
+        add(" from ", parameter.getMinimum());
+        add(" to ", parameter.getMaximum());
+        text += parameter.isSensitive() ? " secret" : "";
+        add(" deprecated ", parameter.getDeprecation());
+        add(" formerly ", parameter.getFormerName());
         return true;
     }
 
@@ -159,6 +167,32 @@ TEST_F(LoaderTest, AFaultWithoutATextIsAFault) {
     };
     manager().addValidator(std::make_unique<Silent>("silent").release());
     EXPECT_EQ(load(parameter("id='p' name='p' description='d' type='int' default='1' validator='silent'")), "<null>");
+}
+
+/// Adds "never" as its fault to every value.
+struct Never final : ParameterValidator {
+    using ParameterValidator::ParameterValidator;
+    char* validate(ParameterValue const&) const override { return cloneString("never"); }
+    char* validate(char const*) const override { return nullptr; }
+};
+
+TEST_F(LoaderTest, BoundsHoldForDefaultsAndGivenTextsOfEveryReference) {
+    checkCases("registry/bounds.txt", [this](FileCase const& row) -> std::string {
+        manager().reset();
+        manager().addValidator(std::make_unique<Never>("never").release());
+        auto const thrown = load(parameter("id='p' name='p' description='d' " + row["parameter"]) +
+                                 specification("<ParameterRef id='p' " + row["reference"] + "/>"));
+        if (thrown != "<nothing>") {
+            EXPECT_EQ(manager().getParameterItem("p") != nullptr, row.fields.contains("reference"));
+            return thrown + "\n";
+        }
+        auto const& group = *manager().getSpecification("s")->getParameterGroup();
+        auto const tree = treeOf("s{p=" + row["given"] + "}", group);
+        auto const& given = *tree->getValue("p");
+        ParameterErrors errors;
+        checkValue(&given, given.getValueType(), errors, given.getParameter()->getValidator());
+        return errors.getNumberOfErrors() > 0 ? composeMessage(errors) + "\n" : "";
+    });
 }
 
 TEST_F(LoaderTest, EarlierFilesCanBeReferredTo) {

@@ -99,6 +99,30 @@ TEST_F(FactoriesTest, ASpecializationHasTheLabelsButNoSettings) {
     EXPECT_EQ(whatOf([&] { made->setEnumDefinition(&levels); }), "\"%s\" is not an enumeration parameter");
 }
 
+TEST_F(FactoriesTest, ABoundThatIsRefusedChangesNothing) {
+    Items items;
+    auto* count = items.parameter("count/%s:int=5");
+    count->setMinimum("1");
+    count->setMaximum("5");
+    EXPECT_EQ(whatOf([&] { count->setMinimum(nullptr); }), contractText("minimum != 0"));
+    EXPECT_EQ(whatOf([&] { count->setMaximum(nullptr); }), contractText("maximum != 0"));
+    std::string const faults[] = {
+        outcomeOf([&] { return count->setMinimum("6"), count; }),
+        outcomeOf([&] { return count->setMaximum("4"), count; }),
+        outcomeOf([&] { return count->setMaximum("5x"), count; }),
+    };
+    EXPECT_EQ(faults[0], "\"6\" is not a valid minimum for parameter \"%s\": it is greater than the maximum \"5\": "
+                         "%s: \"6\" is greater than the maximum \"5\"\n");
+    EXPECT_EQ(faults[1], "\"5\" is not a valid default value for parameter \"%s\": it is greater than the maximum "
+                         "\"4\": %s: \"5\" is greater than the maximum \"4\"\n");
+    EXPECT_EQ(faults[2], "\"5x\" is not a valid maximum for parameter \"%s\": %s: \"5x\" is not a valid signed "
+                         "integer\n");
+    count->addValidatorConfigurationParameterValue("unit", "kb");
+    ParameterSpecialization const special(count, nullptr, true, false, "2", false);
+    EXPECT_EQ(std::string(special.getMinimum()) + special.getMaximum() + count->getMinimum(), "151");
+    EXPECT_EQ(special.getValidatorConfiguration(), nullptr);
+}
+
 /// A validator without a check of its own.
 struct Named final : ParameterValidator {
     using ParameterValidator::ParameterValidator;
