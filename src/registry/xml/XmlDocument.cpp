@@ -32,25 +32,25 @@ std::vector<std::size_t> findAttributes(std::string_view text, std::size_t place
 } // namespace
 
 XmlPosition XmlDocument::getPosition(XmlElement const& element) const {
-    if (!mText) {
-        return {element.mPlace, 0};
-    }
-    if (!mPlaces) {
-        mPlaces.emplace(std::string_view(mText.get(), mTextSize));
-    }
-    return mPlaces->getPosition(element.mPlace);
+    return mText ? getPositionInText(element.mPlace) : XmlPosition{element.mPlace, 0};
 }
 
 XmlPosition XmlDocument::getPosition(XmlElement const& element, XmlAttribute const& attribute) const {
-    auto const position = getPosition(element);
     if (!mText) {
-        return position;
+        return getPosition(element);
     }
     if (mAttributePlacesOf != &element) {
         mAttributePlaces = findAttributes({mText.get(), mTextSize}, element.mPlace, element.getAttributes());
         mAttributePlacesOf = &element;
     }
-    return mPlaces->getPosition(mAttributePlaces[static_cast<std::size_t>(&attribute - element.mAttributes)]);
+    return getPositionInText(mAttributePlaces[static_cast<std::size_t>(&attribute - element.mAttributes)]);
+}
+
+XmlPosition XmlDocument::getPositionInText(std::size_t place) const {
+    if (!mPlaces) {
+        mPlaces.emplace(std::string_view(mText.get(), mTextSize));
+    }
+    return mPlaces->getPosition(place);
 }
 
 } // namespace kivo::configuration

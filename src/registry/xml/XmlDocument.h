@@ -69,6 +69,8 @@ public:
 private:
     friend class XmlDocumentBuilder;
 
+    XmlPosition getPositionInText(std::size_t place) const;
+
     std::unique_ptr<std::pmr::monotonic_buffer_resource> mArena;
     XmlElement const* mRoot = nullptr;
     std::unique_ptr<char[]> mText;

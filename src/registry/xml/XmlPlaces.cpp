@@ -9,7 +9,7 @@ namespace kivo::configuration {
 
 namespace {
 
-constexpr std::size_t MARK_DISTANCE = 1024;
+constexpr std::size_t MARK_DISTANCE = 64; // values files ask for the position of each attribute
 constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 
 bool beginsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }
