@@ -21,7 +21,9 @@ std::vector<std::size_t> findAttributes(std::string_view text, std::size_t place
     for (std::size_t i = 0; i < attributes.size(); ++i) {
         place = text.find_first_not_of(WHITE_SPACE, place);
         auto const name = text.substr(place, text.find_first_of(" \t\r\n=", place) - place);
-        auto const found = std::ranges::lower_bound(attributes, name, std::less<>(), nameOf);
+        auto const isInOrder = name == nameOf(attributes[i]); // as most are written
+        auto const found = isInOrder ? attributes.begin() + static_cast<std::ptrdiff_t>(i)
+                                     : std::ranges::lower_bound(attributes, name, std::less<>(), nameOf);
         places[static_cast<std::size_t>(found - attributes.begin())] = place;
         auto const quote = text.find_first_of("\"'", place);
         place = text.find(text[quote], quote + 1) + 1;
