@@ -21,6 +21,8 @@ XmlFile::XmlFile(char const* path) {
     auto plain = readPlainXml(input);
     if (plain.document) {
         mDocument = std::move(*plain.document);
+    } else if (input.getKept().empty() && !input.getProblem().empty()) {
+        addError(path, input.getProblem(), {}); // Xerces-C says no more when it cannot begin, and loses memory then
     } else {
         readWithModule(path, input, plain);
     }

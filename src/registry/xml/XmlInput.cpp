@@ -57,7 +57,7 @@ std::optional<std::string_view> XmlInput::readOn(std::size_t size) {
     auto const [count, hasFailed] = readFile(mKept.get() + mKeptSize, size);
     mKeptSize += count;
     if (hasFailed) {
-        mProblem = describeError(errno);
+        mProblem = "unable to read data from file"; // as Xerces-C calls it
         return std::nullopt;
     }
     return getKept().substr(mKeptSize - count);

@@ -155,8 +155,16 @@ Result runPointApart(Kind const& kind, long failing, Expected const& expected) {
     }
     int status = 0;
     waitpid(child, &status, 0);
-    return WIFEXITED(status) ? static_cast<Result>(WEXITSTATUS(status)) : WRONG;
+    if (!WIFEXITED(status)) {
+        return WRONG;
+    }
+    constexpr int LOADER_GAVE_UP = 127; // as it ends a process when there is no memory for the data of its threads
+    return WEXITSTATUS(status) == LOADER_GAVE_UP ? LOADER_BROKEN : static_cast<Result>(WEXITSTATUS(status));
 }
+
+constexpr long ALL = 1000000; // of the allocations
+constexpr long SOME = 40;
+constexpr long LAST = 15; // of which each fails: libraries are closed there
 
 /// @return whether all went as it must
 bool sweep(Kind const& kind) {
@@ -168,9 +176,11 @@ bool sweep(Kind const& kind) {
     expected.after = describe();
     kind.prepare();
     std::array<int, 4> results{};
-    auto const points = std::min(kind.points, count);
-    for (long point = 0; point < points; ++point) {
-        ++results.at(runPointApart(kind, count * point / points, expected));
+    auto const distance = std::max(1L, count / kind.points);
+    long points = 0;
+    for (long point = 0; point < count; point = std::max(point + 1, std::min(point + distance, count - LAST))) {
+        ++results.at(runPointApart(kind, point, expected));
+        ++points;
     }
     std::printf("%s: %ld of %ld allocations; %d did not matter, %d std::bad_alloc, %d broke the loader, %d wrong\n",
                 kind.label.substr(kind.label.find('\n') + 1, 60).c_str(), points, count, results[UNHARMED],
@@ -178,9 +188,6 @@ bool sweep(Kind const& kind) {
     std::fflush(stdout);
     return results[OUT_OF_MEMORY] > points / 2 && results[WRONG] == 0;
 }
-
-constexpr long ALL = 1000000; // of the allocations
-constexpr long SOME = 40;
 
 } // namespace
 

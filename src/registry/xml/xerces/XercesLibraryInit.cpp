@@ -3,6 +3,7 @@
 #include "registry/xml/xerces/XercesLibraryInit.h"
 
 #include "registry/xml/xerces/NeverDestroyed.h"
+#include "registry/xml/xerces/XercesMemory.h"
 
 #include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/PanicHandler.hpp>
@@ -21,18 +22,27 @@ public:
     void panic(PanicReasons) override { throw std::bad_alloc(); }
 };
 
+XercesMemory& memory() {
+    static NeverDestroyed<XercesMemory> memory;
+    return memory.object;
+}
+
 } // namespace
 
 XercesLibraryInit::XercesLibraryInit() {
     static NeverDestroyed<Thrower> handler;
     try {
         xercesc::XMLPlatformUtils::Initialize(xercesc::XMLUni::fgXercescDefaultLocale, nullptr, &handler.object,
-                                              nullptr);
+                                              &memory());
     } catch (...) { // OutOfMemoryException, too, which is no std::exception
         throw std::bad_alloc();
     }
 }
 
-XercesLibraryInit::~XercesLibraryInit() { xercesc::XMLPlatformUtils::Terminate(); }
+XercesLibraryInit::~XercesLibraryInit() {
+    memory().openReserve();
+    xercesc::XMLPlatformUtils::Terminate();
+    memory().closeReserve();
+}
 
 } // namespace kivo::configuration
