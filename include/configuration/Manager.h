@@ -115,6 +115,9 @@ public:
     unsigned long getNumberOfProviders() const;
     /// The number of specifications, duplicates counted.
     unsigned long getNumberOfSpecifications() const;
+    /// The specification at a position, counted from 0 in the order of registration.
+    /// @throws kivo::ContractViolationException "index < getNumberOfSpecifications()"
+    Specification* getSpecificationAt(unsigned long index) const;
     /// The number of validators, duplicates counted.
     unsigned long getNumberofValidators() const;
     /// @}

@@ -25,6 +25,11 @@ public:
     /// The number of a label, which must match exactly, letter case included. Null is no label.
     /// @throws ConfigurationException "symbol \"<symbol>\" was not found"
     int getValue(char const* symbol) const;
+    /// The number of different labels.
+    unsigned long getNumberOfSymbols() const;
+    /// The label at a position, counted from 0 in the order of addition. Lives as long as the definition.
+    /// @throws kivo::ContractViolationException "index < getNumberOfSymbols()"
+    char const* getSymbol(unsigned long index) const;
 
     ParameterEnumDefinition(ParameterEnumDefinition const&) = delete;
     ParameterEnumDefinition& operator=(ParameterEnumDefinition const&) = delete;

@@ -73,6 +73,9 @@ public:
     /// The number of objects, duplicates counted.
     unsigned long size() const { return mObjects.size(); }
 
+    /// The object at a position, in the order of registration.
+    Object* operator[](std::size_t index) const { return mObjects[index].get(); }
+
     /// Destroys all objects.
     void clear() {
         mByKey = {};

@@ -118,6 +118,11 @@ unsigned long Manager::getNumberOfProviders() const { return mImpl->mProviders.s
 
 unsigned long Manager::getNumberOfSpecifications() const { return mImpl->mSpecifications.size(); }
 
+Specification* Manager::getSpecificationAt(unsigned long index) const {
+    KIVO_REQUIRE(index < getNumberOfSpecifications());
+    return mImpl->mSpecifications[index];
+}
+
 unsigned long Manager::getNumberofValidators() const { return mImpl->mValidators.size(); }
 
 void Manager::getValues(Specification const* specification, ParameterValueGroup& result, int flags) {

@@ -8,6 +8,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <vector>
 
 namespace kivo::configuration {
 
@@ -15,11 +16,12 @@ class ParameterEnumDefinition::Impl {
 public:
     std::string mName;
     std::map<std::string, int, std::less<>> mSymbols;
+    std::vector<char const*> mInOrder; // the keys, which stay where they are
 };
 
 ParameterEnumDefinition::ParameterEnumDefinition(char const* name) {
     KIVO_REQUIRE(name != 0 && strlen(name) > 0);
-    mImpl.reset(new Impl{name, {}});
+    mImpl.reset(new Impl{name, {}, {}});
 }
 
 ParameterEnumDefinition::~ParameterEnumDefinition() = default;
@@ -27,7 +29,10 @@ ParameterEnumDefinition::~ParameterEnumDefinition() = default;
 char const* ParameterEnumDefinition::getName() const { return mImpl->mName.c_str(); }
 
 void ParameterEnumDefinition::addEnumValue(char const* symbol, int value) {
-    mImpl->mSymbols.emplace(symbol ? symbol : "", value);
+    auto const [added, isNew] = mImpl->mSymbols.emplace(symbol ? symbol : "", value);
+    if (isNew) {
+        mImpl->mInOrder.push_back(added->first.c_str());
+    }
 }
 
 int ParameterEnumDefinition::getValue(char const* symbol) const {
@@ -36,6 +41,13 @@ int ParameterEnumDefinition::getValue(char const* symbol) const {
         throw ConfigurationException("symbol \"%s\" was not found", symbol ? symbol : "");
     }
     return found->second;
+}
+
+unsigned long ParameterEnumDefinition::getNumberOfSymbols() const { return mImpl->mInOrder.size(); }
+
+char const* ParameterEnumDefinition::getSymbol(unsigned long index) const {
+    KIVO_REQUIRE(index < getNumberOfSymbols());
+    return mImpl->mInOrder[index];
 }
 
 } // namespace kivo::configuration

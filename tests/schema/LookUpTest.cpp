@@ -1,9 +1,16 @@
 #include "schema/NameComparison.h"
+#include "support/CaseFile.h"
+#include "support/Repeat.h"
 
+#include <configuration/NameSuggestion.h>
+
+#include <algorithm>
 #include <cctype>
 #include <gtest/gtest.h>
+#include <sstream>
 
 using namespace kivo::configuration;
+using namespace kivo::test;
 using namespace std::string_view_literals;
 
 namespace {
@@ -34,6 +41,25 @@ TEST(NameComparison, FoldsAToZOnly) {
         second[changed] = static_cast<char>(b);
         ASSERT_NO_FATAL_FAILURE(compare(first, second, signOf(std::tolower(a) - std::tolower(b))));
     }
+}
+
+TEST(NameSuggestion, IsTheClosestName) {
+    checkCases("schema/suggestions.txt", [](FileCase const& row) {
+        std::vector<std::string> words;
+        std::istringstream text(expanded(row["names"]));
+        for (std::string word; text >> word;) {
+            words.push_back(word);
+        }
+        std::vector<char const*> names;
+        for (auto const& word : words) {
+            names.push_back(word.c_str());
+        }
+        auto const given = row["given"].empty() ? row["case"] : expanded(row["given"]);
+        auto const* const closest = suggestName(given.c_str(), names.data(), names.size());
+        auto const found = std::string(closest ? closest : "<none>") + '\n';
+        bool const isLong = found.size() > 100;
+        return isLong ? "name " + std::to_string(std::ranges::find(names, closest) - names.begin() + 1) + '\n' : found;
+    });
 }
 
 } // namespace
