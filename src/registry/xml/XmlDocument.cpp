@@ -9,7 +9,8 @@ namespace kivo::configuration {
 
 namespace {
 
-bool isWhiteSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+/// No other control character stands in a document.
+bool isWhiteSpace(char c) { return static_cast<unsigned char>(c) <= ' '; }
 
 /// The first character at or after a place that is as required. The text is known to have one.
 template <class Predicate>
@@ -63,10 +64,12 @@ char const* XmlDocument::firstAttribute(XmlElement const& element) const {
 }
 
 char const* XmlDocument::nextAttribute(char const* place) const {
-    auto const* const quote = find(place, [](char c) { return c == '"' || c == '\''; });
-    auto const rest = static_cast<std::size_t>(mText.get() + mTextSize - (quote + 1));
-    auto const* const end = static_cast<char const*>(std::memchr(quote + 1, *quote, rest));
-    return find(end + 1, std::not_fn(isWhiteSpace));
+    auto const after = [this](char c, char const* from) {
+        auto const rest = static_cast<std::size_t>(mText.get() + mTextSize - from);
+        return static_cast<char const*>(std::memchr(from, c, rest)) + 1;
+    };
+    auto const* const quote = find(after('=', place), std::not_fn(isWhiteSpace));
+    return find(after(*quote, quote + 1), std::not_fn(isWhiteSpace));
 }
 
 } // namespace kivo::configuration
