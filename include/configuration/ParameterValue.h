@@ -109,6 +109,8 @@ public:
     /// As the two above, without a conversion.
     KIVO_CONFIGURATION_LOCAL StoredOrigin const& getStoredOrigin(unsigned long index) const;
     KIVO_CONFIGURATION_LOCAL void setStoredOrigin(unsigned long index, StoredOrigin const& origin);
+    /// Says where those entries were given that have an unknown origin.
+    KIVO_CONFIGURATION_LOCAL void fillOrigins(StoredOrigin const& origin);
     /// As addValue() and the constructor of an unbound value, with an origin.
     KIVO_CONFIGURATION_LOCAL void addValueAt(char const* value, StoredOrigin const& origin);
     KIVO_CONFIGURATION_LOCAL ParameterValue(char const* id, char const* value, StoredOrigin const& origin);

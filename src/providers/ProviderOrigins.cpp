@@ -29,11 +29,7 @@ public:
     }
 
     bool visitParameterValue(ParameterValue& value) override {
-        for (unsigned long i = 0; i < value.getNumberOfValues(); ++i) {
-            if (!value.getStoredOrigin(i).isKnown()) {
-                value.setStoredOrigin(i, mOrigin);
-            }
-        }
+        value.fillOrigins(mOrigin);
         return true;
     }
 

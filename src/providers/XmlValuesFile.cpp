@@ -29,8 +29,9 @@ std::unique_ptr<ParameterValueGroup> makeGroup(XmlDocument const& document, XmlE
                                                StoredOrigin const& file) {
     auto group = std::make_unique<ParameterValueGroup>(element.getName());
     group->setStoredOrigin(placeIn(file, document.getPosition(element)));
+    auto const positions = document.getAttributePositions(element);
     for (auto const& attribute : element.getAttributes()) {
-        group->addValueAt(attribute.name, attribute.value, placeIn(file, document.getPosition(element, attribute)));
+        group->addValueAt(attribute.name, attribute.value, placeIn(file, positions[attribute.number]));
     }
     for (auto const* child = element.getFirstChild(); child; child = child->getNextSibling()) {
         group->addItem(makeGroup(document, *child, file).release());

@@ -15,6 +15,9 @@ StoredOrigin DeclarationPlaces::of(XmlElement const& element) const {
 }
 
 StoredOrigin DeclarationPlaces::ofDefault(XmlElement const& element, char const* text) const {
+    if (!text) {
+        return {};
+    }
     auto const attribute = std::ranges::find(element.getAttributes(), text, &XmlAttribute::value);
     auto const position = mDocument.getPosition(element, *attribute);
     return mDefaults.at(position.line, position.column);

@@ -14,7 +14,7 @@ public:
     /// Where an element begins.
     StoredOrigin of(XmlElement const& element) const;
 
-    /// Where the attribute begins that gives a default. @param text the attribute's, not a copy
+    /// Where the attribute begins that gives a default. @param text the attribute's, not a copy; null: there is none
     StoredOrigin ofDefault(XmlElement const& element, char const* text) const;
 
 private:

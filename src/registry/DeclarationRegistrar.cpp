@@ -61,13 +61,14 @@ ParameterGroup& findGroup(char const* id) {
 
 DeclarationRegistrar::DeclarationRegistrar(DeclarationPlaces const& places) : mPlaces(places) {}
 
+/// Places are found before anything is made: that can fail, and must not leave a declaration that is half done.
 void DeclarationRegistrar::open(Declaration const& declaration) {
     mElement = &declaration.element;
+    mPlace = mPlaces.of(*mElement);
     std::visit([this](auto const& details) { add(details); }, declaration.details);
 }
 
 void DeclarationRegistrar::close(Declaration const& declaration) {
-    mElement = &declaration.element;
     if (declaration.children == Content::ENUMERATION_VALUES) {
         registerEnumeration();
     }
@@ -75,7 +76,7 @@ void DeclarationRegistrar::close(Declaration const& declaration) {
         auto const& group = *mOpenGroups.back();
         mOpenGroups.pop_back();
         if (std::holds_alternative<SpecificationDeclaration>(declaration.details)) {
-            registerSpecification(group);
+            registerSpecification(group, mPlaces.of(declaration.element));
         }
     }
 }
@@ -101,6 +102,7 @@ void DeclarationRegistrar::registerEnumeration() {
 
 void DeclarationRegistrar::add(ParameterDeclaration const& parameter) {
     auto const* const enumeration = parameter.enumType ? &findEnumeration(parameter.enumType) : nullptr;
+    auto const defaultPlace = mPlaces.ofDefault(*mElement, parameter.defaultValue);
     constexpr bool isOptional = false;
     constexpr bool isUnbounded = false;
     constexpr bool isHidden = false;
@@ -108,9 +110,9 @@ void DeclarationRegistrar::add(ParameterDeclaration const& parameter) {
         auto made = std::make_unique<Parameter>(parameter.id, parameter.name, parameter.description, isOptional,
                                                 isUnbounded, parameter.type, parameter.defaultValue,
                                                 parameter.valueName, parameter.validator, isHidden);
-        made->setDeclarationOrigin(mPlaces.of(*mElement));
+        made->setDeclarationOrigin(mPlace);
         if (parameter.defaultValue) {
-            made->setDefaultOrigin(mPlaces.ofDefault(*mElement, parameter.defaultValue));
+            made->setDefaultOrigin(defaultPlace);
         }
         if (enumeration) {
             made->setEnumDefinition(enumeration);
@@ -145,9 +147,9 @@ void DeclarationRegistrar::add(ContainerDeclaration const& container) {
 
 void DeclarationRegistrar::add(SpecificationDeclaration const& specification) { add(specification.root); }
 
-void DeclarationRegistrar::registerSpecification(ParameterGroup const& root) {
+void DeclarationRegistrar::registerSpecification(ParameterGroup const& root, StoredOrigin const& place) {
     auto specification = std::make_unique<Specification>(root.getId(), root.getDescription());
-    specification->setDeclarationOrigin(mPlaces.of(*mElement));
+    specification->setDeclarationOrigin(place);
     Manager::getInstance()->registerSpecification(specification.get());
     static_cast<void>(specification.release()); // the manager's now
 }
@@ -171,11 +173,12 @@ void DeclarationRegistrar::add(ParameterReference const& reference) {
         addToOpenGroup(&parameter);
         return;
     }
+    auto const defaultPlace = mPlaces.ofDefault(*mElement, reference.defaultValue);
     auto* const created = ParameterSpecialization::Create(reference.id, reference.description, isOptional, isUnbounded,
                                                           reference.defaultValue, isHidden);
-    created->setDeclarationOrigin(mPlaces.of(*mElement));
+    created->setDeclarationOrigin(mPlace);
     if (reference.defaultValue) {
-        created->setDefaultOrigin(mPlaces.ofDefault(*mElement, reference.defaultValue));
+        created->setDefaultOrigin(defaultPlace);
     }
     addToOpenGroup(created);
 }
@@ -209,7 +212,7 @@ void DeclarationRegistrar::addToOpenGroup(ParameterItem* item) {
 }
 
 void DeclarationRegistrar::openGroup(ParameterGroup& group) {
-    group.setDeclarationOrigin(mPlaces.of(*mElement));
+    group.setDeclarationOrigin(mPlace);
     if (mOpenGroups.empty()) {
         mUnfoldedItems = 0;
     }

@@ -4,6 +4,7 @@
 
 #include "registry/Declaration.h"
 #include "registry/UnfoldedSizes.h"
+#include "schema/StoredOrigin.h"
 
 #include <deque>
 #include <memory>
@@ -44,14 +45,15 @@ private:
     void add(GroupReference const& reference);
 
     void registerEnumeration();
-    void registerSpecification(ParameterGroup const& root);
+    void registerSpecification(ParameterGroup const& root, StoredOrigin const& place);
 
     void openGroup(ParameterGroup& group);
     void addToOpenGroup(ParameterItem* item);
     UnfoldedSize const& checkReference(ParameterGroup const& group);
 
     DeclarationPlaces const& mPlaces;
-    XmlElement const* mElement = nullptr; // of the declaration that is opened or closed
+    XmlElement const* mElement = nullptr; // of the declaration that is opened
+    StoredOrigin mPlace;
 
     /// The enumeration that is open, not registered yet, and the number of its next value without one.
     std::unique_ptr<ParameterEnumDefinition> mEnumeration;

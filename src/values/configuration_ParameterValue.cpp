@@ -186,6 +186,15 @@ StoredOrigin const& ParameterValue::getStoredOrigin(unsigned long index) const {
     return mValues[index].origin;
 }
 
+void ParameterValue::fillOrigins(StoredOrigin const& origin) {
+    auto& mValues = mImpl->mValues;
+    for (unsigned long i = 0; i < mValues.size(); ++i) {
+        if (!mValues[i].origin.isKnown()) {
+            mValues[i].origin = origin;
+        }
+    }
+}
+
 void ParameterValue::setStoredOrigin(unsigned long index, StoredOrigin const& origin) {
     auto& mValues = mImpl->mValues;
     KIVO_REQUIRE(index < mValues.size());

@@ -34,7 +34,11 @@ bool isUtf16(std::string_view text) {
 
 bool isPlainName(std::string_view name) { return isAscii(name) && name.find(':') == std::string_view::npos; }
 
-using TextPair = std::pair<std::string_view, std::string_view>;
+struct GivenAttribute {
+    std::string_view name;
+    std::string_view value;
+    std::uint32_t number;
+};
 
 class PlainXmlReader {
 public:
@@ -67,7 +71,7 @@ private:
     std::unique_ptr<std::remove_pointer_t<XML_Parser>, Free> mParser;
     XmlDocumentBuilder mBuilder;
     XmlLimits mLimits;
-    std::vector<TextPair> mAttributes; // of the element that begins
+    std::vector<GivenAttribute> mAttributes; // of the element that begins
     bool mIsStopped = false;
     bool mIsOutOfMemory = false;
     bool mIsDeclaredAscii = false;
@@ -154,12 +158,12 @@ void PlainXmlReader::startElement(char const* name, char const** attributes) {
     auto const knownNames = mBuilder.getNumberOfNames();
     auto const place = XML_GetCurrentByteIndex(mParser.get());
     mBuilder.startElement(name, static_cast<std::size_t>(place), mAttributes.size());
-    for (auto const& [attribute, value] : mAttributes) {
-        mBuilder.addAttribute(attribute, value);
+    for (auto const& [attribute, value, number] : mAttributes) {
+        mBuilder.addAttribute(attribute, value, number);
     }
     if (mBuilder.getNumberOfNames() > knownNames) { // known ones have been looked at
         require(mBuilder.getNumberOfNames() <= XmlLimits::MAX_NAMES && isPlainName(name) &&
-                std::ranges::all_of(mAttributes, isPlainName, &TextPair::first));
+                std::ranges::all_of(mAttributes, isPlainName, &GivenAttribute::name));
     }
 }
 
@@ -168,11 +172,12 @@ void PlainXmlReader::endElement(char const*) { mBuilder.endElement(); }
 void PlainXmlReader::collectAttributes(char const** attributes) {
     mAttributes.clear();
     for (; *attributes && !mIsStopped; attributes += 2) {
-        auto const& [name, value] = mAttributes.emplace_back(attributes[0], attributes[1]);
+        auto const number = static_cast<std::uint32_t>(mAttributes.size());
+        auto const& [name, value, _] = mAttributes.emplace_back(attributes[0], attributes[1], number);
         require(!name.starts_with("xmlns") && !(mAreTextsAscii && !isAscii(value)) &&
                 mAttributes.size() <= XmlLimits::MAX_ATTRIBUTES);
     }
-    std::ranges::sort(mAttributes, {}, &TextPair::first);
+    std::ranges::sort(mAttributes, {}, &GivenAttribute::name);
 }
 
 /// Ends the reading when something is not plain.

@@ -2,14 +2,15 @@
 
 #include "registry/xml/XmlDocument.h"
 
-#include <algorithm>
+#include <cstring>
 #include <functional>
 
 namespace kivo::configuration {
 
 namespace {
 
-bool isWhiteSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+/// No other control character stands in a document.
+bool isWhiteSpace(char c) { return static_cast<unsigned char>(c) <= ' '; }
 
 /// The first character at or after a place that is as required. The text is known to have one.
 template <class Predicate>
@@ -23,44 +24,52 @@ char const* find(char const* place, Predicate isSought) {
 } // namespace
 
 XmlPosition XmlDocument::getPosition(XmlElement const& element) const {
-    return mText ? getPlaces().getPosition(element.mPlace) : XmlPosition{element.mPlace, 0};
+    return mText ? positionOf(mText.get() + element.mPlace) : XmlPosition{element.mPlace, 0};
 }
 
 XmlPosition XmlDocument::getPosition(XmlElement const& element, XmlAttribute const& attribute) const {
     if (!mText) {
         return getPosition(element);
     }
-    if (mAttributePositionsOf != &element) {
-        findAttributes(element);
+    auto const* place = firstAttribute(element);
+    for (std::uint32_t i = 0; i < attribute.number; ++i) {
+        place = nextAttribute(place);
     }
-    return mAttributePositions[static_cast<std::size_t>(&attribute - element.mAttributes)];
+    return positionOf(place);
 }
 
-XmlPlaces& XmlDocument::getPlaces() const {
+std::vector<XmlPosition> XmlDocument::getAttributePositions(XmlElement const& element) const {
+    std::vector<XmlPosition> positions(element.mAttributeCount, getPosition(element));
+    if (mText && !positions.empty()) {
+        auto const* place = firstAttribute(element);
+        for (auto& position : positions) {
+            position = positionOf(place);
+            place = &position == &positions.back() ? place : nextAttribute(place);
+        }
+    }
+    return positions;
+}
+
+XmlPosition XmlDocument::positionOf(char const* place) const {
     if (!mPlaces) {
         mPlaces.emplace(std::string_view(mText.get(), mTextSize));
     }
-    return *mPlaces;
+    return mPlaces->getPosition(static_cast<std::size_t>(place - mText.get()));
 }
 
-/// In the order of the text, which is well-formed, not in that of the attributes.
-void XmlDocument::findAttributes(XmlElement const& element) const {
-    auto const attributes = element.getAttributes();
-    auto const nameOf = [](XmlAttribute const& attribute) { return std::string_view(attribute.name); };
-    auto& places = getPlaces();
-    mAttributePositionsOf = nullptr;
-    mAttributePositions.resize(attributes.size());
-    auto const* place = find(mText.get() + element.mPlace, isWhiteSpace); // after the element's name
-    for (std::size_t i = 0; i < attributes.size(); ++i) {
-        place = find(place, std::not_fn(isWhiteSpace));
-        auto const* const end = find(place, [](char c) { return isWhiteSpace(c) || c == '='; });
-        auto const found = std::ranges::lower_bound(attributes, std::string_view(place, end), std::less<>(), nameOf);
-        mAttributePositions[static_cast<std::size_t>(found - attributes.begin())] =
-            places.getPosition(static_cast<std::size_t>(place - mText.get()));
-        auto const* const quote = find(end, [](char c) { return c == '"' || c == '\''; });
-        place = find(quote + 1, [quote](char c) { return c == *quote; }) + 1;
-    }
-    mAttributePositionsOf = &element;
+/// The text is well-formed, here and below.
+char const* XmlDocument::firstAttribute(XmlElement const& element) const {
+    auto const* const nameEnd = find(mText.get() + element.mPlace, isWhiteSpace);
+    return find(nameEnd, std::not_fn(isWhiteSpace));
+}
+
+char const* XmlDocument::nextAttribute(char const* place) const {
+    auto const after = [this](char c, char const* from) {
+        auto const rest = static_cast<std::size_t>(mText.get() + mTextSize - from);
+        return static_cast<char const*>(std::memchr(from, c, rest)) + 1;
+    };
+    auto const* const quote = find(after('=', place), std::not_fn(isWhiteSpace));
+    return find(after(*quote, quote + 1), std::not_fn(isWhiteSpace));
 }
 
 } // namespace kivo::configuration

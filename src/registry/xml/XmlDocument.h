@@ -17,6 +17,7 @@ namespace kivo::configuration {
 struct XmlAttribute {
     char const* name;
     char const* value;
+    std::uint32_t number; ///< counted from 0 in the order of the text; 0 where the document does not have that
 };
 
 /// An element of an XmlDocument, which owns it and all that it points to.
@@ -62,15 +63,20 @@ public:
     /// Where an element begins. Of a document that Xerces-C read: the line in which its start tag ends, and no column.
     XmlPosition getPosition(XmlElement const& element) const;
 
-    /// Where the name of an attribute begins; that of its element, of a document that Xerces-C read.
+    /// Where the name of an attribute begins; that of its element, of a document that Xerces-C read. Looks for it from
+    /// the element's beginning.
     /// @param attribute one of element.getAttributes()
     XmlPosition getPosition(XmlElement const& element, XmlAttribute const& attribute) const;
+
+    /// The same of all attributes, by their numbers.
+    std::vector<XmlPosition> getAttributePositions(XmlElement const& element) const;
 
 private:
     friend class XmlDocumentBuilder;
 
-    XmlPlaces& getPlaces() const;
-    void findAttributes(XmlElement const& element) const;
+    XmlPosition positionOf(char const* place) const;
+    char const* firstAttribute(XmlElement const& element) const;
+    char const* nextAttribute(char const* place) const;
 
     std::unique_ptr<std::pmr::monotonic_buffer_resource> mArena;
     XmlElement const* mRoot = nullptr;
@@ -79,9 +85,6 @@ private:
 
     /// Made when the first position is asked for.
     mutable std::optional<XmlPlaces> mPlaces;
-    /// Where the attributes of one element are: callers ask for many of one element.
-    mutable std::vector<XmlPosition> mAttributePositions;
-    mutable XmlElement const* mAttributePositionsOf = nullptr;
 };
 
 } // namespace kivo::configuration

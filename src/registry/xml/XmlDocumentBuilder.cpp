@@ -18,9 +18,9 @@ void XmlDocumentBuilder::startElement(std::string_view name, std::size_t place, 
     mOpen.push_back({element, nullptr});
 }
 
-void XmlDocumentBuilder::addAttribute(std::string_view name, std::string_view value) {
+void XmlDocumentBuilder::addAttribute(std::string_view name, std::string_view value, std::uint32_t number) {
     auto& element = *mOpen.back().element;
-    new (element.mAttributes + element.mAttributeCount) XmlAttribute{keepName(name), copy(value)};
+    new (element.mAttributes + element.mAttributeCount) XmlAttribute{keepName(name), copy(value), number};
     ++element.mAttributeCount;
 }
 

@@ -18,7 +18,8 @@ public:
     void startElement(std::string_view name, std::size_t place, std::size_t attributeCount);
 
     /// Gives the element that was opened last its next attribute.
-    void addAttribute(std::string_view name, std::string_view value);
+    /// @param number the attribute's in the order of the text, if it is known
+    void addAttribute(std::string_view name, std::string_view value, std::uint32_t number = 0);
 
     /// Closes the element that is open.
     void endElement();

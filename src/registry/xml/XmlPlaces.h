@@ -30,8 +30,10 @@ private:
     };
 
     void advance(Mark& mark, std::size_t place) const;
+    std::size_t findLineEnd(std::size_t from, std::size_t to) const;
 
     std::string_view mText;
+    bool mHasReturns;
     /// The farthest place so far.
     Mark mFront;
     /// Places before it at a distance, so that never much has to be counted to go back.
