@@ -1,5 +1,6 @@
 # What `cmake --install` puts where: the two libraries, the module, the public headers, the CMake package, the pkg-config
-# file, the main registry file and the copyright notice.
+# file, the main registry file, the schemas, the copyright notice, and the command kivoconfig with its manual page and its
+# completion.
 # Everything is found relative to its own place, so an installed tree can be moved.
 
 include(CMakePackageConfigHelpers)
@@ -62,6 +63,28 @@ if(registryIsBelowPrefix)
     cmake_path(RELATIVE_PATH registryDirectory BASE_DIRECTORY "${CMAKE_INSTALL_PREFIX}")
 endif()
 install(FILES "${PROJECT_SOURCE_DIR}/etc/kivobase.crg" DESTINATION "${registryDirectory}")
+
+# For editors and scripts.
+set(schemaDirectory "${CMAKE_INSTALL_DATADIR}/kivo-configuration")
+install(FILES "${PROJECT_SOURCE_DIR}/docs/registry.xsd" DESTINATION "${schemaDirectory}")
+
+if(TARGET kivoconfig)
+    cmake_path(SET binPath NORMALIZE "${CMAKE_INSTALL_FULL_BINDIR}")
+    cmake_path(RELATIVE_PATH CMAKE_INSTALL_FULL_LIBDIR BASE_DIRECTORY "${binPath}" OUTPUT_VARIABLE binToLib)
+    set_target_properties(kivoconfig PROPERTIES INSTALL_RPATH "$ORIGIN/${binToLib}" BUILD_RPATH_USE_ORIGIN ON)
+    install(TARGETS kivoconfig RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+
+    set(toolDirectory "${PROJECT_SOURCE_DIR}/tools/kivoconfig")
+    install(FILES "${toolDirectory}/kivoconfig.schema.json" DESTINATION "${schemaDirectory}")
+    install(FILES "${toolDirectory}/kivoconfig.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
+    install(FILES "${toolDirectory}/completion/kivoconfig.bash"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" RENAME kivoconfig)
+    # Debian's zsh looks for the completions of packages in a folder of another name.
+    cmake_path(COMPARE "${CMAKE_INSTALL_PREFIX}" EQUAL "/usr" isForPackage)
+    set(zshFolder $<IF:$<BOOL:${isForPackage}>,vendor-completions,site-functions>)
+    install(FILES "${toolDirectory}/completion/kivoconfig.zsh"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/${zshFolder}" RENAME _kivoconfig)
+endif()
 
 # In the folder of the package's name, where Debian looks for it.
 install(FILES "${PROJECT_SOURCE_DIR}/COPYRIGHT" DESTINATION "${CMAKE_INSTALL_DOCDIR}" RENAME copyright)

@@ -20,7 +20,8 @@ Each setting is described once, in code or in XML; values from the command line,
 from files and from the application are merged, checked, and explained to users.
 .
 This package holds the library, the kernel library that it needs, the headers,
-the CMake package, the pkg-config file and a main registry file.")
+the CMake package, the pkg-config file, a main registry file and the command
+kivoconfig.")
 string(TOLOWER "${PROJECT_NAME}-${PROJECT_VERSION}-${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR}"
     CPACK_PACKAGE_FILE_NAME)
 

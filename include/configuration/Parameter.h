@@ -18,13 +18,17 @@ class KIVO_CONFIGURATION_API Parameter : public ParameterItem {
 public:
     /// The type that the texts of a value must fit.
     enum ValueType {
-        BOOLEAN_PARAMETER = 0, ///< a number (0 is false), or "true" or "false" in any letter case
-        STRING_PARAMETER = 1,  ///< any text
-        INT_PARAMETER = 2,     ///< a decimal number from -2147483648 to 2147483647
-        UINT_PARAMETER = 3,    ///< a decimal number from 0 to 4294967295
-        DOUBLE_PARAMETER = 4,  ///< a floating-point number, with a decimal point in every locale
-        OID_PARAMETER = 5,     ///< four unsigned numbers joined by hyphens, with or without "#" in front
-        ENUM_PARAMETER = 6     ///< a label of the parameter's enumeration definition
+        BOOLEAN_PARAMETER = 0,  ///< a number (0 is false), or "true" or "false" in any letter case
+        STRING_PARAMETER = 1,   ///< any text
+        INT_PARAMETER = 2,      ///< a decimal number from -2147483648 to 2147483647
+        UINT_PARAMETER = 3,     ///< a decimal number from 0 to 4294967295
+        DOUBLE_PARAMETER = 4,   ///< a floating-point number, with a decimal point in every locale
+        OID_PARAMETER = 5,      ///< four unsigned numbers joined by hyphens, with or without "#" in front
+        ENUM_PARAMETER = 6,     ///< a label of the parameter's enumeration definition
+        LONG_PARAMETER = 7,     ///< a decimal number from -2^63 to 2^63 - 1
+        ULONG_PARAMETER = 8,    ///< a decimal number from 0 to 2^64 - 1
+        SIZE_PARAMETER = 9,     ///< bytes, from 0 to 2^64 - 1: a decimal number, with or without a unit, as "1.5k"
+        DURATION_PARAMETER = 10 ///< milliseconds, from 0 to 2^63 - 1: whole numbers, each with its unit, as "1d12h"
     };
 
     /// Builds a parameter without registering it; tools use Create(), which documents the arguments and
@@ -53,7 +57,8 @@ public:
     virtual char const* getValueName() const;
     /// The type that given texts are checked against.
     virtual ValueType getValueType() const;
-    /// The default, bound to this parameter and marked as one, or null. Owned by the parameter.
+    /// The default, bound to this parameter and marked as one, or null. Its origin is DEFAULT_SOURCE, with the place of
+    /// the attribute that gives it when that stands in a registry file. Owned by the parameter.
     virtual ParameterValue const* getDefaultValue() const;
     /// Sets or replaces the labels of an enumeration parameter. The definition is not owned and must outlive the
     /// parameter.
@@ -73,6 +78,8 @@ public:
     void addValidatorConfigurationParameterValue(char const* name, char const* value);
     /// The pairs stored for the validator, or null when there are none. Owned by the parameter.
     ParameterValueGroup const* getValidatorConfiguration() const;
+    /// Says where the default is declared; until then it has no place.
+    KIVO_CONFIGURATION_LOCAL void setDefaultOrigin(StoredOrigin const& origin);
 
     /// Builds a parameter and registers it with the Manager, which owns it from then on. Nothing is registered when an
     /// exception is thrown.

@@ -5,6 +5,7 @@
 #include <configuration/Parameter.h>
 #include <configuration/ParameterValueItem.h>
 
+#include <cstdint>
 #include <memory>
 
 namespace kivo::configuration {
@@ -68,6 +69,16 @@ public:
     virtual unsigned int getUIntValue(unsigned long index) const;
     /// The leading floating-point number, 0.0 without any; an enumeration's label reads as its number.
     virtual double getDoubleValue(unsigned long index) const;
+    /// A signed 64-bit number. What does not fit reads as the nearest number that does; without a text, 0.
+    ///
+    /// The bytes of a SIZE_PARAMETER, the milliseconds of a DURATION_PARAMETER (0 for a text that is none), the number
+    /// of an enumeration's label; for all other types, and without a parameter, the decimal number that the text begins
+    /// with, as getIntValue() finds it.
+    /// @throws ConfigurationException "symbol \"<text>\" was not found" for an enumeration, and what a
+    ///         ParameterEnumValue without a definition throws
+    std::int64_t getLongValue(unsigned long index) const;
+    /// An unsigned 64-bit number, read as by getLongValue(); what is negative reads as 0.
+    std::uint64_t getULongValue(unsigned long index) const;
 
     /// The number of entries, absent ones included.
     unsigned long getNumberOfValues() const;

@@ -3,6 +3,7 @@
 #include <configuration/Export.h>
 #include <configuration/Origin.h>
 
+#include <cstdint>
 #include <memory>
 
 namespace kivo::configuration {
@@ -58,6 +59,26 @@ public:
     virtual unsigned long getCurrentValueIndex() const;
     /// The value in the tree, or null. It also reads the types without an accessor, such as OID_PARAMETER.
     virtual ParameterValue const* getParameterValue() const;
+
+    /// Reads a LONG_PARAMETER, the bytes of a SIZE_PARAMETER (2^63 - 1 for more of them) or the milliseconds of a
+    /// DURATION_PARAMETER.
+    /// @throws ConfigurationException, kivo::ContractViolationException as asBoolean()
+    std::int64_t asLong() const;
+    /// Reads a ULONG_PARAMETER, the bytes of a SIZE_PARAMETER or the milliseconds of a DURATION_PARAMETER.
+    /// @throws ConfigurationException, kivo::ContractViolationException as asBoolean()
+    std::uint64_t asUnsignedLong() const;
+    /// Stores the decimal form for a LONG_PARAMETER, bytes for a SIZE_PARAMETER ("1536") or milliseconds for a
+    /// DURATION_PARAMETER ("250ms"). @return this handle
+    /// @throws ConfigurationException, kivo::ContractViolationException as asBoolean()
+    /// @throws ConfigurationException "<name>: \"<text>\" is not a valid size", or "duration", for what is below 0; the
+    ///         value stays as it was
+    Value& setLong(std::int64_t value);
+    /// Stores the decimal form for a ULONG_PARAMETER, bytes for a SIZE_PARAMETER or milliseconds for a
+    /// DURATION_PARAMETER, as setLong() does. @return this handle
+    /// @throws ConfigurationException, kivo::ContractViolationException as asBoolean()
+    /// @throws ConfigurationException "<name>: \"<text>\" is not a valid duration" for more than 2^63 - 1 milliseconds;
+    ///         the value stays as it was
+    Value& setUnsignedLong(std::uint64_t value);
 
     /// Whether the setting was neither given nor has a default.
     bool isNull() const;

@@ -81,7 +81,7 @@ struct ChainLine {
 };
 
 /// What is wider than this does not widen its column: one long text would make all other lines as long.
-constexpr std::size_t MAX_COLUMN_WIDTH = 60;
+constexpr std::size_t MAX_COLUMN_WIDTH = 120;
 
 std::size_t columnWidth(std::vector<ChainLine> const& lines, std::string ChainLine::*column) {
     std::size_t width = 0;

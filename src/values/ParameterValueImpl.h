@@ -26,6 +26,9 @@ public:
         return bound && bound->getValueType() == Parameter::ENUM_PARAMETER ? bound->getEnumDefinition() : nullptr;
     }
 
+    /// As enumDefinition(), or the labels that the value has by itself.
+    virtual ParameterEnumDefinition const* labels() const { return enumDefinition(); }
+
     /// A text as a number or truth value: a label's number, or what a conversion makes of it; without a text 0 or
     /// false.
     template <class Convert>

@@ -10,8 +10,13 @@
 #include "schema/LocatedException.h"
 #include "schema/NameComparison.h"
 #include "schema/NumberText.h"
+#include "schema/QuantityText.h"
 #include "values/DefaultText.h"
 #include "values/ParameterValueImpl.h"
+
+#include <concepts>
+#include <limits>
+#include <utility>
 
 namespace kivo::configuration {
 
@@ -23,6 +28,35 @@ bool parseBoolean(char const* text) {
 }
 
 int parseInt(char const* text) { return static_cast<int>(parseInteger(text).value); }
+
+/// A number, or the nearest one that fits.
+template <std::integral Number>
+Number nearest(std::integral auto number) {
+    using Limits = std::numeric_limits<Number>;
+    return std::in_range<Number>(number) ? static_cast<Number>(number) : (number < 0 ? Limits::min() : Limits::max());
+}
+
+/// A text as a 64-bit number; without a text 0.
+/// @param state what knows the labels, and the parameter
+template <std::integral Number>
+Number readWide(char const* text, auto const& state) {
+    if (!text) {
+        return 0;
+    }
+    if (auto const* labels = state.labels()) {
+        return nearest<Number>(labels->getValue(text));
+    }
+    auto const* parameter = state.parameter();
+    auto const type = parameter ? parameter->getValueType() : Parameter::STRING_PARAMETER;
+    if (type == Parameter::SIZE_PARAMETER) {
+        return nearest<Number>(parseSize(text).value_or(0));
+    }
+    if (type == Parameter::DURATION_PARAMETER) {
+        return nearest<Number>(parseDuration(text).value_or(0));
+    }
+    return std::signed_integral<Number> ? nearest<Number>(parseInteger(text).value)
+                                        : nearest<Number>(parseUnsignedInteger(text).value);
+}
 
 } // namespace
 
@@ -106,6 +140,14 @@ unsigned int ParameterValue::getUIntValue(unsigned long index) const {
 
 double ParameterValue::getDoubleValue(unsigned long index) const {
     return mImpl->read(getValue(index, false), [](char const* text) { return parseDouble(text).value; });
+}
+
+std::int64_t ParameterValue::getLongValue(unsigned long index) const {
+    return readWide<std::int64_t>(getValue(index, false), *mImpl);
+}
+
+std::uint64_t ParameterValue::getULongValue(unsigned long index) const {
+    return readWide<std::uint64_t>(getValue(index, false), *mImpl);
 }
 
 unsigned long ParameterValue::getNumberOfValues() const { return mImpl->mValues.size(); }

@@ -7,6 +7,8 @@
 #include "schema/ContractChecks.h"
 #include "schema/NumberText.h"
 #include "schema/StoredOrigin.h"
+#include "schema/ValueTypes.h"
+#include "values/ValueChecks.h"
 
 #include <string>
 
@@ -57,6 +59,34 @@ ParameterValue const& doubleValue(ParameterValue const* mValue) {
     static_cast<void>(notNull(mValue));
     KIVO_REQUIRE(mValue->getValueType() == Parameter::DOUBLE_PARAMETER);
     return *mValue;
+}
+
+ParameterValue const& longValue(ParameterValue const* mValue) {
+    static_cast<void>(notNull(mValue));
+    KIVO_REQUIRE(mValue->getValueType() == Parameter::LONG_PARAMETER ||
+                 mValue->getValueType() == Parameter::SIZE_PARAMETER ||
+                 mValue->getValueType() == Parameter::DURATION_PARAMETER);
+    return *mValue;
+}
+
+ParameterValue const& unsignedLongValue(ParameterValue const* mValue) {
+    static_cast<void>(notNull(mValue));
+    KIVO_REQUIRE(mValue->getValueType() == Parameter::ULONG_PARAMETER ||
+                 mValue->getValueType() == Parameter::SIZE_PARAMETER ||
+                 mValue->getValueType() == Parameter::DURATION_PARAMETER);
+    return *mValue;
+}
+
+/// A number as a text of the value's type, which may not have a text for it.
+template <class Number>
+std::string composeText(ParameterValue const& value, Number number) {
+    auto const type = value.getValueType();
+    auto const text = std::to_string(number) + (type == Parameter::DURATION_PARAMETER ? "ms" : "");
+    if (auto const& traits = traitsOf(type); !traits.accepts(text.c_str())) {
+        char const* const name = value.getParameter()->getName();
+        throw ConfigurationException("%s", composeInvalidValueMessage(name, text.c_str(), traits.noun).c_str());
+    }
+    return text;
 }
 
 /// Writes into the shared tree: the handle's view is const, the tree is not.
@@ -121,6 +151,24 @@ Value& Value::setUnsignedInteger(unsigned int value) {
 
 Value& Value::setDouble(double value) {
     write(*this, doubleValue(mImpl->mValue), formatDouble(value).c_str());
+    return *this;
+}
+
+std::int64_t Value::asLong() const { return longValue(mImpl->mValue).getLongValue(getCurrentValueIndex()); }
+
+std::uint64_t Value::asUnsignedLong() const {
+    return unsignedLongValue(mImpl->mValue).getULongValue(getCurrentValueIndex());
+}
+
+Value& Value::setLong(std::int64_t value) {
+    auto const& target = longValue(mImpl->mValue);
+    write(*this, target, composeText(target, value).c_str());
+    return *this;
+}
+
+Value& Value::setUnsignedLong(std::uint64_t value) {
+    auto const& target = unsignedLongValue(mImpl->mValue);
+    write(*this, target, composeText(target, value).c_str());
     return *this;
 }
 

@@ -1,0 +1,26 @@
+#include "Commands.h"
+
+namespace kivoconfig {
+
+// Each is defined in a file of its own, commands/<Command>.cpp.
+Work prepareComplete(CLI::App& options, Call& call);
+Work prepareCompletion(CLI::App& options, Call& call);
+Work prepareList(CLI::App& options, Call& call);
+Work prepareManual(CLI::App& options, Call& call);
+Work prepareSchema(CLI::App& options, Call& call);
+Work prepareTemplate(CLI::App& options, Call& call);
+
+std::span<Command const> allCommands() {
+    static constexpr Command COMMANDS[] = {
+        {"list", "List the specifications of the installation", prepareList},
+        {"template", "Write a values file to start from: every setting explained, none given", prepareTemplate},
+        {"schema", "Write an XML Schema of a specification's values files, for editors", prepareSchema},
+        {"manual", "Write a manual page about a specification", prepareManual},
+        {"completion", "Write a script that lets a shell complete a tool's command line", prepareCompletion},
+        {"complete", "Print what can stand at the end of a tool's command line, for such a script", prepareComplete,
+         true},
+    };
+    return COMMANDS;
+}
+
+} // namespace kivoconfig

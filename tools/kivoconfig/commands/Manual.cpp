@@ -1,0 +1,209 @@
+// Writes a manual page about the settings of a specification.
+
+#include "Commands.h"
+#include "Installation.h"
+#include "settings/SettingTexts.h"
+#include "text/Characters.h"
+#include "text/CodePage.h"
+#include "text/Mdoc.h"
+
+#include <configuration/Parameter.h>
+#include <configuration/ParameterGroup.h>
+#include <configuration/Specification.h>
+
+#include <CLI/CLI.hpp>
+
+#include <charconv>
+#include <cstdlib>
+#include <ctime>
+#include <memory>
+
+using namespace kivo::configuration;
+
+namespace kivoconfig {
+
+namespace {
+
+/// The day of the page: today, or what a build that has to give the same page again says.
+std::string dateOfPage() {
+    std::time_t time = std::time(nullptr);
+    if (char const* const epoch = std::getenv("SOURCE_DATE_EPOCH")) {
+        std::from_chars(epoch, epoch + std::string_view(epoch).size(), time);
+    }
+    std::tm day{};
+    char month[16] = "";
+    if (gmtime_r(&time, &day)) {
+        std::strftime(month, sizeof(month), "%B", &day);
+    }
+    return std::string(month) + ' ' + std::to_string(day.tm_mday) + ", " + std::to_string(day.tm_year + 1900);
+}
+
+std::string capitals(std::string text) {
+    for (char& c : text) {
+        c = c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
+    }
+    return text;
+}
+
+/// The name and the placeholder of a setting, as arguments of a macro. A bool needs no value.
+std::string nameAndValue(Parameter const& parameter, std::string const& name) {
+    auto const value = valueNameOf(parameter);
+    bool const hasValue = parameter.getValueType() != Parameter::BOOLEAN_PARAMETER;
+    return mdocArgument(name) + (hasValue ? " Ar " + mdocArgument(value.empty() ? "value" : value) : "");
+}
+
+std::string flagOf(Parameter const& parameter) {
+    return "Fl " + nameAndValue(parameter, printable(toUtf8(parameter.getName())));
+}
+
+/// A line for each flag that a command line can give; the alternatives of a choice share one.
+class SynopsisWriter final : public SettingsWalk {
+public:
+    explicit SynopsisWriter(std::ostream& out) : mOut(out) {}
+
+    void write(Specification const& specification) {
+        walk(specification);
+        flush();
+    }
+
+private:
+    bool onSectionStart(ParameterGroup const&) override { return getDepth() == 0; }
+
+    void onSetting(Setting const& setting) override {
+        if (setting.parameter.isHidden()) {
+            return;
+        }
+        auto const alternative = setting.alternatives.empty() ? Alternative{} : setting.alternatives.front();
+        if (!alternative.choice || alternative.choice != mLast.choice) {
+            flush();
+            mIsOptional = setting.parameter.isOptional();
+        } else {
+            mLine += alternative.position == mLast.position ? " " : " | ";
+        }
+        mLine += flagOf(setting.parameter);
+        mLast = alternative;
+    }
+
+    void flush() {
+        if (!mLine.empty()) {
+            mOut << '.' << (mIsOptional ? "Op " : "") << mLine << '\n';
+        }
+        mLine.clear();
+    }
+
+    std::ostream& mOut;
+    std::string mLine;
+    bool mIsOptional = false;
+    Alternative mLast{};
+};
+
+/// A list of what is in the specification itself, or of what is in its sections.
+class ListWriter final : public SettingsWalk {
+public:
+    /// @param heading stands before the list, if there is anything in it
+    ListWriter(std::ostream& out, bool isOfSections, char const* heading)
+        : mOut(out), mIsOfSections(isOfSections), mHeading(heading) {}
+
+    void write(Specification const& specification) {
+        walk(specification);
+        mOut << (mIsOpen ? ".El\n" : "");
+    }
+
+private:
+    bool onSectionStart(ParameterGroup const& section) override {
+        if (getDepth() > 0 && mIsOfSections) {
+            auto const name = printable(toUtf8(section.getName()));
+            writeItem("Va " + mdocArgument(mPath + name), descriptionOf(section), factsOfSection(section));
+            mPath += name + '.';
+        }
+        return getDepth() == 0 || mIsOfSections;
+    }
+
+    void onSectionEnd(ParameterGroup const& section) override {
+        if (getDepth() > 0) {
+            mPath.resize(mPath.size() - printable(toUtf8(section.getName())).size() - 1);
+        }
+    }
+
+    void onSetting(Setting const& setting) override {
+        auto const& parameter = setting.parameter;
+        if (parameter.isHidden() || mIsOfSections != (getDepth() > 0)) {
+            return;
+        }
+        auto const name = mPath + printable(toUtf8(parameter.getName()));
+        writeItem(mIsOfSections ? "Va " + nameAndValue(parameter, name) : flagOf(parameter), descriptionOf(parameter),
+                  factsOf(setting));
+    }
+
+    void writeItem(std::string const& head, std::string const& description, std::string const& facts) {
+        if (!mIsOpen) {
+            mOut << mHeading << ".Bl -tag -width Ds\n";
+            mIsOpen = true;
+        }
+        mOut << ".It " << head << '\n';
+        writeMdocText(mOut, description);
+        mOut << ".br\n";
+        writeMdocText(mOut, facts);
+    }
+
+    std::ostream& mOut;
+    bool mIsOfSections;
+    char const* mHeading;
+    bool mIsOpen = false;
+    std::string mPath; ///< of the section, with a point after each name
+};
+
+void writeHead(std::ostream& out, Specification const& specification, int section) {
+    auto const name = printable(toUtf8(specification.getId()));
+    auto const description = printable(collapsed(toUtf8(specification.getDescription())));
+    std::string_view rest = description;
+    out << ".Dd " << dateOfPage() << "\n.Dt " << mdocArgument(capitals(name)) << ' ' << section
+        << "\n.Os\n.Sh NAME\n.Nm " << mdocArgument(name) << "\n.Nd " << takeMdocArguments(rest) << '\n';
+    writeMdocText(out, rest);
+}
+
+void writeFoot(std::ostream& out, std::string const& name) {
+    out << ".Sh FILES\n"
+           "Settings can also be given in values files in XML, if the tool reads any.\n"
+           ".Bl -tag -width Ds\n"
+           ".It Pa machine.config\n"
+           "Settings of this machine, in the configuration directory of the installation.\n"
+           ".El\n"
+           ".Pp\n"
+           "The command\n"
+           ".Ql kivoconfig template "
+        << mdocArgument(name)
+        << "\n"
+           "prints a values file to start from.\n"
+           ".Sh EXIT STATUS\n"
+           ".Ex -std "
+        << mdocArgument(name) << '\n';
+}
+
+void writePage(std::ostream& out, Specification const& specification, int section) {
+    auto const name = printable(toUtf8(specification.getId()));
+    writeHead(out, specification, section);
+    out << ".Sh SYNOPSIS\n.Nm\n";
+    SynopsisWriter(out).write(specification);
+    out << ".Sh DESCRIPTION\n";
+    writeMdocText(out, descriptionOf(*specification.getParameterGroup()));
+    ListWriter(out, false, ".Sh OPTIONS\nFlags may be shortened where the tool allows it.\n").write(specification);
+    ListWriter(out, true, ".Ss Settings of sections\nThese can be given in values files only.\n").write(specification);
+    writeFoot(out, name);
+}
+
+} // namespace
+
+Work prepareManual(CLI::App& options, Call& call) {
+    auto const section = std::make_shared<int>(1);
+    addSpecification(options, call);
+    options.add_option("--section", *section, "Section of the manual that the page is for; 1 if it is not given")
+        ->check(CLI::Range(1, 9))
+        ->type_name("N");
+    return [&call, section] {
+        writePage(call.out, findSpecification(call.specification), *section);
+        return NO_ERROR_FOUND;
+    };
+}
+
+} // namespace kivoconfig

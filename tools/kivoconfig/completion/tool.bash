@@ -1,0 +1,40 @@
+# Lets bash complete the command line of %TOOL%; written by "kivoconfig completion".
+
+%FUNCTION%() {
+    # bash splits words at "=" and ":" too: what no blank separates belongs together.
+    local words=() rest=${COMP_LINE:0:COMP_POINT} before i
+    for ((i = 0; i <= COMP_CWORD; i++)); do
+        before=$rest
+        rest=${rest#"${rest%%[![:space:]]*}"}
+        if ((i == 0)) || [[ $rest != "$before" ]]; then
+            words+=("")
+        fi
+        if ((i < COMP_CWORD)); then
+            words[-1]+=${COMP_WORDS[i]}
+            rest=${rest#"${COMP_WORDS[i]}"}
+        else
+            words[-1]+=$rest
+        fi
+    done
+
+    # Of the word that is typed, bash replaces only what follows the last split.
+    local typed=${words[-1]} kept=${words[-1]} candidate
+    [[ $rest != *[!=:]* ]] || kept=${typed%"$rest"}
+    COMPREPLY=()
+    while IFS= read -r candidate; do
+        case $candidate in
+        $'\tfiles' | $'\tdirectories')
+            compopt -o filenames
+            [[ $candidate == $'\tfiles' ]] && i=-f || i=-d
+            while IFS= read -r candidate; do
+                COMPREPLY+=("${candidate#"$kept"}")
+            done < <(compgen "$i" -- "$typed")
+            ;;
+        *)
+            printf -v candidate %q "${candidate%%$'\t'*}"
+            COMPREPLY+=("${candidate#"$kept"}")
+            ;;
+        esac
+    done < <(kivoconfig complete %SPEC% -- "${words[@]:1}" 2>/dev/null)
+}
+complete -F %FUNCTION% %TOOL%
