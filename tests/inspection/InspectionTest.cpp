@@ -71,9 +71,7 @@ std::string explain(FileCase const& row, TemporaryInstallation const& installati
 }
 
 TEST_F(InspectionTest, ExplainsSettingsAndFindings) {
-    checkCases("inspection/findings.txt", [&](FileCase const& row) {
-        return explain(row, installation);
-    });
+    checkCases("inspection/findings.txt", [&](FileCase const& row) { return explain(row, installation); });
 }
 
 } // namespace
