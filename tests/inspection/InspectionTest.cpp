@@ -2,10 +2,13 @@
 #include "support/ManagerTest.h"
 #include "support/Notation.h"
 
+#include <configuration/ConfigurationParameterException.h>
 #include <configuration/Flags.h>
 #include <configuration/Inspection.h>
 #include <configuration/InspectionReport.h>
 #include <configuration/ParameterEnumDefinition.h>
+#include <configuration/ValueGroup.h>
+#include <configuration/ValueProvider.h>
 
 #include <sstream>
 
@@ -72,6 +75,53 @@ std::string explain(FileCase const& row, TemporaryInstallation const& installati
 
 TEST_F(InspectionTest, ExplainsSettingsAndFindings) {
     checkCases("inspection/findings.txt", [&](FileCase const& row) { return explain(row, installation); });
+}
+
+TEST_F(InspectionTest, LeavesSourcesAndSettingsAsTheyAreAndLogsNothing) {
+    auto const& specification = *createTool("tool{u?* a?=1}");
+    auto const file = installation.write("a.xml", "<tool><u value='1'/><u value='2'/></tool>");
+    char const* const argv[] = {"tool", "-a", "2"};
+    manager().enableConfiguration(false, file.c_str(), 3, argv);
+    auto const before = toText(manager().getProvider(1)->getDataCache());
+    auto const records = installation.mainLog("Configuration");
+
+    Inspection const inspection(specification, true, 0);
+    EXPECT_EQ(inspection.getSettings().size(), 2u);
+    EXPECT_EQ(toText(manager().getProvider(1)->getDataCache()), before);
+    auto const* const kept = manager().getValueGroup("tool", true, 0).getCurrentValueGroup();
+    Inspection(specification, InspectionInputs().setApplicationFile(file.c_str()));
+    EXPECT_EQ(manager().getValueGroup("tool", true, 0).getCurrentValueGroup(), kept);
+    EXPECT_EQ(installation.mainLog("Configuration"), records);
+}
+
+TEST_F(InspectionTest, FindsAndSuggestsSettings) {
+    auto const& specification = *createTool("tool{level?=1 in{level?=2 days?=3}}");
+    Inspection const inspection(specification, InspectionInputs().setOpenCommandLine(true));
+    auto const namesOf = [&](char const* name) {
+        std::string names;
+        for (auto const& setting : inspection.findSettings(name)) {
+            names.append(setting.getName()).append(" ");
+        }
+        return names;
+    };
+    EXPECT_EQ(namesOf("LEVEL"), "level ");
+    EXPECT_EQ(namesOf("days"), "in.days ");
+    EXPECT_EQ(namesOf("in.dayz"), "");
+    EXPECT_EQ(inspection.suggestSetting("in.dayz"), "in.days");
+    EXPECT_EQ(inspection.suggestSetting("nothing"), "");
+}
+
+TEST_F(InspectionTest, RequestsSuggestNamesToo) {
+    createTool("tool{in?*{location?=l} compression?=1}");
+    auto const file = installation.write("a.xml", "<tool compresion='1'><in/><in locatoin='x'/></tool>");
+    manager().enableConfiguration(false, file.c_str(), 0, nullptr);
+    try {
+        manager().getValueGroup("tool", true, STRICT_RECOGNITION);
+        FAIL() << "no fault was found";
+    } catch (ConfigurationParameterException const& thrown) {
+        EXPECT_STREQ(thrown.getErrors().getSuggestion(0), "compression");
+        EXPECT_STREQ(thrown.getErrors().getSuggestion(1), "in[2].location");
+    }
 }
 
 } // namespace

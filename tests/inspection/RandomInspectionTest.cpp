@@ -107,6 +107,8 @@ private:
         case Parameter::STRING_PARAMETER: return pick({"a", "b", "c d"});
         case Parameter::OID_PARAMETER: return pick({"1-2-3-4", "#0-0-0-1"});
         case Parameter::ENUM_PARAMETER: return pick({"low", "high"});
+        case Parameter::SIZE_PARAMETER: return pick({"1GB", "2kB"});
+        case Parameter::DURATION_PARAMETER: return pick({"1d", "2h"});
         default: return pick({"1", "2", "16"});
         }
     }
@@ -123,10 +125,11 @@ private:
             fill(*group, depth + 1);
             return group;
         }
-        auto const type = static_cast<Parameter::ValueType>(below(Parameter::ENUM_PARAMETER + 1));
+        auto const type = static_cast<Parameter::ValueType>(below(Parameter::DURATION_PARAMETER + 1));
         bool const isOptional = !oneIn(4);
         bool const isUnbounded = oneIn(4);
-        char const* const defaults[] = {"1", "d", "1", "1", "1.5", "1-1-1-1", oneIn(6) ? "none" : "low"};
+        char const* const defaults[] = {"1", "d", "1",   "1", "1.5", "1-1-1-1", oneIn(6) ? "none" : "low",
+                                        "1", "1", "1GB", "1d"};
         bool const hasDefault = (isOptional && !isUnbounded) || oneIn(2);
         auto* parameter = Parameter::Create(id.c_str(), name.c_str(), "d", isOptional, isUnbounded, type,
                                             hasDefault ? defaults[type] : nullptr, nullptr,
