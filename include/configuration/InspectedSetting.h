@@ -49,7 +49,7 @@ public:
     ~InspectedSetting();
 
 private:
-    friend class Inspection;
+    friend class SettingLister;
     class KIVO_CONFIGURATION_LOCAL Impl;
     explicit InspectedSetting(std::shared_ptr<Impl const> impl) noexcept;
     std::shared_ptr<Impl const> mImpl;

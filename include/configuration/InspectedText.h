@@ -40,6 +40,7 @@ public:
 
 private:
     friend class InspectedSetting;
+    friend class SettingLister;
     class KIVO_CONFIGURATION_LOCAL Impl;
     explicit InspectedText(std::shared_ptr<Impl const> impl) noexcept;
     std::shared_ptr<Impl const> mImpl;

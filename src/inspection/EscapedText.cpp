@@ -30,6 +30,9 @@ bool isControl(std::string_view character) {
     return first == 0xC2 && static_cast<unsigned char>(character[1]) < 0xA0;
 }
 
+/// Most bytes: they stand for themselves, whatever is around them.
+bool isPlain(char byte) { return byte >= ' ' && byte < 0x7F && byte != '\\'; }
+
 void appendEscaped(std::string& escaped, char byte) {
     switch (byte) {
     case '\\': escaped.append("\\\\"); return;
@@ -49,6 +52,12 @@ void appendEscaped(std::string& escaped, char byte) {
 std::string escape(std::string_view text) {
     std::string escaped;
     while (!text.empty()) {
+        auto const plain = std::ranges::find_if_not(text, isPlain) - text.begin();
+        escaped.append(text.substr(0, static_cast<std::size_t>(plain)));
+        text.remove_prefix(static_cast<std::size_t>(plain));
+        if (text.empty()) {
+            break;
+        }
         auto const character = text.substr(0, sizeOfCharacter(text));
         if (character == "\\" || isControl(character)) {
             std::ranges::for_each(character, [&](char byte) { appendEscaped(escaped, byte); });

@@ -1,23 +1,61 @@
 #include "kernel/kvProcessInit.h"
 
 #include <configuration/Inspection.h>
+#include <configuration/Manager.h>
 #include <configuration/Parameter.h>
 #include <configuration/Specification.h>
 
 #include "inspection/InspectionImpl.h"
+#include "inspection/InspectionInputsImpl.h"
+#include "inspection/InspectionPipeline.h"
+#include "inspection/SettingLister.h"
+#include "inspection/ToolSources.h"
+#include "inspection/ValueRemarks.h"
 #include "schema/ContractChecks.h"
-#include "schema/NameComparison.h"
+#include "schema/NameSuggestion.h"
 
 #include <algorithm>
 #include <iterator>
 
 namespace kivo::configuration {
 
-Inspection::Inspection(Specification const& specification, InspectionInputs const&)
-    : mImpl(std::make_shared<Impl const>(Impl{specification.getId(), {}, {}})) {}
+namespace {
 
-Inspection::Inspection(Specification const& specification, bool, int)
-    : mImpl(std::make_shared<Impl const>(Impl{specification.getId(), {}, {}})) {}
+/// Offers full names and last parts.
+void offerNames(ClosestName& closest, InspectedSetting const& setting, InspectedSetting const*& best) {
+    auto const* const before = closest.get();
+    closest.offer(setting.getName());
+    closest.offer(setting.getParameter().getId());
+    best = closest.get() == before ? best : &setting;
+}
+
+} // namespace
+
+std::shared_ptr<Inspection::Impl const> Inspection::Impl::make(Specification const& specification,
+                                                               InspectionPipeline& pipeline, bool isRequired,
+                                                               bool isMachineConfigLeftOut) {
+    pipeline.complete(isRequired);
+    auto made = std::make_shared<Impl>();
+    made->specificationId = specification.getId();
+    made->settings = SettingLister(pipeline).list();
+    remarkOnValues(pipeline);
+    made->findings = pipeline.getFindings().take();
+    made->isMachineConfigLeftOut = isMachineConfigLeftOut;
+    return made;
+}
+
+Inspection::Inspection(Specification const& specification, InspectionInputs const& inputs) {
+    auto const& given = *inputs.mImpl;
+    InspectionPipeline pipeline(specification, given.flags, given.isCommandLineOpen);
+    bool const isLeftOut = addToolSources(pipeline, given.arguments, given.applicationFile, given.machineConfig);
+    mImpl = Impl::make(specification, pipeline, given.isRequired, isLeftOut);
+}
+
+Inspection::Inspection(Specification const& specification, bool required, int flags) {
+    InspectionPipeline pipeline(specification, flags, false);
+    addProviders(pipeline, *Manager::getInstance(), flags);
+    mImpl = Impl::make(specification, pipeline, required, false);
+}
 
 Inspection::Inspection(Inspection const&) noexcept = default;
 
@@ -51,7 +89,12 @@ std::vector<InspectedSetting> Inspection::findSettings(char const* name) const {
 
 std::string Inspection::suggestSetting(char const* name) const {
     KIVO_REQUIRE(name != 0);
-    return {};
+    ClosestName closest(name);
+    InspectedSetting const* best = nullptr;
+    for (auto const& setting : mImpl->settings) {
+        offerNames(closest, setting, best);
+    }
+    return best ? best->getName() : "";
 }
 
 bool Inspection::isMachineConfigLeftOut() const noexcept { return mImpl->isMachineConfigLeftOut; }

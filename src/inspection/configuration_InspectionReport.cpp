@@ -6,9 +6,9 @@
 #include "schema/ContractChecks.h"
 
 #include <algorithm>
-#include <set>
 #include <string_view>
 #include <tuple>
+#include <unordered_set>
 
 namespace kivo::configuration {
 
@@ -21,21 +21,6 @@ int rankOf(Origin const& origin) {
     }
     return origin.getSource() == Origin::COMMAND_LINE_SOURCE ? 1 : 2;
 }
-
-/// A finding with what it is sorted by.
-struct Row {
-    Finding finding;
-    Origin origin;
-    std::string file; // empty where the place is not in a file
-
-    explicit Row(Finding const& each)
-        : finding(each), origin(each.getOrigin()), file(rankOf(origin) == 0 ? origin.getName() : "") {}
-
-    auto place() const {
-        return std::make_tuple(rankOf(origin), std::string_view(file), origin.getLine(), origin.getColumn(),
-                               origin.getArgument());
-    }
-};
 
 /// A message without the line ends at its end: those of validators have some.
 std::string_view withoutLineEnd(std::string_view message) {
@@ -57,12 +42,40 @@ std::string composeLine(Finding const& finding) {
     return line.append("\n");
 }
 
-std::string composeCount(std::ptrdiff_t count, std::string const& noun) {
-    return count == 0 ? std::string() : std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+/// A finding with what it is sorted by.
+struct Row {
+    Finding finding;
+    Origin origin;
+    std::string file; // empty where the place is not in a file
+    std::string line; // that shows it
+
+    explicit Row(Finding const& each)
+        : finding(each),
+          origin(each.getOrigin()),
+          file(rankOf(origin) == 0 ? origin.getName() : ""),
+          line(composeLine(each)) {}
+
+    auto place() const {
+        return std::make_tuple(rankOf(origin), std::string_view(file), origin.getLine(), origin.getColumn(),
+                               origin.getArgument());
+    }
+};
+
+/// The findings in their order, each once.
+std::vector<Row> sortedRows(std::vector<Finding> const& findings) {
+    std::vector<Row> rows(findings.begin(), findings.end());
+    std::ranges::stable_sort(rows, [](Row const& a, Row const& b) { return a.place() < b.place(); });
+    std::unordered_set<std::string> lines;
+    std::erase_if(rows, [&](Row const& row) { return !lines.insert(row.line).second; });
+    return rows;
 }
 
-std::ptrdiff_t count(std::vector<Finding> const& findings, Finding::Severity severity) {
-    return std::ranges::count(findings, severity, &Finding::getSeverity);
+std::ptrdiff_t count(std::vector<Row> const& rows, Finding::Severity severity) {
+    return std::ranges::count_if(rows, [=](Row const& row) { return row.finding.getSeverity() == severity; });
+}
+
+std::string composeCount(std::ptrdiff_t count, std::string const& noun) {
+    return count == 0 ? std::string() : std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
 /// Stands for an entry without a text.
@@ -81,7 +94,7 @@ struct ChainLine {
 };
 
 /// What is wider than this does not widen its column: one long text would make all other lines as long.
-constexpr std::size_t MAX_COLUMN_WIDTH = 60;
+constexpr std::size_t MAX_COLUMN_WIDTH = 120;
 
 std::size_t columnWidth(std::vector<ChainLine> const& lines, std::string ChainLine::*column) {
     std::size_t width = 0;
@@ -157,26 +170,21 @@ std::string escapeText(char const* text) {
 }
 
 std::vector<Finding> sortFindings(std::vector<Finding> const& findings) {
-    std::vector<Row> rows(findings.begin(), findings.end());
-    std::ranges::stable_sort(rows, [](Row const& a, Row const& b) { return a.place() < b.place(); });
     std::vector<Finding> sorted;
-    std::set<std::string> lines;
-    for (auto const& row : rows) {
-        if (lines.insert(composeLine(row.finding)).second) {
-            sorted.push_back(row.finding);
-        }
+    for (auto const& row : sortedRows(findings)) {
+        sorted.push_back(row.finding);
     }
     return sorted;
 }
 
-std::string composeFindings(std::vector<Finding> const& given) {
+std::string composeFindings(std::vector<Finding> const& findings) {
     std::string text;
-    auto const findings = sortFindings(given);
-    for (auto const& finding : findings) {
-        text.append(composeLine(finding));
+    auto const rows = sortedRows(findings);
+    for (auto const& row : rows) {
+        text.append(row.line);
     }
-    auto const errors = composeCount(count(findings, Finding::ERROR_SEVERITY), "error");
-    auto const warnings = composeCount(count(findings, Finding::WARNING_SEVERITY), "warning");
+    auto const errors = composeCount(count(rows, Finding::ERROR_SEVERITY), "error");
+    auto const warnings = composeCount(count(rows, Finding::WARNING_SEVERITY), "warning");
     if (!text.empty()) {
         text.append(errors).append(errors.empty() || warnings.empty() ? "" : ", ").append(warnings).append("\n");
     }
@@ -184,7 +192,8 @@ std::string composeFindings(std::vector<Finding> const& given) {
 }
 
 int getExitStatus(std::vector<Finding> const& findings, bool warningsAreFatal) {
-    return count(findings, Finding::ERROR_SEVERITY) > 0 || (warningsAreFatal && !findings.empty()) ? 1 : 0;
+    bool const hasError = std::ranges::find(findings, Finding::ERROR_SEVERITY, &Finding::getSeverity) != findings.end();
+    return hasError || (warningsAreFatal && !findings.empty()) ? 1 : 0;
 }
 
 } // namespace kivo::configuration

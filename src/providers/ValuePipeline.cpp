@@ -92,16 +92,13 @@ bool ValuePipeline::addSource(ValueProvider const* source, ParameterValueGroup c
 
 void ValuePipeline::complete(ParameterValueGroup& collected, ParameterValueGroup& result) {
     ParameterErrors errors;
-    validate(collected, errors);
+    see(collected, ParameterValueGroupValidationVisitor(&mSpecification, errors, mTreatment == COLLECT_FAULTS));
     endPhase(errors);
+    onValidated(collected);
     see(collected, ParameterValueGroupDefaultProviderVisitor(&mSpecification, errors));
     endPhase(errors);
     see(collected, ParameterValueAggregationVisitor(&mSpecification, result, errors, true));
     endPhase(errors);
-}
-
-void ValuePipeline::validate(ParameterValueGroup& collected, ParameterErrors& errors) {
-    see(collected, ParameterValueGroupValidationVisitor(&mSpecification, errors));
 }
 
 void ValuePipeline::endPhase(ParameterErrors& errors) { errors.throwIfErrors(); }
@@ -109,6 +106,8 @@ void ValuePipeline::endPhase(ParameterErrors& errors) { errors.throwIfErrors(); 
 void ValuePipeline::onMatched(ParameterValueGroup&) {}
 
 void ValuePipeline::onAggregated(ParameterValueGroup const&) {}
+
+void ValuePipeline::onValidated(ParameterValueGroup&) {}
 
 bool ValuePipeline::isHelpRequest(ParameterValueGroup const& group) { return readsAsTrue(group, HELP); }
 

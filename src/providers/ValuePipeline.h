@@ -43,8 +43,8 @@ protected:
     virtual void onAggregated(ParameterValueGroup const& values);
     /// Whether the source's group of the specification asks for help, and nothing else of it counts.
     virtual bool isHelpRequest(ParameterValueGroup const& group);
-    /// The second phase of validation: every group of the specification is checked.
-    virtual void validate(ParameterValueGroup& collected, ParameterErrors& errors);
+    /// The merged values are checked; next come the defaults.
+    virtual void onValidated(ParameterValueGroup& values);
 
 private:
     Specification const& mSpecification;

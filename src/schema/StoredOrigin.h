@@ -53,6 +53,11 @@ public:
     std::uint32_t line() const noexcept { return mLine; }
     std::uint32_t column() const noexcept { return mColumn; }
 
+    /// The same origin, which can be told from all others: its copies, and no others, have its identity.
+    StoredOrigin unshared() const;
+    /// What the copies of an unshared origin have in common; null for all other origins.
+    void const* identity() const noexcept { return mSource && mSource->isUnshared ? mSource : nullptr; }
+
     /// Whether this is a place before another one of the same source.
     bool isBeforeInSource(StoredOrigin const& other) const noexcept;
 
@@ -63,6 +68,7 @@ private:
         SharedSource(Origin::Source sourceKind, std::string_view sourceName) : kind(sourceKind), name(sourceName) {}
 
         Origin::Source const kind;
+        bool isUnshared = false;
         std::atomic<std::uint32_t> users{1};
         std::string const name;
     };

@@ -57,6 +57,15 @@ StoredOrigin StoredOrigin::at(unsigned long line, unsigned long column) const no
     return place;
 }
 
+StoredOrigin StoredOrigin::unshared() const {
+    if (!isKnown()) {
+        return {};
+    }
+    StoredOrigin copy(source(), name());
+    copy.mSource->isUnshared = true;
+    return copy.at(mLine, mColumn);
+}
+
 bool StoredOrigin::isBeforeInSource(StoredOrigin const& other) const noexcept {
     bool const isSameSource =
         mSource == other.mSource || (source() == other.source() && std::strcmp(name(), other.name()) == 0);

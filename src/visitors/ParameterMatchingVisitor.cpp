@@ -160,13 +160,13 @@ void ParameterMatchingVisitor::suggestNames() {
 ParameterMatchingVisitor::Section ParameterMatchingVisitor::findSection(ParameterValueGroup const* group) {
     auto const* schemaGroup = group ? group->getParameterGroup() : nullptr;
     if (!schemaGroup || schemaGroup == mRootGroup) {
-        return {mRootGroup, SettingNames::composeRootPrefix(*mRootGroup, 1)};
+        return {mRootGroup, composePrefix({}, composeRootName(*mRootGroup, 1))};
     }
     auto around = findSection(holderOf(*group));
     if (schemaGroup->getGroupType() != ParameterGroup::CONTAINER) {
         return around;
     }
-    return {schemaGroup, SettingNames::composePrefix(around.prefix, *schemaGroup, countOccurrencesUpTo(*group))};
+    return {schemaGroup, composePrefix(around.prefix, composeSectionName(*schemaGroup, countOccurrencesUpTo(*group)))};
 }
 
 } // namespace kivo::configuration

@@ -11,12 +11,13 @@
 namespace kivo::configuration {
 
 ParameterValueGroupValidationVisitor::ParameterValueGroupValidationVisitor(Specification const* specification,
-                                                                           ParameterErrors& errors)
-    : ParameterValueVisitor(false), mRootGroup(rootGroupOf(specification)), mErrors(errors) {}
+                                                                           ParameterErrors& errors, bool collects)
+    : ParameterValueVisitor(false), mRootGroup(rootGroupOf(specification)), mErrors(errors), mCollects(collects) {}
 
 bool ParameterValueGroupValidationVisitor::visitGroupStart(ParameterValueGroup& group) {
     if (group.getParameterItem() == mRootGroup) {
-        SecondPhaseValidationVisitor validation(group, mErrors);
+        auto validation = mCollects ? SecondPhaseValidationVisitor(group, mErrors, false)
+                                    : SecondPhaseValidationVisitor(group, mErrors);
         mRootGroup->accept(validation);
     }
     return true;

@@ -12,13 +12,16 @@ class Specification;
 class ParameterValueGroupValidationVisitor final : public ParameterValueVisitor {
 public:
     /// @throws kivo::ContractViolationException "specification != 0"
-    ParameterValueGroupValidationVisitor(Specification const* specification, ParameterErrors& errors);
+    /// @param collects as the second constructor of SecondPhaseValidationVisitor, for an inspection
+    ParameterValueGroupValidationVisitor(Specification const* specification, ParameterErrors& errors,
+                                         bool collects = false);
 
     bool visitGroupStart(ParameterValueGroup& group) override;
 
 private:
     ParameterGroup const* mRootGroup;
     ParameterErrors& mErrors;
+    bool mCollects;
 };
 
 } // namespace kivo::configuration

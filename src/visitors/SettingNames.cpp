@@ -9,21 +9,23 @@
 
 namespace kivo::configuration {
 
+std::string composeSectionName(ParameterGroup const& container, unsigned long occurrence) {
+    return container.getId() + (container.isUnbounded() ? "[" + std::to_string(occurrence) + "]" : std::string());
+}
+
+std::string composeRootName(ParameterGroup const& root, unsigned long occurrence) {
+    return root.isUnbounded() ? composeSectionName(root, occurrence) : std::string();
+}
+
+std::string composePrefix(std::string const& prefix, std::string const& sectionName) {
+    return sectionName.empty() ? prefix : prefix + sectionName + ".";
+}
+
 SettingNames::SettingNames(ParameterGroup const& root) { root.accept(*this); }
-
-std::string SettingNames::composePrefix(std::string const& prefix, ParameterGroup const& container,
-                                        unsigned long occurrence) {
-    auto const number = container.isUnbounded() ? "[" + std::to_string(occurrence) + "]" : std::string();
-    return prefix + container.getId() + number + ".";
-}
-
-std::string SettingNames::composeRootPrefix(ParameterGroup const& root, unsigned long occurrence) {
-    return root.isUnbounded() ? composePrefix({}, root, occurrence) : std::string();
-}
 
 bool SettingNames::visitGroupStart(ParameterGroup const& group) {
     if (mSections.empty()) {
-        mSections.push_back({&group, composeRootPrefix(group, 1)});
+        mSections.push_back({&group, composePrefix({}, composeRootName(group, 1))});
         mOpenSections.push_back(0);
         return true;
     }
@@ -34,7 +36,7 @@ bool SettingNames::visitGroupStart(ParameterGroup const& group) {
     }
     mNames.push_back({&group, around, false});
     mOpenSections.push_back(mSections.size());
-    mSections.push_back({&group, composePrefix(mSections[around].prefix, group, 1)});
+    mSections.push_back({&group, composePrefix(mSections[around].prefix, composeSectionName(group, 1))});
     return true;
 }
 

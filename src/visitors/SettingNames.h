@@ -9,10 +9,22 @@
 
 namespace kivo::configuration {
 
+class Parameter;
+class ParameterGroup;
 class ParameterItem;
 
 /// For so many faults of one run somebody looks for what was meant: a hostile file could have any number of them.
 inline constexpr std::size_t MAX_SUGGESTIONS = 100;
+
+/// The name of a container as it stands in the full names of its settings: "retention", "mirror[2]".
+/// @param occurrence counted from 1; only a container that repeats shows it
+std::string composeSectionName(ParameterGroup const& container, unsigned long occurrence);
+
+/// The same for a root, whose name does not show unless it repeats.
+std::string composeRootName(ParameterGroup const& root, unsigned long occurrence);
+
+/// What stands before the names of the settings of a section. @param prefix that of the section around it
+std::string composePrefix(std::string const& prefix, std::string const& sectionName);
 
 /// The full names of all settings and sections of a schema, to find what a user may have meant by a name that is not
 /// known. Hidden settings are not suggested.
@@ -31,14 +43,6 @@ public:
     std::string suggestSetting(ParameterGroup const& section, std::string const& prefix, std::string_view given) const;
     /// What was meant by an element: a section or a setting in the same section, or a section elsewhere.
     std::string suggestElement(ParameterGroup const& section, std::string const& prefix, std::string_view given) const;
-
-    /// What stands before the names of the settings of a container.
-    /// @param prefix     that of the container around it
-    /// @param occurrence counted from 1; only a container that repeats shows it
-    static std::string composePrefix(std::string const& prefix, ParameterGroup const& container,
-                                     unsigned long occurrence);
-    /// The same for the root, whose name does not show unless it repeats.
-    static std::string composeRootPrefix(ParameterGroup const& root, unsigned long occurrence);
 
 private:
     struct Section {

@@ -3,6 +3,7 @@
 #include "visitors/UnboundedParameterValueFixer.h"
 
 #include <configuration/ConfigurationException.h>
+#include <configuration/ParameterErrors.h>
 #include <configuration/ParameterValue.h>
 #include <configuration/ParameterValueGroup.h>
 
@@ -34,10 +35,13 @@ bool UnboundedParameterValueFixer::visitGroupStart(ParameterValueGroup& group) {
     auto const* schemaParent = mSchemaStack.back();
     auto const* item = schemaParent->getItem(group.getParameterItemId(), false);
     if (item && item->getItemType() == ParameterItem::PARAMETER) {
-        auto const& origin = group.getStoredOrigin();
-        if (!runOrCollect(mCollected, Rule::MISSING_VALUE, origin, [&] { addText(group); })) {
-            mTargetStack.back()->addValueAt(group.getParameterItemId(), nullptr, origin); // it was given, all the same
-            ++mChangeCount;
+        if (!mCollected) {
+            addText(group);
+            return false;
+        }
+        ParameterErrors faults;
+        if (!runOrCollect(&faults, Rule::MISSING_VALUE, {}, [&] { addText(group); })) {
+            addMissingText(group, faults.getError(0));
         }
         return false;
     }
@@ -59,6 +63,14 @@ void UnboundedParameterValueFixer::addText(ParameterValueGroup const& element) {
         mTargetStack.back()->addValueAt(element.getParameterItemId(), value->getValue(0, false),
                                         element.getStoredOrigin());
     }
+    ++mChangeCount;
+}
+
+/// What is wrong is said of the element, which counts as given all the same.
+void UnboundedParameterValueFixer::addMissingText(ParameterValueGroup const& element, char const* fault) {
+    auto const& origin = element.getStoredOrigin();
+    mCollected->addFault(Rule::MISSING_VALUE, origin, "%s", fault);
+    mTargetStack.back()->addValueAt(element.getParameterItemId(), nullptr, origin);
     ++mChangeCount;
 }
 

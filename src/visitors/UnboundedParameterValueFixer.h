@@ -36,6 +36,7 @@ public:
 
 private:
     void addText(ParameterValueGroup const& element);
+    void addMissingText(ParameterValueGroup const& element, char const* fault);
     void openCopy(ParameterValueGroup const& group);
 
     SpecificationParameterGroup mSpecificationGroup;

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <configuration/Finding.h>
+
+#include "schema/Rule.h"
+#include "schema/StoredOrigin.h"
+
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+namespace kivo::configuration {
+
+/// The findings of an inspection, each message once for an origin.
+class FindingList {
+public:
+    /// @param suggestion what was probably meant; empty: nothing
+    void add(Finding::Severity severity, Rule rule, std::string const& message, StoredOrigin const& origin,
+             std::string const& suggestion = {});
+
+    /// Whether it is worth the time to look for what was meant by the next finding.
+    bool wantsSuggestion() const;
+
+    std::vector<Finding> take() { return std::move(mFindings); }
+
+private:
+    std::vector<Finding> mFindings;
+    std::unordered_set<std::string> mKnown; // origins with messages
+};
+
+} // namespace kivo::configuration

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <configuration/InspectionInputs.h>
+
+#include <string>
+#include <vector>
+
+namespace kivo::configuration {
+
+class InspectionPipeline;
+class Manager;
+
+/// Gives a pipeline the sources that a tool would have, in the order in which a request asks them.
+/// @param arguments     the tool's name first; empty: no command line
+/// @param machineConfig when the installation's file counts
+/// @return whether MACHINE_CONFIG_TAKEN_IF_ADDRESSED left the installation's file out
+bool addToolSources(InspectionPipeline& pipeline, std::vector<std::string> const& arguments,
+                    std::string const& applicationFile, InspectionInputs::MachineConfig machineConfig);
+
+/// Gives a pipeline the values of the manager's enabled providers, in the order in which a request asks them.
+void addProviders(InspectionPipeline& pipeline, Manager& manager, int flags);
+
+} // namespace kivo::configuration

@@ -1,0 +1,388 @@
+// An inspection says what a request does, for any schema and any sources.
+
+#include "support/ManagerTest.h"
+
+#include <configuration/ConfigurationParameterException.h>
+#include <configuration/Flags.h>
+#include <configuration/Inspection.h>
+#include <configuration/InspectionReport.h>
+#include <configuration/Memory.h>
+#include <configuration/Parameter.h>
+#include <configuration/ParameterEnumDefinition.h>
+#include <configuration/ParameterGroup.h>
+#include <configuration/ParameterValidator.h>
+#include <configuration/ParameterValue.h>
+#include <configuration/ParameterValueGroup.h>
+#include <configuration/Specification.h>
+#include <configuration/ValueGroup.h>
+#include <configuration/ValueProvider.h>
+
+#include <algorithm>
+#include <iostream>
+#include <map>
+#include <random>
+#include <set>
+
+namespace kivo::test {
+
+using namespace configuration;
+
+namespace {
+
+class NoSevens final : public ParameterValidator {
+public:
+    NoSevens() : ParameterValidator("noSevens") {}
+    using ParameterValidator::validate;
+    char* validate(char const* text) const override {
+        return std::string(text).find('7') == std::string::npos ? nullptr : cloneString("there is a 7");
+    }
+};
+
+/// A provider of the caller's own, which counts how often it is asked.
+class OwnProvider final : public ValueProvider {
+public:
+    explicit OwnProvider(int priority) : ValueProvider(priority) {}
+    char const* getName() const override { return "OWN"; }
+    using ValueProvider::setArguments;
+    void setArguments(ParameterValueGroup const& values, int) override { setDataCache(values); }
+    bool getValues(Specification const* specification, ParameterValueGroup& result, int flags) override {
+        ++requests;
+        return ValueProvider::getValues(specification, result, flags);
+    }
+    int requests = 0;
+};
+
+/// Texts by the full name of their setting.
+using Values = std::map<std::string, std::vector<std::string>>;
+
+std::string shown(char const* text) { return text ? std::string("\"") + text + '"' : "<none>"; }
+
+void addValues(ParameterValueGroup const& group, std::string const& prefix, Values& values) {
+    std::map<ParameterItem const*, int> occurrences;
+    for (unsigned long i = 0; i < group.getNumberOfItems(); ++i) {
+        auto const& item = *group.getItem(i);
+        auto const name = prefix + item.getParameterItemId();
+        if (item.getItemType() == ParameterValueItem::PARAMETER_VALUE_GROUP) {
+            auto const number = std::to_string(++occurrences[item.getParameterItem()]);
+            addValues(static_cast<ParameterValueGroup const&>(item),
+                      name + (item.getParameterItem()->isUnbounded() ? "[" + number + "]." : "."), values);
+            continue;
+        }
+        auto const& value = static_cast<ParameterValue const&>(item);
+        for (unsigned long j = 0; j < value.getNumberOfValues(); ++j) {
+            values[name].push_back(shown(value.getValue(j, false)));
+        }
+    }
+}
+
+class RandomCase {
+public:
+    RandomCase(unsigned long seed, TemporaryInstallation& installation) : mRandom(seed), mInstallation(installation) {
+        auto& manager = *Manager::getInstance();
+        manager.reset();
+        manager.addValidator(std::make_unique<NoSevens>().release());
+        mLabels = std::make_unique<ParameterEnumDefinition>("labels").release();
+        mLabels->addEnumValue("low", 1);
+        mLabels->addEnumValue("high", 2);
+        manager.registerEnumDefinition(mLabels);
+        mRoot = ParameterGroup::CreateContainer("tool", "tool", "d", oneIn(2), oneIn(12));
+        fill(*mRoot, 0);
+        specification = std::make_unique<Specification>("tool", "d").release();
+        manager.registerSpecification(specification);
+    }
+
+    void check();
+
+private:
+    bool oneIn(unsigned n) { return mRandom() % n == 0; }
+    unsigned long below(unsigned long n) { return mRandom() % n; }
+    std::string pick(std::initializer_list<char const*> texts) { return *(texts.begin() + below(texts.size())); }
+
+    std::string text(Parameter const* parameter) {
+        if (!parameter || oneIn(5)) {
+            return pick({"", "x", "7", "1-2-3-4", " 5", "-3", "4294967296", "true", "%s", "High", "1e3", "1--2-3-4"});
+        }
+        switch (parameter->getValueType()) {
+        case Parameter::BOOLEAN_PARAMETER: return pick({"true", "FALSE", "0", "1"});
+        case Parameter::STRING_PARAMETER: return pick({"a", "b", "c d"});
+        case Parameter::OID_PARAMETER: return pick({"1-2-3-4", "#0-0-0-1"});
+        case Parameter::ENUM_PARAMETER: return pick({"low", "high"});
+        case Parameter::SIZE_PARAMETER: return pick({"1GB", "2kB"});
+        case Parameter::DURATION_PARAMETER: return pick({"1d", "2h"});
+        default: return pick({"1", "2", "16"});
+        }
+    }
+
+    ParameterItem* makeItem(int depth) {
+        auto const id = pick({"a", "ab", "b", "value", "c"}) + std::to_string(++mCount);
+        auto const name = oneIn(15) ? "n" + id : id;
+        auto const kind = depth > 2 ? 9 : below(10);
+        if (kind < 4) {
+            auto* group = kind == 0 ? ParameterGroup::CreateGroup(id.c_str(), name.c_str(), "d")
+                          : kind == 1
+                              ? ParameterGroup::CreateMutuallyExclusive(id.c_str(), name.c_str(), "d", oneIn(2))
+                              : ParameterGroup::CreateContainer(id.c_str(), name.c_str(), "d", oneIn(2), oneIn(2));
+            fill(*group, depth + 1);
+            return group;
+        }
+        auto const type = static_cast<Parameter::ValueType>(below(Parameter::DURATION_PARAMETER + 1));
+        bool const isOptional = !oneIn(4);
+        bool const isUnbounded = oneIn(4);
+        char const* const defaults[] = {"1", "d", "1",   "1", "1.5", "1-1-1-1", oneIn(6) ? "none" : "low",
+                                        "1", "1", "1GB", "1d"};
+        bool const hasDefault = (isOptional && !isUnbounded) || oneIn(2);
+        auto* parameter = Parameter::Create(id.c_str(), name.c_str(), "d", isOptional, isUnbounded, type,
+                                            hasDefault ? defaults[type] : nullptr, nullptr,
+                                            oneIn(6) ? "noSevens" : nullptr, oneIn(10));
+        if (type == Parameter::ENUM_PARAMETER && !oneIn(8)) {
+            parameter->setEnumDefinition(mLabels);
+        }
+        mParameters.push_back(parameter);
+        return parameter;
+    }
+    void fill(ParameterGroup& group, int depth) {
+        for (auto i = 1 + below(4); i > 0; --i) {
+            group.addItem(oneIn(12) && !mParameters.empty() ? mParameters[below(mParameters.size())] : makeItem(depth));
+        }
+    }
+
+    Parameter const* anyParameter() { return mParameters.empty() ? nullptr : mParameters[below(mParameters.size())]; }
+    std::string anyId() {
+        auto const* parameter = anyParameter();
+        auto const id = parameter && !oneIn(10) ? std::string(parameter->getId()) : "u" + std::to_string(below(3));
+        return oneIn(20) ? "c" + std::to_string(1 + below(mCount)) : id;
+    }
+
+    /// Fills a tree for the settings of a group; constraints are no level of it. @param faults one in how many
+    void give(ParameterValueGroup& values, ParameterGroup const& group, unsigned faults, bool isFile) {
+        for (unsigned long i = 0; i < group.getNumberOfItems(); ++i) {
+            auto* const item = group.getItem(i);
+            if (auto const* parameter = dynamic_cast<Parameter const*>(item)) {
+                if (oneIn(3)) {
+                    giveText(values, *parameter, isFile && group.getGroupType() == ParameterGroup::CONTAINER);
+                }
+                continue;
+            }
+            auto const& inner = static_cast<ParameterGroup const&>(*item);
+            if (inner.getGroupType() == ParameterGroup::CONSTRAINT && !oneIn(faults)) {
+                give(values, inner, faults, isFile);
+                continue;
+            }
+            for (auto n = below(inner.isUnbounded() ? 4 : 2) + (oneIn(9) ? 1 : 0); n > 0; --n) {
+                give(child(values, inner.getId()), inner, faults, isFile);
+            }
+        }
+        if (oneIn(faults)) {
+            auto& target = oneIn(2) ? child(values, anyId()) : values;
+            if (auto const id = anyId(); !target.getItem(id.c_str())) {
+                target.addValue(id.c_str(), text(nullptr).c_str());
+            }
+        }
+        if (oneIn(faults)) {
+            child(values, anyId());
+        }
+    }
+    void giveText(ParameterValueGroup& values, Parameter const& parameter, bool mayBeElement) {
+        if (mayBeElement && oneIn(2)) {
+            for (auto n = 1 + below(parameter.isUnbounded() ? 3 : 1); n > 0; --n) {
+                child(values, parameter.getId()).addValue(oneIn(30) ? "valu" : "value", text(&parameter).c_str());
+            }
+        } else if (!values.getItem(parameter.getId())) {
+            values.addValue(parameter.getId(), text(&parameter).c_str());
+        }
+    }
+    static ParameterValueGroup& child(ParameterValueGroup& values, std::string const& id) {
+        auto* const group = std::make_unique<ParameterValueGroup>(id.c_str()).release();
+        values.addItem(group);
+        return *group;
+    }
+
+    static std::string toXml(ParameterValueGroup const& group) {
+        std::string attributes;
+        std::string elements;
+        for (unsigned long i = 0; i < group.getNumberOfItems(); ++i) {
+            auto const& item = *group.getItem(i);
+            if (item.getItemType() == ParameterValueItem::PARAMETER_VALUE_GROUP) {
+                elements += toXml(static_cast<ParameterValueGroup const&>(item));
+            } else {
+                auto const* const value = static_cast<ParameterValue const&>(item).getValue(0, false);
+                attributes += std::string(" ") + item.getParameterItemId() + "=\"" + value + '"';
+            }
+        }
+        auto const id = std::string(group.getParameterItemId());
+        return '<' + id + attributes + ">\n" + elements + "</" + id + ">\n";
+    }
+    std::string makeFile(std::string const& name) {
+        ParameterValueGroup values(oneIn(25) ? "toll" : "tool");
+        give(values, *mRoot, mFaults, true);
+        return mInstallation.write(name, oneIn(400) ? "<tool" : toXml(values));
+    }
+    void makeTree(ParameterValueGroup& top) { give(child(top, "tool"), *mRoot, mFaults, false); }
+
+    std::vector<std::string> makeArguments() {
+        std::vector<std::string> arguments{"program"};
+        for (auto n = below(6); n > 0; --n) {
+            auto const* const parameter = anyParameter();
+            auto flag = parameter && !oneIn(mFaults) ? std::string(parameter->getName()) : anyId();
+            flag.resize(oneIn(4) ? 1 + below(flag.size()) : flag.size());
+            arguments.push_back(oneIn(4 * mFaults) ? flag : "-" + flag);
+            if (!oneIn(4)) {
+                arguments.push_back(text(parameter));
+            }
+        }
+        for (auto n = below(3); n > 0; --n) {
+            arguments.emplace_back("-loadConfiguration");
+            arguments.push_back(oneIn(40) ? "nowhere.xml" : makeFile("named" + std::to_string(n) + ".xml"));
+        }
+        return arguments;
+    }
+
+    bool isHidden(std::string const& name) const {
+        return std::ranges::any_of(mParameters, [&](auto const* each) {
+            return each->isHidden() && each->getId() == name.substr(name.rfind('.') + 1);
+        });
+    }
+    void compare(Inspection const& inspection, bool required, int flags);
+    static void expectMessages(Inspection const& inspection, std::exception const& thrown);
+
+    std::mt19937_64 mRandom;
+    TemporaryInstallation& mInstallation;
+    Specification* specification;
+    ParameterEnumDefinition* mLabels;
+    ParameterGroup* mRoot;
+    std::vector<Parameter*> mParameters;
+    unsigned long mCount = 0;
+    unsigned mFaults = 4;
+};
+
+/// What a request throws must be among the findings.
+void RandomCase::expectMessages(Inspection const& inspection, std::exception const& thrown) {
+    std::set<std::string> found;
+    for (auto const& finding : inspection.getFindings()) {
+        found.insert(finding.getMessage());
+    }
+    std::vector<std::string> messages{thrown.what()};
+    if (auto const* several = dynamic_cast<ConfigurationParameterException const*>(&thrown)) {
+        messages.clear();
+        for (unsigned long i = 0; i < several->getErrors().getNumberOfErrors(); ++i) {
+            messages.emplace_back(several->getErrors().getError(i));
+        }
+    }
+    for (auto const& message : messages) {
+        EXPECT_TRUE(found.contains(message)) << message;
+    }
+}
+
+void RandomCase::compare(Inspection const& inspection, bool required, int flags) {
+    struct Explanation {
+        Inspection const& inspection;
+        ~Explanation() {
+            if (testing::Test::HasFailure()) {
+                std::cerr << composeExplanation(inspection, false);
+            }
+        }
+    } const explanation{inspection};
+    Values requested;
+    try {
+        auto const group = Manager::getInstance()->getValueGroup("tool", required, flags);
+        if (!group.isNull()) {
+            auto const& top = *group.getCurrentValueGroup()->getParentGroup();
+            addValues(top, "", requested);
+        }
+    } catch (std::exception const& thrown) {
+        expectMessages(inspection, thrown);
+        return;
+    }
+    Values inspected;
+    std::multiset<std::string> misplaced;
+    auto const prefix = mRoot->isUnbounded() ? "" : "tool.";
+    for (auto const& setting : inspection.getSettings()) {
+        EXPECT_FALSE(inspected.contains(prefix + std::string(setting.getName()))) << setting.getName();
+        for (unsigned long i = 0; i < setting.getNumberOfValues(); ++i) {
+            inspected[prefix + std::string(setting.getName())].push_back(shown(setting.getValue(i).getText()));
+        }
+        for (unsigned long i = 0; i < setting.getNumberOfAlternatives(); ++i) {
+            if (setting.getAlternative(i).getVerdict() == InspectedText::MISPLACED) {
+                misplaced.insert(shown(setting.getAlternative(i).getText()));
+            }
+        }
+    }
+    for (auto entry = requested.begin(); entry != requested.end();) {
+        bool const isListed = inspected.contains(entry->first);
+        for (auto const& each : isListed ? std::vector<std::string>() : entry->second) {
+            EXPECT_TRUE(misplaced.contains(each) || isHidden(entry->first)) << entry->first << " = " << each;
+        }
+        entry = isListed ? std::next(entry) : requested.erase(entry);
+    }
+    EXPECT_EQ(inspected, requested);
+    for (auto const& finding : inspection.getFindings()) {
+        EXPECT_TRUE(finding.getSeverity() == Finding::WARNING_SEVERITY ||
+                    finding.getRule() == std::string("unknown-label"))
+            << finding.getMessage();
+    }
+}
+
+void RandomCase::check() {
+    mFaults = oneIn(2) ? 4 : 1000;
+    auto& manager = *Manager::getInstance();
+    auto const arguments = makeArguments();
+    std::vector<char const*> argv;
+    for (auto const& argument : arguments) {
+        argv.push_back(argument.c_str());
+    }
+    auto const argc = static_cast<unsigned int>(oneIn(5) ? 0 : argv.size());
+    auto const file = oneIn(2) ? makeFile("application.xml") : std::string();
+    bool const hasMachineConfig = oneIn(2);
+    makeFile("config/machine.config");
+    auto const flags = static_cast<int>(below(4));
+    bool const required = oneIn(2);
+
+    auto const inspection = Inspection(*specification, InspectionInputs()
+                                                           .setArguments(argc, argv.data())
+                                                           .setApplicationFile(file.c_str())
+                                                           .setMachineConfig(hasMachineConfig)
+                                                           .setFlags(flags)
+                                                           .setRequired(required));
+    try {
+        manager.enableConfiguration(hasMachineConfig, file.c_str(), argc, argv.data());
+    } catch (std::exception const& thrown) {
+        expectMessages(inspection, thrown);
+        return;
+    }
+    if (oneIn(2)) {
+        compare(inspection, required, flags);
+        return;
+    }
+    auto* const own = std::make_unique<OwnProvider>(static_cast<int>(below(4))).release();
+    manager.registerProvider(own);
+    ParameterValueGroup values(nullptr);
+    makeTree(values);
+    own->enableProvider(values, 0);
+    if (oneIn(2)) {
+        ParameterValueGroup applicationValues(nullptr);
+        makeTree(applicationValues);
+        manager.setApplicationValues(applicationValues, 0);
+    }
+    Inspection const other(*specification, required, flags);
+    EXPECT_EQ(own->requests, 1);
+    compare(other, required, flags);
+}
+
+using RandomInspectionTest = ManagerTest;
+
+TEST_F(RandomInspectionTest, SaysWhatARequestDoes) {
+    auto const number = [](char const* name, unsigned long otherwise) {
+        char const* const text = std::getenv(name);
+        return text ? std::stoul(text) : otherwise;
+    };
+    auto const first = number("KIVO_FIRST_SEED", 1);
+    auto const count = number("KIVO_CASES", 1000);
+    for (auto seed = first; seed < first + count && !HasFailure(); ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        RandomCase(seed, installation).check();
+    }
+}
+
+} // namespace
+
+} // namespace kivo::test
