@@ -39,7 +39,7 @@ public:
             mText << "\tfiles\n";
         } else if (setting) {
             for (auto const& label : labelsOf(setting->parameter)) {
-                if (label.starts_with(mWords.getLast())) {
+                if (label.starts_with(mWords.getLast()) && !label.starts_with('-')) {
                     add(label, "");
                 }
             }
