@@ -24,6 +24,10 @@ constexpr char const* REGISTRY = R"(<?xml version="1.0"?>
         <Parameter id="text" name="text" description="d" type="string" default=""/>
         <Parameter id="int" name="integer" description="d" type="int"/>
         <Parameter id="uint" name="unsigned" description="d" type="uint" default="7"/>
+        <Parameter id="long" name="long" description="d" type="long" default="7"/>
+        <Parameter id="ulong" name="ulong" description="d" type="ulong" default="7"/>
+        <Parameter id="size" name="size" description="d" type="size" default="1.5k"/>
+        <Parameter id="duration" name="duration" description="d" type="duration" default="1d12h"/>
         <Parameter id="double" name="double" description="d" type="double"/>
         <Parameter id="real" name="real" description="d" type="double"/>
         <Parameter id="oid" name="oid" description="d" type="oid" default="#1-2-3-4"/>
@@ -51,6 +55,10 @@ constexpr char const* REGISTRY = R"(<?xml version="1.0"?>
         <Specification id="tool" name="tool" description="d">
             <ParameterRef id="int" optional="true" default="-1"/>
             <ParameterRef id="uint" optional="true" unbounded="true"/>
+            <ParameterRef id="long" optional="true"/>
+            <ParameterRef id="ulong" optional="true"/>
+            <ParameterRef id="size" optional="true"/>
+            <ParameterRef id="duration" optional="true" unbounded="true"/>
             <ParameterRef id="oid" optional="true"/>
             <ParameterRef id="level" optional="true" unbounded="true"/>
             <ParameterRef id="place" optional="true"/>
@@ -112,6 +120,8 @@ public:
             attempt([&] { value.getIntValue(i); });
             attempt([&] { value.getUIntValue(i); });
             attempt([&] { value.getDoubleValue(i); });
+            attempt([&] { value.getLongValue(i); });
+            attempt([&] { value.getULongValue(i); });
         }
         return true;
     }

@@ -27,6 +27,10 @@ void writeText(std::ostream& out, Parameter::ValueType type, ValueIterator const
     case Parameter::INT_PARAMETER: out << value.asInteger(); break;
     case Parameter::UINT_PARAMETER: out << value.asUnsignedInteger(); break;
     case Parameter::DOUBLE_PARAMETER: out << value.asDouble(); break;
+    case Parameter::LONG_PARAMETER: out << value.asLong(); break;
+    case Parameter::ULONG_PARAMETER: out << value.asUnsignedLong(); break;
+    case Parameter::SIZE_PARAMETER: out << value.asUnsignedLong() << " bytes"; break;
+    case Parameter::DURATION_PARAMETER: out << value.asLong() << " ms"; break;
     case Parameter::OID_PARAMETER: // has no accessor of its own
         out << quoted(value.getParameterValue()->getValue(value.getCurrentValueIndex(), false));
         break;

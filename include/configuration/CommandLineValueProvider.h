@@ -4,6 +4,7 @@
 #include <configuration/ValueProvider.h>
 
 #include <memory>
+#include <vector>
 
 namespace kivo::configuration {
 
@@ -46,6 +47,10 @@ public:
     /// @throws kivo::ContractViolationException "specification != 0",
     ///         "parameterName != 0 && *parameterName != '\0'"
     virtual bool removeParameter(Specification const* specification, char const* parameterName);
+
+    /// For a tool's arguments of which some are left out: the index that each of those that the next call of
+    /// setArguments() gets had among all of them.
+    KIVO_CONFIGURATION_LOCAL void setOriginalIndexes(std::vector<unsigned long> indexes);
 
 private:
     class KIVO_CONFIGURATION_LOCAL Impl;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <configuration/Export.h>
+#include <configuration/Origin.h>
 #include <kernel/kvException.h>
 
 #include <memory>
@@ -23,12 +24,19 @@ public:
     /// The message; it lives as long as this object. Null only when the format was null.
     char const* what() const noexcept override;
 
+    /// Where what the exception is about was given or declared. Of an unknown source when it is about something that is
+    /// missing, and when whoever threw it did not say. Beside the message, which does not depend on it.
+    Origin getOrigin() const noexcept;
+    /// Says where.
+    void setOrigin(Origin const& origin) noexcept;
+
 protected:
     /// Replaces the message by a copy of a finished text of any length.
     void setMessage(char const* message);
 
 private:
     std::unique_ptr<char[]> mMessage;
+    Origin mOrigin;
 };
 
 } // namespace kivo::configuration

@@ -9,7 +9,7 @@ namespace kivo::configuration {
 /// The faults of one phase over user input, thrown together.
 class KIVO_CONFIGURATION_API ConfigurationParameterException : public ConfigurationException {
 public:
-    /// Keeps an independent copy of the list.
+    /// Keeps an independent copy of the list. The exception's own origin is that of the first fault that has one.
     /// @param errors the faults
     /// @param format printf-style text of the message, which then does not name the single faults (cut at 4,095
     ///        characters); null: the message is composeMessage(errors), of any length

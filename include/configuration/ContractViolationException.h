@@ -1,6 +1,7 @@
 #pragma once
 
 #include <configuration/Export.h>
+#include <configuration/Origin.h>
 
 #include <exception>
 
@@ -23,8 +24,14 @@ public:
     /// The text given at construction.
     char const* what() const noexcept override;
 
+    /// Where the declaration of a registry file stands that broke the condition; otherwise of an unknown source.
+    configuration::Origin getOrigin() const noexcept;
+    /// Says where.
+    void setOrigin(configuration::Origin const& origin) noexcept;
+
 private:
     char const* mMessage;
+    configuration::Origin mOrigin;
 };
 
 } // namespace kivo

@@ -18,13 +18,17 @@ class KIVO_CONFIGURATION_API Parameter : public ParameterItem {
 public:
     /// The type that the texts of a value must fit.
     enum ValueType {
-        BOOLEAN_PARAMETER = 0, ///< a number (0 is false), or "true" or "false" in any letter case
-        STRING_PARAMETER = 1,  ///< any text
-        INT_PARAMETER = 2,     ///< a decimal number from -2147483648 to 2147483647
-        UINT_PARAMETER = 3,    ///< a decimal number from 0 to 4294967295
-        DOUBLE_PARAMETER = 4,  ///< a floating-point number, with a decimal point in every locale
-        OID_PARAMETER = 5,     ///< four unsigned numbers joined by hyphens, with or without "#" in front
-        ENUM_PARAMETER = 6     ///< a label of the parameter's enumeration definition
+        BOOLEAN_PARAMETER = 0,  ///< a number (0 is false), or "true" or "false" in any letter case
+        STRING_PARAMETER = 1,   ///< any text
+        INT_PARAMETER = 2,      ///< a decimal number from -2147483648 to 2147483647
+        UINT_PARAMETER = 3,     ///< a decimal number from 0 to 4294967295
+        DOUBLE_PARAMETER = 4,   ///< a floating-point number, with a decimal point in every locale
+        OID_PARAMETER = 5,      ///< four unsigned numbers joined by hyphens, with or without "#" in front
+        ENUM_PARAMETER = 6,     ///< a label of the parameter's enumeration definition
+        LONG_PARAMETER = 7,     ///< a decimal number from -2^63 to 2^63 - 1
+        ULONG_PARAMETER = 8,    ///< a decimal number from 0 to 2^64 - 1
+        SIZE_PARAMETER = 9,     ///< bytes, from 0 to 2^64 - 1: a decimal number, with or without a unit, as "1.5k"
+        DURATION_PARAMETER = 10 ///< milliseconds, from 0 to 2^63 - 1: whole numbers, each with its unit, as "1d12h"
     };
 
     /// Builds a parameter without registering it; tools use Create(), which documents the arguments and

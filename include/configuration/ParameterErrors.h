@@ -1,6 +1,7 @@
 #pragma once
 
 #include <configuration/Export.h>
+#include <configuration/Origin.h>
 
 #include <memory>
 #include <string>
@@ -26,12 +27,29 @@ public:
     /// @throws kivo::ContractViolationException "format != 0 && strlen(format) > 0"; the list is unchanged
     void addError(char const* format, ...) KIVO_CONFIGURATION_PRINTF(2, 3);
 
+    /// As addError(), with the origin of what the message is about; of two values, that of the later one.
+    void addErrorAt(Origin const& origin, char const* format, ...) KIVO_CONFIGURATION_PRINTF(3, 4);
+
+    /// Says what was probably meant by what the message at a position is about.
+    /// @param suggestion the full name of a setting, or a label, copied; null: nothing
+    /// @throws kivo::ContractViolationException "index < getNumberOfErrors()"
+    void setSuggestion(unsigned long index, char const* suggestion);
+
     /// The number of messages.
     unsigned long getNumberOfErrors() const;
 
     /// The message at a position, counted from 0. The text lives until the list is next changed or destroyed.
     /// @throws kivo::ContractViolationException "index < getNumberOfErrors()"
     char const* getError(unsigned long index) const;
+
+    /// Where the message at a position points to. Of an unknown source when it is about something that is missing, and
+    /// when whoever added it did not say.
+    /// @throws kivo::ContractViolationException "index < getNumberOfErrors()"
+    Origin getOrigin(unsigned long index) const;
+
+    /// What was probably meant, or null. The text lives until the list is next changed or destroyed.
+    /// @throws kivo::ContractViolationException "index < getNumberOfErrors()"
+    char const* getSuggestion(unsigned long index) const;
 
     /// Ends a phase: does nothing when the list is empty.
     /// @throws ConfigurationParameterException with all messages, one a line, when there is at least one

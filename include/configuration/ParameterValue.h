@@ -1,12 +1,16 @@
 #pragma once
 
 #include <configuration/Export.h>
+#include <configuration/Origin.h>
 #include <configuration/Parameter.h>
 #include <configuration/ParameterValueItem.h>
 
+#include <cstdint>
 #include <memory>
 
 namespace kivo::configuration {
+
+class StoredOrigin;
 
 /// The texts given for one parameter, in order.
 ///
@@ -65,6 +69,16 @@ public:
     virtual unsigned int getUIntValue(unsigned long index) const;
     /// The leading floating-point number, 0.0 without any; an enumeration's label reads as its number.
     virtual double getDoubleValue(unsigned long index) const;
+    /// A signed 64-bit number. What does not fit reads as the nearest number that does; without a text, 0.
+    ///
+    /// The bytes of a SIZE_PARAMETER, the milliseconds of a DURATION_PARAMETER (0 for a text that is none), the number
+    /// of an enumeration's label; for all other types, and without a parameter, the decimal number that the text begins
+    /// with, as getIntValue() finds it.
+    /// @throws ConfigurationException "symbol \"<text>\" was not found" for an enumeration, and what a
+    ///         ParameterEnumValue without a definition throws
+    std::int64_t getLongValue(unsigned long index) const;
+    /// An unsigned 64-bit number, read as by getLongValue(); what is negative reads as 0.
+    std::uint64_t getULongValue(unsigned long index) const;
 
     /// The number of entries, absent ones included.
     unsigned long getNumberOfValues() const;
@@ -83,6 +97,21 @@ public:
     /// Replaces an entry. @param value the text, copied; null makes the entry absent
     /// @throws kivo::ContractViolationException "index < mValues.size()"
     void setValue(unsigned long index, char const* value);
+    /// Where the text of an entry, or an entry without one, was given. It goes wherever the text goes: through copies,
+    /// matching, merging and defaults. An entry that addValue() and setValue() make has an unknown origin, until
+    /// somebody calls setOrigin(); the Manager does so for what a provider says nothing about.
+    /// @throws kivo::ContractViolationException "index < mValues.size()"
+    Origin getOrigin(unsigned long index) const;
+    /// Says where an entry was given.
+    /// @throws kivo::ContractViolationException "index < mValues.size()"
+    void setOrigin(unsigned long index, Origin const& origin);
+
+    /// As the two above, without a conversion.
+    KIVO_CONFIGURATION_LOCAL StoredOrigin const& getStoredOrigin(unsigned long index) const;
+    KIVO_CONFIGURATION_LOCAL void setStoredOrigin(unsigned long index, StoredOrigin const& origin);
+    /// As addValue() and the constructor of an unbound value, with an origin.
+    KIVO_CONFIGURATION_LOCAL void addValueAt(char const* value, StoredOrigin const& origin);
+    KIVO_CONFIGURATION_LOCAL ParameterValue(char const* id, char const* value, StoredOrigin const& origin);
 
 protected:
     class KIVO_CONFIGURATION_LOCAL Impl;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <configuration/Export.h>
+#include <configuration/Origin.h>
 #include <configuration/ParameterValueItem.h>
 
 #include <cstddef>
@@ -10,6 +11,7 @@ namespace kivo::configuration {
 class Parameter;
 class ParameterGroup;
 class ParameterValue;
+class StoredOrigin;
 
 /// A node with children, which it owns. Children are found by id, ignoring letter case, the first one in order; finding
 /// takes about constant time however many there are.
@@ -60,6 +62,8 @@ public:
     /// @throws kivo::ContractViolationException "parameterItemId != 0 && *parameterItemId != '\0'"
     /// @throws ConfigurationException "\"<parameterItemId>\" is not a parameter value": the child is a group
     void addValue(char const* parameterItemId, char const* value);
+    /// As above, with the origin of the text.
+    void addValue(char const* parameterItemId, char const* value, Origin const& origin);
 
     /// The child at a position, counted from 0 in the order of addition.
     /// @throws kivo::ContractViolationException "index < getNumberOfItems()"
@@ -86,6 +90,19 @@ public:
     /// @return false when there is none
     /// @throws kivo::ContractViolationException "parameterItemId != 0"
     bool removeItem(char const* parameterItemId);
+
+    /// Where the group was given: the element of a values file, the application. It stays with the group through
+    /// copies, matching and merging; of groups that are merged, that of the first one. Unknown for a group that the
+    /// library adds, and until somebody calls setOrigin(); the Manager does so for what a provider says nothing about.
+    Origin getOrigin() const;
+    /// Says where the group was given.
+    void setOrigin(Origin const& origin);
+
+    /// As the two above, without a conversion.
+    KIVO_CONFIGURATION_LOCAL StoredOrigin const& getStoredOrigin() const;
+    KIVO_CONFIGURATION_LOCAL void setStoredOrigin(StoredOrigin const& origin);
+    KIVO_CONFIGURATION_LOCAL void addValueAt(char const* parameterItemId, char const* value,
+                                             StoredOrigin const& origin);
 
 private:
     friend class ParameterValueItem;

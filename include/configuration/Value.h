@@ -1,7 +1,9 @@
 #pragma once
 
 #include <configuration/Export.h>
+#include <configuration/Origin.h>
 
+#include <cstdint>
 #include <memory>
 
 namespace kivo::configuration {
@@ -58,12 +60,35 @@ public:
     /// The value in the tree, or null. It also reads the types without an accessor, such as OID_PARAMETER.
     virtual ParameterValue const* getParameterValue() const;
 
+    /// Reads a LONG_PARAMETER, the bytes of a SIZE_PARAMETER (2^63 - 1 for more of them) or the milliseconds of a
+    /// DURATION_PARAMETER.
+    /// @throws ConfigurationException, kivo::ContractViolationException as asBoolean()
+    std::int64_t asLong() const;
+    /// Reads a ULONG_PARAMETER, the bytes of a SIZE_PARAMETER or the milliseconds of a DURATION_PARAMETER.
+    /// @throws ConfigurationException, kivo::ContractViolationException as asBoolean()
+    std::uint64_t asUnsignedLong() const;
+    /// Stores the decimal form for a LONG_PARAMETER, bytes for a SIZE_PARAMETER ("1536") or milliseconds for a
+    /// DURATION_PARAMETER ("250ms"). @return this handle
+    /// @throws ConfigurationException, kivo::ContractViolationException as asBoolean()
+    /// @throws ConfigurationException "<name>: \"<text>\" is not a valid size", or "duration", for what is below 0; the
+    ///         value stays as it was
+    Value& setLong(std::int64_t value);
+    /// Stores the decimal form for a ULONG_PARAMETER, bytes for a SIZE_PARAMETER or milliseconds for a
+    /// DURATION_PARAMETER, as setLong() does. @return this handle
+    /// @throws ConfigurationException, kivo::ContractViolationException as asBoolean()
+    /// @throws ConfigurationException "<name>: \"<text>\" is not a valid duration" for more than 2^63 - 1 milliseconds;
+    ///         the value stays as it was
+    Value& setUnsignedLong(std::uint64_t value);
+
     /// Whether the setting was neither given nor has a default.
     bool isNull() const;
     /// The same as isNull(): an alternative that was not chosen has no value.
     bool isExcluded() const;
     /// Whether the value is marked as the parameter's default; writing to it leaves the mark.
     bool isDefaultValue() const;
+    /// Where the text comes from; APPLICATION_SOURCE after one of the writers.
+    /// @throws ConfigurationException "Value is null"
+    Origin getOrigin() const;
     /// The number of texts; 0 for a null handle.
     unsigned long getNumberOfValues() const;
 

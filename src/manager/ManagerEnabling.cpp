@@ -12,7 +12,10 @@
 #include "manager/VectorWrapper.h"
 #include "providers/CommandLineArguments.h"
 #include "registry/xml/XmlScope.h"
+#include "schema/LocatedException.h"
 #include "schema/MainLog.h"
+
+#include <optional>
 
 namespace kivo::configuration {
 
@@ -40,24 +43,36 @@ void logLoading(char const* outcome, std::string const& path) {
 
 /// A tool's arguments, taken apart.
 struct CommandLine {
-    std::vector<std::string> kept;      // what the command-line provider gets, the program's name first
-    std::vector<std::string> fileNames; // what follows "-loadConfiguration"
-    bool isFileNameMissing = false;     // a "-loadConfiguration" after these has no value
+    /// A file named by a flag.
+    struct File {
+        std::string name;
+        StoredOrigin flag;
+    };
+
+    std::vector<std::string> kept;              // what the command-line provider gets, the program's name first
+    std::vector<unsigned long> keptIndexes;     // where these stood
+    std::vector<File> files;                    // what follows "-loadConfiguration"
+    std::optional<StoredOrigin> incompleteFlag; // a "-loadConfiguration" after these that has no value
 };
 
 CommandLine splitCommandLine(std::vector<std::string> const& arguments) {
     CommandLine commandLine;
-    commandLine.kept.push_back(arguments[0]);
-    for (auto const& [argument, value] : pairArguments(arguments)) {
+    auto const keep = [&](std::string const& argument, unsigned long index) {
+        commandLine.kept.push_back(argument);
+        commandLine.keptIndexes.push_back(index);
+    };
+    keep(arguments[0], 0);
+    for (auto const& [argument, value, index] : pairArguments(arguments)) {
+        auto const origin = StoredOrigin::ofCommandLine().at(index);
         if (!equalIgnoringCase(*argument, LOAD_CONFIGURATION_FLAG)) {
-            commandLine.kept.push_back(*argument);
+            keep(*argument, index);
             if (value) {
-                commandLine.kept.push_back(*value);
+                keep(*value, index + 1);
             }
         } else if (value && !value->empty()) {
-            commandLine.fileNames.push_back(*value);
+            commandLine.files.push_back({*value, origin});
         } else {
-            commandLine.isFileNameMissing = true;
+            commandLine.incompleteFlag = origin;
             break;
         }
     }
@@ -76,25 +91,28 @@ void Manager::Impl::enableConfiguration(bool allowMachineConfig, char const* app
     XmlScope const scope;
     mProviders.clear();
     auto const commandLine = arguments.empty() ? CommandLine{} : splitCommandLine(arguments);
-    for (auto const& fileName : commandLine.fileNames) {
-        loadAndLogConfigurationFile(fileName, false);
+    for (auto const& [fileName, flag] : commandLine.files) {
+        loadAndLogConfigurationFile(fileName, false, flag);
     }
-    if (commandLine.isFileNameMissing) {
-        throw ConfigurationException("Missing value for the -loadConfiguration parameter");
+    if (commandLine.incompleteFlag) {
+        throw located(*commandLine.incompleteFlag,
+                      ConfigurationException("Missing value for the -loadConfiguration parameter"));
     }
     if (!arguments.empty()) {
         VectorWrapper const kept(commandLine.kept);
-        addProvider<CommandLineValueProvider>(mNextProviderPriority++).enableProvider(kept.size(), kept, 0);
+        auto& provider = addProvider<CommandLineValueProvider>(mNextProviderPriority++);
+        provider.setOriginalIndexes(commandLine.keptIndexes);
+        provider.enableProvider(kept.size(), kept, 0);
     }
     if (!applicationFile.empty()) {
-        loadAndLogConfigurationFile(applicationFile, false);
+        loadAndLogConfigurationFile(applicationFile, false, {});
     }
     if (allowMachineConfig) {
-        loadAndLogConfigurationFile(installationDirectory(kvGetConfigDir) + MACHINE_CONFIGURATION_FILE_NAME, true);
+        loadAndLogConfigurationFile(installationDirectory(kvGetConfigDir) + MACHINE_CONFIGURATION_FILE_NAME, true, {});
     }
 }
 
-bool Manager::Impl::loadConfigurationFile(std::string const& path, bool allowMissing) {
+bool Manager::Impl::loadConfigurationFile(std::string const& path, bool allowMissing, StoredOrigin const& demand) {
     auto resolved = path;
     if (kvLocalExists(resolved.c_str()) == KV_FILE_MISSING && path.find(directorySeparator()) == std::string::npos) {
         resolved = installationDirectory(kvGetConfigDir) + path;
@@ -103,16 +121,18 @@ bool Manager::Impl::loadConfigurationFile(std::string const& path, bool allowMis
         if (allowMissing) {
             return false;
         }
-        throw ConfigurationException("File \"%s\" was not found", resolved.c_str());
+        throw located(demand.isKnown() ? demand : StoredOrigin(Origin::FILE_SOURCE, resolved),
+                      ConfigurationException("File \"%s\" was not found", resolved.c_str()));
     }
     addProvider<XmlFileValueProvider>(mNextProviderPriority++).enableProvider(resolved.c_str(), 0);
     return true;
 }
 
-void Manager::Impl::loadAndLogConfigurationFile(std::string const& path, bool allowMissing) {
+void Manager::Impl::loadAndLogConfigurationFile(std::string const& path, bool allowMissing,
+                                                StoredOrigin const& demand) {
     ContextMgr const context;
     try {
-        if (loadConfigurationFile(path, allowMissing)) {
+        if (loadConfigurationFile(path, allowMissing, demand)) {
             logLoading("succeeded", path);
         }
     } catch (std::exception const&) {

@@ -12,6 +12,7 @@
 #include "manager/KeyedRegistry.h"
 #include "manager/ValidatorExtensionPoint.h"
 #include "schema/NameComparison.h"
+#include "schema/StoredOrigin.h"
 
 #include <functional>
 #include <map>
@@ -54,8 +55,9 @@ public:
     // ManagerEnabling.cpp
     void enableConfiguration(bool allowMachineConfig, char const* applicationConfigFile, unsigned int argc,
                              char const* const* argv);
-    bool loadConfigurationFile(std::string const& path, bool allowMissing);
-    void loadAndLogConfigurationFile(std::string const& path, bool allowMissing);
+    /// @param demand the argument that asks for the file, if one does
+    bool loadConfigurationFile(std::string const& path, bool allowMissing, StoredOrigin const& demand);
+    void loadAndLogConfigurationFile(std::string const& path, bool allowMissing, StoredOrigin const& demand);
 
     // ManagerStartUp.cpp
     void loadDefaultConfigurationRegistry();

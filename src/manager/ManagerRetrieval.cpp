@@ -8,6 +8,7 @@
 
 #include "manager/ManagerImpl.h"
 #include "providers/HelpRequest.h"
+#include "providers/ProviderOrigins.h"
 #include "schema/ContractChecks.h"
 #include "visitors/ConstraintSplitterVisitor.h"
 #include "visitors/FirstPhaseValidationVisitor.h"
@@ -55,7 +56,12 @@ void Manager::Impl::getValues(Specification const* specification, ParameterValue
     // By position, since a caller's own provider may register another one during this loop.
     for (std::size_t i = 0; i < mProviders.size(); ++i) {
         auto& provider = *mProviders[i];
-        if (provider.getEnabled() && !provider.getValues(specification, collected, flags)) {
+        if (!provider.getEnabled()) {
+            continue;
+        }
+        bool const isLast = !provider.getValues(specification, collected, flags);
+        fillOrigins(collected, provider);
+        if (isLast) {
             break;
         }
     }

@@ -156,7 +156,7 @@ void Manager::enableConfiguration(bool allowMachineConfig, char const* applicati
 
 void Manager::loadConfigurationFile(char const* path) {
     KIVO_REQUIRE(path != 0);
-    mImpl->loadAndLogConfigurationFile(path, false);
+    mImpl->loadAndLogConfigurationFile(path, false, {});
 }
 
 void Manager::loadDefaultConfigurationRegistry() { mImpl->loadDefaultConfigurationRegistry(); }

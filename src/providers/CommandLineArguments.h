@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,7 @@ bool isFlag(std::string const& argument);
 struct CommandLineArgument {
     std::string const* argument;
     std::string const* value; ///< null: it has none
+    std::size_t index;        ///< of the argument, in the vector
 };
 
 /// Takes an argument vector apart. The argument after a flag is the flag's value, unless it begins with a dash, too.

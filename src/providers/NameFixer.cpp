@@ -10,6 +10,7 @@
 
 #include "providers/ParameterSearchVisitor.h"
 #include "schema/ItemKinds.h"
+#include "schema/LocatedException.h"
 
 #include <string>
 
@@ -17,7 +18,8 @@ namespace kivo::configuration {
 
 namespace {
 
-[[noreturn]] void throwAmbiguous(char const* flag, ParameterGroup const& group) {
+[[noreturn]] void throwAmbiguous(ParameterValue const& value, ParameterGroup const& group) {
+    char const* flag = value.getParameterItemId();
     ParameterSearchVisitor found(flag);
     group.accept(found);
     std::string message = "The flag \"";
@@ -25,7 +27,8 @@ namespace {
     for (unsigned long i = 0; i < found.getNumberOfFoundItems(); ++i) {
         message.append(i > 0 ? ", " : "").append(found.getFoundItem(i)->getName());
     }
-    throw ConfigurationException("%s", message.append(". Please be more specific.").c_str());
+    throw located(value.getStoredOrigin(0),
+                  ConfigurationException("%s", message.append(". Please be more specific.").c_str()));
 }
 
 } // namespace
@@ -40,7 +43,7 @@ bool NameFixer::visitGroupStart(ParameterValueGroup& group) {
     char const* id = group.getParameterItemId();
     auto const* schemaGroup = asGroup(mGroupStack.back()->getItem(id ? id : "", false));
     if (!schemaGroup) {
-        throw ConfigurationException("\"%s\" is not a valid group id", id ? id : "");
+        throw located(group.getStoredOrigin(), ConfigurationException("\"%s\" is not a valid group id", id ? id : ""));
     }
     open(group, *schemaGroup);
     return true;
@@ -65,7 +68,7 @@ bool NameFixer::visitParameterValue(ParameterValue& value) {
     if (match.count == 1) {
         setParameterItemId(value, match.first->getId());
     } else if (match.count > 1) {
-        throwAmbiguous(flag, *mGroupStack.back());
+        throwAmbiguous(value, *mGroupStack.back());
     }
     return true;
 }

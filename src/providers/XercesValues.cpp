@@ -6,6 +6,7 @@
 #include "registry/xml/XmlModuleReader.h"
 #include "registry/xml/xerces/DocumentTeller.h"
 #include "schema/ContractChecks.h"
+#include "schema/StoredOrigin.h"
 
 #include <new>
 
@@ -17,7 +18,7 @@ ParameterValueGroup* getGroupFromXmlElement(xercesc::DOMElement* element) {
     if (tellDocument(*element, {}, reader.makeClient()) == XML_MODULE_OUT_OF_MEMORY) {
         throw std::bad_alloc();
     }
-    return getGroupFromXmlElement(reader.builder.finish().getRoot());
+    return getGroupFromXmlDocument(reader.builder.finish(), StoredOrigin());
 }
 
 } // namespace kivo::configuration

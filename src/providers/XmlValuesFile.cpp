@@ -6,6 +6,7 @@
 
 #include "registry/xml/XmlFile.h"
 #include "schema/MainLog.h"
+#include "schema/StoredOrigin.h"
 
 namespace kivo::configuration {
 
@@ -22,13 +23,17 @@ void logWarnings(std::vector<std::string> const& warnings) {
     addToMainLog(text);
 }
 
-std::unique_ptr<ParameterValueGroup> makeGroup(XmlElement const& element) {
+StoredOrigin placeIn(StoredOrigin const& file, XmlPosition position) { return file.at(position.line, position.column); }
+
+std::unique_ptr<ParameterValueGroup> makeGroup(XmlDocument const& document, XmlElement const& element,
+                                               StoredOrigin const& file) {
     auto group = std::make_unique<ParameterValueGroup>(element.getName());
+    group->setStoredOrigin(placeIn(file, document.getPosition(element)));
     for (auto const& attribute : element.getAttributes()) {
-        group->addValue(attribute.name, attribute.value);
+        group->addValueAt(attribute.name, attribute.value, placeIn(file, document.getPosition(element, attribute)));
     }
     for (auto const* child = element.getFirstChild(); child; child = child->getNextSibling()) {
-        group->addItem(makeGroup(*child).release());
+        group->addItem(makeGroup(document, *child, file).release());
     }
     return group;
 }
@@ -39,9 +44,11 @@ ParameterValueGroup* loadFromXmlFile(char const* fileName) {
     XmlFile const file(fileName);
     logWarnings(file.getWarnings());
     file.getErrors().throwIfErrors();
-    return getGroupFromXmlElement(file.getDocument().getRoot());
+    return getGroupFromXmlDocument(file.getDocument(), StoredOrigin(Origin::FILE_SOURCE, fileName));
 }
 
-ParameterValueGroup* getGroupFromXmlElement(XmlElement const& element) { return makeGroup(element).release(); }
+ParameterValueGroup* getGroupFromXmlDocument(XmlDocument const& document, StoredOrigin const& file) {
+    return makeGroup(document, document.getRoot(), file).release();
+}
 
 } // namespace kivo::configuration

@@ -3,7 +3,8 @@
 namespace kivo::configuration {
 
 class ParameterValueGroup;
-class XmlElement;
+class StoredOrigin;
+class XmlDocument;
 
 /// Reads a values file: each element becomes a group named by its tag, each attribute a value. Warnings are recorded in
 /// the kernel's main log.
@@ -11,8 +12,9 @@ class XmlElement;
 /// @throws ConfigurationParameterException "XML ERROR: …", one line for each fault of the file
 ParameterValueGroup* loadFromXmlFile(char const* fileName);
 
-/// The tree of one element and all below it.
+/// The tree of a document.
+/// @param file what the places of values and groups are in
 /// @return owned by the caller
-ParameterValueGroup* getGroupFromXmlElement(XmlElement const& element);
+ParameterValueGroup* getGroupFromXmlDocument(XmlDocument const& document, StoredOrigin const& file);
 
 } // namespace kivo::configuration

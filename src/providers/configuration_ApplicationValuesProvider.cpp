@@ -2,6 +2,10 @@
 
 #include <configuration/ApplicationValuesProvider.h>
 #include <configuration/Manager.h>
+#include <configuration/ParameterValueGroup.h>
+
+#include "providers/ProviderOrigins.h"
+#include "schema/StoredOrigin.h"
 
 namespace kivo::configuration {
 
@@ -11,6 +15,9 @@ ApplicationValuesProvider::~ApplicationValuesProvider() = default;
 
 char const* ApplicationValuesProvider::getName() const { return Manager::APPLICATION_PROVIDER_NAME; }
 
-void ApplicationValuesProvider::setArguments(ParameterValueGroup const& values, int) { setDataCache(values); }
+void ApplicationValuesProvider::setArguments(ParameterValueGroup const& values, int) {
+    setDataCache(values);
+    fillOrigins(getDataCache(), StoredOrigin::ofApplication());
+}
 
 } // namespace kivo::configuration

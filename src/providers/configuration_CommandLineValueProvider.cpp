@@ -11,20 +11,27 @@
 #include "providers/CommandLineArguments.h"
 #include "providers/NameFixer.h"
 #include "schema/ContractChecks.h"
+#include "schema/LocatedException.h"
 #include "values/GroupEditing.h"
 #include "values/ItemTaker.h"
 #include "values/ValueItemUtil.h"
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace kivo::configuration {
 
 class CommandLineValueProvider::Impl {
 public:
     std::unique_ptr<ParameterValueGroup> mArguments = noArguments();
+    std::vector<unsigned long> mOriginalIndexes; // of the next arguments; empty: as they are counted
 
-    static std::unique_ptr<ParameterValueGroup> noArguments() { return std::make_unique<ParameterValueGroup>(nullptr); }
+    static std::unique_ptr<ParameterValueGroup> noArguments() {
+        auto group = std::make_unique<ParameterValueGroup>(nullptr);
+        group->setStoredOrigin(StoredOrigin::ofCommandLine());
+        return group;
+    }
 };
 
 namespace {
@@ -47,15 +54,16 @@ std::vector<std::string> trimAll(int argc, char const* const* argv) {
 }
 
 /// The name by which an argument that is no flag's value is added.
-std::string nameOf(std::string const& argument, int flags) {
+std::string nameOf(std::string const& argument, StoredOrigin const& origin, int flags) {
     if (!isFlag(argument)) {
         if ((flags & STRICT_RECOGNITION) != 0) {
-            throw ConfigurationException("The \"%s\" command line argument is not recognized", argument.c_str());
+            throw located(
+                origin, ConfigurationException("The \"%s\" command line argument is not recognized", argument.c_str()));
         }
         return argument;
     }
     if (argument.size() == 1) {
-        throw ConfigurationException("A command line parameter cannot be empty");
+        throw located(origin, ConfigurationException("A command line parameter cannot be empty"));
     }
     return argument.substr(1);
 }
@@ -91,9 +99,12 @@ char const* CommandLineValueProvider::getName() const { return Manager::COMMAND_
 
 void CommandLineValueProvider::setArguments(int argc, char const* const* argv, int flags) {
     std::vector<std::string> const texts = argv && argc > 0 ? trimAll(argc, argv) : std::vector<std::string>();
+    auto const originalIndexes = std::exchange(mImpl->mOriginalIndexes, {});
     auto arguments = Impl::noArguments();
-    for (auto const& [argument, value] : pairArguments(texts)) {
-        arguments->addValue(nameOf(*argument, flags).c_str(), textOf(value));
+    for (auto const& [argument, value, index] : pairArguments(texts)) {
+        auto const origin =
+            StoredOrigin::ofCommandLine().at(index < originalIndexes.size() ? originalIndexes[index] : index);
+        arguments->addValueAt(nameOf(*argument, origin, flags).c_str(), textOf(value), origin);
     }
     mImpl->mArguments = std::move(arguments);
 }
@@ -114,7 +125,12 @@ bool CommandLineValueProvider::getValues(Specification const* specification, Par
 
 void CommandLineValueProvider::reset() {
     mImpl->mArguments = Impl::noArguments();
+    mImpl->mOriginalIndexes.clear();
     ValueProvider::reset();
+}
+
+void CommandLineValueProvider::setOriginalIndexes(std::vector<unsigned long> indexes) {
+    mImpl->mOriginalIndexes = std::move(indexes);
 }
 
 bool CommandLineValueProvider::removeParameter(Specification const* specification, char const* parameterName) {

@@ -10,6 +10,7 @@
 #include <configuration/ValueProvider.h>
 
 #include "providers/HelpRequest.h"
+#include "providers/ProviderOrigins.h"
 #include "schema/ContractChecks.h"
 #include "text/HelpVisitor.h"
 #include "text/UsageVisitor.h"
@@ -68,6 +69,7 @@ bool ValueProvider::Impl::getValues(Specification const* specification, Paramete
     ParameterValueGroup aggregated(nullptr);
     {
         ParameterValueGroup working(mDataCache);
+        fillOrigins(working, *mOwner);
         runPhase(working, errors, ParameterMatchingVisitor(*specification, errors, (flags & STRICT_RECOGNITION) != 0));
         runPhase(working, errors, ParameterValueAggregationVisitor(specification, aggregated, errors, false));
     }

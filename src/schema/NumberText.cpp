@@ -2,12 +2,14 @@
 
 #include "schema/NumberText.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <charconv>
 #include <clocale>
 #include <cstdlib>
 #include <cstring>
+#include <limits>
 #include <new>
 #include <system_error>
 
@@ -46,6 +48,15 @@ IntegerText parseInteger(char const* text) {
         return {value, true};
     }
     return parseWhole<IntegerText>(text, [](char const* s, char** end) { return strtol_l(s, end, 10, plainLocale()); });
+}
+
+UnsignedIntegerText parseUnsignedInteger(char const* text) {
+    // What is certainly positive only: strtoul takes a negative number for a large one.
+    if (auto const number = parseInteger(text); number.value < std::numeric_limits<long>::max()) {
+        return {static_cast<unsigned long>(std::max(number.value, 0L)), number.isWhole && number.value >= 0};
+    }
+    return parseWhole<UnsignedIntegerText>(
+        text, [](char const* s, char** end) { return strtoul_l(s, end, 10, plainLocale()); });
 }
 
 DoubleText parseDouble(char const* text) {

@@ -14,6 +14,14 @@ struct IntegerText {
 
 IntegerText parseInteger(char const* text);
 
+/// A decimal number from 0 on, read as by parseInteger(): one below 0 is out of range.
+struct UnsignedIntegerText {
+    unsigned long value; ///< as IntegerText::value
+    bool isWhole;        ///< as IntegerText::isWhole
+};
+
+UnsignedIntegerText parseUnsignedInteger(char const* text);
+
 /// A floating-point number read from the beginning of a text, as by strtod.
 struct DoubleText {
     double value;

@@ -4,6 +4,7 @@
 
 #include "schema/NameComparison.h"
 #include "schema/NumberText.h"
+#include "schema/QuantityText.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -27,6 +28,14 @@ bool isIntegerOf(char const* text) {
 
 bool isDouble(char const* text) { return parseDouble(text).isWhole; }
 
+bool isLong(char const* text) { return *text != '\0' && parseInteger(text).isWhole; }
+
+bool isUnsignedLong(char const* text) { return *text != '\0' && parseUnsignedInteger(text).isWhole; }
+
+bool isSize(char const* text) { return parseSize(text).has_value(); }
+
+bool isDuration(char const* text) { return parseDuration(text).has_value(); }
+
 /// Four numbers joined by hyphens. A fifth field means that something other than white space follows them.
 bool isOid(char const* text) {
     unsigned int numbers[4];
@@ -45,6 +54,10 @@ constexpr ValueTypeTraits VALUE_TYPES[] = {
     {Parameter::DOUBLE_PARAMETER, "double", "double", "double", "0", isDouble},
     {Parameter::OID_PARAMETER, "oid", "OID", "OID", nullptr, isOid},
     {Parameter::ENUM_PARAMETER, "enum", "enum", "", nullptr, isAnything},
+    {Parameter::LONG_PARAMETER, "long", "long", "signed 64-bit integer", nullptr, isLong},
+    {Parameter::ULONG_PARAMETER, "ulong", "unsigned long", "unsigned 64-bit integer", nullptr, isUnsignedLong},
+    {Parameter::SIZE_PARAMETER, "size", "size", "size", nullptr, isSize},
+    {Parameter::DURATION_PARAMETER, "duration", "duration", "duration", nullptr, isDuration},
 };
 
 /// What a number that is no type comes to.
@@ -69,6 +82,10 @@ ValueTypeTraits const& traitsOf(Parameter::ValueType type) {
     case Parameter::DOUBLE_PARAMETER: return row<Parameter::DOUBLE_PARAMETER>();
     case Parameter::OID_PARAMETER: return row<Parameter::OID_PARAMETER>();
     case Parameter::ENUM_PARAMETER: return row<Parameter::ENUM_PARAMETER>();
+    case Parameter::LONG_PARAMETER: return row<Parameter::LONG_PARAMETER>();
+    case Parameter::ULONG_PARAMETER: return row<Parameter::ULONG_PARAMETER>();
+    case Parameter::SIZE_PARAMETER: return row<Parameter::SIZE_PARAMETER>();
+    case Parameter::DURATION_PARAMETER: return row<Parameter::DURATION_PARAMETER>();
     }
     return UNKNOWN_TYPE;
 }

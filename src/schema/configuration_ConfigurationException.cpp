@@ -19,11 +19,15 @@ ConfigurationException::ConfigurationException(char const* format, ...) {
 }
 
 ConfigurationException::ConfigurationException(ConfigurationException const& other)
-    : kvException(other), mMessage(cloneString(other.mMessage.get())) {}
+    : kvException(other), mMessage(cloneString(other.mMessage.get())), mOrigin(other.mOrigin) {}
 
 ConfigurationException::~ConfigurationException() = default;
 
 char const* ConfigurationException::what() const noexcept { return mMessage.get(); }
+
+Origin ConfigurationException::getOrigin() const noexcept { return mOrigin; }
+
+void ConfigurationException::setOrigin(Origin const& origin) noexcept { mOrigin = origin; }
 
 void ConfigurationException::setMessage(char const* message) { mMessage.reset(cloneString(message)); }
 

@@ -18,6 +18,9 @@ ConfigurationParameterException::ConfigurationParameterException(ParameterErrors
     } else {
         setMessage(composeMessage(errors).c_str());
     }
+    for (unsigned long i = 0; i < errors.getNumberOfErrors() && !getOrigin().isKnown(); ++i) {
+        setOrigin(errors.getOrigin(i));
+    }
 }
 
 ConfigurationParameterException::ConfigurationParameterException(ConfigurationParameterException const& other) =

@@ -12,6 +12,10 @@ ContractViolationException::~ContractViolationException() = default;
 
 char const* ContractViolationException::what() const noexcept { return mMessage; }
 
+configuration::Origin ContractViolationException::getOrigin() const noexcept { return mOrigin; }
+
+void ContractViolationException::setOrigin(configuration::Origin const& origin) noexcept { mOrigin = origin; }
+
 void throwContractViolation(char const* staticText) { throw ContractViolationException(staticText); }
 
 } // namespace kivo

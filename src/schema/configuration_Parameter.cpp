@@ -11,6 +11,7 @@
 
 #include "schema/ContractChecks.h"
 #include "schema/ParameterItemImpl.h"
+#include "schema/StoredOrigin.h"
 #include "schema/ValueTypes.h"
 #include "values/ValueChecks.h"
 
@@ -46,6 +47,7 @@ std::unique_ptr<ParameterValue> makeDefaultValue(Parameter const& parameter, cha
                                                  Parameter::ValueType type, ParameterValidator const* validator) {
     auto value = std::make_unique<ParameterValue>(&parameter, text);
     value->setIsUsingDefaultValue(true);
+    value->setStoredOrigin(0, StoredOrigin::ofDefault());
     if (*text != '\0') {
         ParameterErrors errors;
         checkValue(value.get(), type, errors, validator);

@@ -5,6 +5,7 @@
 
 #include "schema/ContractChecks.h"
 #include "schema/MessageFormat.h"
+#include "schema/StoredOrigin.h"
 
 #include <string>
 #include <vector>
@@ -13,7 +14,19 @@ namespace kivo::configuration {
 
 class ParameterErrors::Impl {
 public:
-    std::vector<std::string> mMessages;
+    struct Error {
+        std::string message;
+        StoredOrigin origin;
+        std::string suggestion; // empty: none
+    };
+
+    void add(StoredOrigin origin, char const* format, std::va_list arguments) __attribute__((format(printf, 3, 0))) {
+        MessageBuffer message;
+        message.format(format, arguments);
+        mErrors.push_back({message.get(), std::move(origin), {}});
+    }
+
+    std::vector<Error> mErrors;
 };
 
 ParameterErrors::ParameterErrors() : mImpl(std::make_unique<Impl>()) {}
@@ -31,19 +44,41 @@ ParameterErrors::~ParameterErrors() = default;
 
 void ParameterErrors::addError(char const* format, ...) {
     KIVO_REQUIRE(format != 0 && strlen(format) > 0);
-    MessageBuffer message;
     std::va_list arguments;
     va_start(arguments, format);
-    message.format(format, arguments);
+    mImpl->add(StoredOrigin(), format, arguments);
     va_end(arguments);
-    mImpl->mMessages.emplace_back(message.get());
 }
 
-unsigned long ParameterErrors::getNumberOfErrors() const { return mImpl->mMessages.size(); }
+void ParameterErrors::addErrorAt(Origin const& origin, char const* format, ...) {
+    KIVO_REQUIRE(format != 0 && strlen(format) > 0);
+    std::va_list arguments;
+    va_start(arguments, format);
+    mImpl->add(StoredOrigin(origin), format, arguments);
+    va_end(arguments);
+}
+
+void ParameterErrors::setSuggestion(unsigned long index, char const* suggestion) {
+    KIVO_REQUIRE(index < getNumberOfErrors());
+    mImpl->mErrors[index].suggestion = suggestion ? suggestion : "";
+}
+
+unsigned long ParameterErrors::getNumberOfErrors() const { return mImpl->mErrors.size(); }
 
 char const* ParameterErrors::getError(unsigned long index) const {
     KIVO_REQUIRE(index < getNumberOfErrors());
-    return mImpl->mMessages[index].c_str();
+    return mImpl->mErrors[index].message.c_str();
+}
+
+Origin ParameterErrors::getOrigin(unsigned long index) const {
+    KIVO_REQUIRE(index < getNumberOfErrors());
+    return mImpl->mErrors[index].origin.toOrigin();
+}
+
+char const* ParameterErrors::getSuggestion(unsigned long index) const {
+    KIVO_REQUIRE(index < getNumberOfErrors());
+    auto const& suggestion = mImpl->mErrors[index].suggestion;
+    return suggestion.empty() ? nullptr : suggestion.c_str();
 }
 
 void ParameterErrors::throwIfErrors() const {
@@ -52,7 +87,7 @@ void ParameterErrors::throwIfErrors() const {
     }
 }
 
-void ParameterErrors::clear() { mImpl->mMessages.clear(); }
+void ParameterErrors::clear() { mImpl->mErrors.clear(); }
 
 std::string composeMessage(ParameterErrors const& errors) {
     auto const count = errors.getNumberOfErrors();

@@ -53,7 +53,15 @@ void ParameterValueItemRepresentationVisitor::printValue(ParameterValue const& v
     case Parameter::INT_PARAMETER: mPrinter.printIntValue(value.getIntValue(index)); break;
     case Parameter::UINT_PARAMETER: mPrinter.printUIntValue(value.getUIntValue(index)); break;
     case Parameter::DOUBLE_PARAMETER: mPrinter.printDoubleValue(value.getDoubleValue(index)); break;
+    case Parameter::LONG_PARAMETER:
+        mPrinter.printLiteralValue(std::to_string(value.getLongValue(index)).c_str());
+        break;
+    case Parameter::ULONG_PARAMETER:
+        mPrinter.printLiteralValue(std::to_string(value.getULongValue(index)).c_str());
+        break;
     case Parameter::STRING_PARAMETER:
+    case Parameter::SIZE_PARAMETER:
+    case Parameter::DURATION_PARAMETER:
     case Parameter::OID_PARAMETER:
     case Parameter::ENUM_PARAMETER: mPrinter.printStringValue(value.getValue(index, false)); break;
     }

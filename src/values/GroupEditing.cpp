@@ -5,6 +5,7 @@
 #include <configuration/ParameterValue.h>
 #include <configuration/ParameterValueGroup.h>
 
+#include "schema/StoredOrigin.h"
 #include "values/ChildSearch.h"
 
 namespace kivo::configuration {
@@ -23,7 +24,8 @@ ParameterValueGroup& findOrAddGroup(ParameterValueGroup& parent, char const* id,
 void appendTexts(ParameterValue& target, ParameterValue const& source) {
     auto const count = source.getNumberOfValues(); // taken first: the two may be one, which grows
     for (unsigned long i = 0; i < count; ++i) {
-        target.addValue(source.getValue(i, false));
+        auto const origin = source.getStoredOrigin(i); // copied: the target may be the source, and move its texts
+        target.addValueAt(source.getValue(i, false), origin);
     }
 }
 

@@ -3,6 +3,7 @@
 #include <configuration/ParameterValueGroup.h>
 
 #include "schema/LazyItemIndex.h"
+#include "schema/StoredOrigin.h"
 #include "values/ParameterValueItemImpl.h"
 
 #include <memory>
@@ -23,6 +24,7 @@ public:
 
     std::vector<std::unique_ptr<ParameterValueItem>> mItems;
     LazyItemIndex<ParameterValueItem, idOf> mIndex;
+    StoredOrigin mOrigin;
 };
 
 } // namespace kivo::configuration

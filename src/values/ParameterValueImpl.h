@@ -11,7 +11,7 @@ namespace kivo::configuration {
 /// The state of a value.
 class ParameterValue::Impl : public ParameterValueItem::Impl {
 public:
-    explicit Impl(char const* value) : mValues(value) {}
+    explicit Impl(char const* value, StoredOrigin const& origin = {}) : mValues(value, origin) {}
     explicit Impl(Impl const& other)
         : ParameterValueItem::Impl(), mUsingDefaultValue(other.mUsingDefaultValue), mValues(other.mValues) {}
 
@@ -25,6 +25,9 @@ public:
         auto const* bound = parameter();
         return bound && bound->getValueType() == Parameter::ENUM_PARAMETER ? bound->getEnumDefinition() : nullptr;
     }
+
+    /// As enumDefinition(), or the labels that the value has by itself.
+    virtual ParameterEnumDefinition const* labels() const { return enumDefinition(); }
 
     /// A text as a number or truth value: a label's number, or what a conversion makes of it; without a text 0 or
     /// false.

@@ -7,6 +7,7 @@
 #include <configuration/ParameterValue.h>
 
 #include "schema/ContractChecks.h"
+#include "schema/StoredOrigin.h"
 #include "schema/ValueTypes.h"
 
 #include <memory>
@@ -21,11 +22,12 @@ std::string composeInvalidValueMessage(char const* parameterName, char const* va
     return message.append("\"").append(valueText).append("\" is not a valid ").append(typeName);
 }
 
-void checkText(char const* parameterName, char const* valueText, Parameter::ValueType valueType,
-               ParameterErrors& errors) {
+void checkText(char const* parameterName, char const* valueText, StoredOrigin const& origin,
+               Parameter::ValueType valueType, ParameterErrors& errors) {
     KIVO_REQUIRE(valueText != 0);
     if (auto const& type = traitsOf(valueType); !type.accepts(valueText)) {
-        errors.addError("%s", composeInvalidValueMessage(parameterName, valueText, type.noun).c_str());
+        errors.addErrorAt(origin.toOrigin(), "%s",
+                          composeInvalidValueMessage(parameterName, valueText, type.noun).c_str());
     }
 }
 
@@ -37,14 +39,14 @@ void checkValue(ParameterValue const* value, Parameter::ValueType valueType, Par
     for (unsigned long i = 0; i < value->getNumberOfValues(); ++i) {
         char const* text = value->getValue(i, true);
         if (!text) {
-            errors.addError("Missing value for the \"%s\" parameter", name ? name : "");
+            errors.addErrorAt(value->getOrigin(i), "Missing value for the \"%s\" parameter", name ? name : "");
             return;
         }
-        checkText(name, text, valueType, errors);
+        checkText(name, text, value->getStoredOrigin(i), valueType, errors);
     }
     if (validator) {
         if (std::unique_ptr<char[]> const message{validator->validate(*value)}) {
-            errors.addError("%s", message.get());
+            errors.addErrorAt(value->getOrigin(value->getNumberOfValues() - 1), "%s", message.get());
         }
     }
 }

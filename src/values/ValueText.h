@@ -1,5 +1,7 @@
 #pragma once
 
+#include "schema/StoredOrigin.h"
+
 #include <atomic>
 #include <memory>
 #include <string>
@@ -8,24 +10,30 @@
 
 namespace kivo::configuration {
 
-/// One entry of a ParameterValue: a text, or none.
+/// One entry of a ParameterValue: a text, or none, and where it was given.
 ///
 /// An entry without a text may be read as the flag that it is; it then keeps the text "1". Any number of threads may do
 /// so at once.
 class ValueText {
 public:
-    explicit ValueText(char const* text) : mIsPresent(text != nullptr) {
+    explicit ValueText(char const* text, StoredOrigin const& textOrigin = {})
+        : origin(textOrigin), mIsPresent(text != nullptr) {
         if (text) {
             mText = text;
         }
     }
     ValueText(ValueText const& other)
-        : mIsPresent(other.mIsPresent), mIsFlag(other.mIsFlag.load(std::memory_order_relaxed)), mText(other.mText) {}
+        : origin(other.origin),
+          mIsPresent(other.mIsPresent),
+          mIsFlag(other.mIsFlag.load(std::memory_order_relaxed)),
+          mText(other.mText) {}
     ValueText(ValueText&& other) noexcept
-        : mIsPresent(other.mIsPresent),
+        : origin(std::move(other.origin)),
+          mIsPresent(other.mIsPresent),
           mIsFlag(other.mIsFlag.load(std::memory_order_relaxed)),
           mText(std::move(other.mText)) {}
     ValueText& operator=(ValueText other) noexcept {
+        origin = std::move(other.origin);
         mText = std::move(other.mText);
         mIsPresent = other.mIsPresent;
         mIsFlag.store(other.mIsFlag.load(std::memory_order_relaxed), std::memory_order_relaxed);
@@ -47,6 +55,8 @@ public:
         return FLAG_TEXT;
     }
 
+    StoredOrigin origin;
+
 private:
     static constexpr char const* FLAG_TEXT = "1";
 
@@ -58,7 +68,7 @@ private:
 /// The entries of a ParameterValue. There is at least one, and mostly just one, which takes no memory of its own.
 class ValueTexts {
 public:
-    explicit ValueTexts(char const* first) : mFirst(first) {}
+    ValueTexts(char const* first, StoredOrigin const& origin) : mFirst(first, origin) {}
 
     ValueTexts(ValueTexts const& other)
         : mOthers(other.mOthers ? std::make_unique<Others>(*other.mOthers) : nullptr), mFirst(other.mFirst) {}
@@ -70,11 +80,11 @@ public:
     }
     ~ValueTexts() = default;
 
-    void add(char const* text) {
+    void add(char const* text, StoredOrigin const& origin) {
         if (!mOthers) {
             mOthers = std::make_unique<Others>();
         }
-        mOthers->emplace_back(text);
+        mOthers->emplace_back(text, origin);
     }
     unsigned long size() const { return mOthers ? 1 + mOthers->size() : 1; }
     ValueText const& operator[](unsigned long index) const { return index == 0 ? mFirst : (*mOthers)[index - 1]; }

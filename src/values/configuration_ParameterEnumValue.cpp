@@ -13,12 +13,13 @@ public:
     explicit Impl(char const* value) : ParameterValue::Impl(value) {}
     explicit Impl(Impl const& other) : ParameterValue::Impl(other), mEnumDefinition(other.mEnumDefinition) {}
 
-    int numberOf(char const* label) const {
+    ParameterEnumDefinition const* labels() const override {
         if (!mEnumDefinition) {
             throw ConfigurationException("Must set the enumeration defintion first");
         }
-        return mEnumDefinition->getValue(label);
+        return mEnumDefinition;
     }
+    int numberOf(char const* label) const { return labels()->getValue(label); }
 
     ParameterEnumDefinition const* mEnumDefinition = nullptr;
 };

@@ -7,10 +7,16 @@
 
 #include "schema/ContractChecks.h"
 #include "schema/ItemKinds.h"
+#include "schema/LocatedException.h"
 #include "schema/NameComparison.h"
 #include "schema/NumberText.h"
+#include "schema/QuantityText.h"
 #include "values/DefaultText.h"
 #include "values/ParameterValueImpl.h"
+
+#include <concepts>
+#include <limits>
+#include <utility>
 
 namespace kivo::configuration {
 
@@ -23,9 +29,41 @@ bool parseBoolean(char const* text) {
 
 int parseInt(char const* text) { return static_cast<int>(parseInteger(text).value); }
 
+/// A number, or the nearest one that fits.
+template <std::integral Number>
+Number nearest(std::integral auto number) {
+    using Limits = std::numeric_limits<Number>;
+    return std::in_range<Number>(number) ? static_cast<Number>(number) : (number < 0 ? Limits::min() : Limits::max());
+}
+
+/// A text as a 64-bit number; without a text 0.
+/// @param state what knows the labels, and the parameter
+template <std::integral Number>
+Number readWide(char const* text, auto const& state) {
+    if (!text) {
+        return 0;
+    }
+    if (auto const* labels = state.labels()) {
+        return nearest<Number>(labels->getValue(text));
+    }
+    auto const* parameter = state.parameter();
+    auto const type = parameter ? parameter->getValueType() : Parameter::STRING_PARAMETER;
+    if (type == Parameter::SIZE_PARAMETER) {
+        return nearest<Number>(parseSize(text).value_or(0));
+    }
+    if (type == Parameter::DURATION_PARAMETER) {
+        return nearest<Number>(parseDuration(text).value_or(0));
+    }
+    return std::signed_integral<Number> ? nearest<Number>(parseInteger(text).value)
+                                        : nearest<Number>(parseUnsignedInteger(text).value);
+}
+
 } // namespace
 
 ParameterValue::ParameterValue(char const* id, char const* value) : ParameterValue(std::make_unique<Impl>(value), id) {}
+
+ParameterValue::ParameterValue(char const* id, char const* value, StoredOrigin const& origin)
+    : ParameterValue(std::make_unique<Impl>(value, origin), id) {}
 
 ParameterValue::ParameterValue(Parameter const* parameter, char const* value)
     : ParameterValueItem(std::make_unique<Impl>(value), static_cast<ParameterItem const*>(parameter)),
@@ -67,7 +105,8 @@ ParameterValue* ParameterValue::clone(CopyMethod method) const { return new Para
 void ParameterValue::assignParameterItem(ParameterItem const* parameterItem) {
     KIVO_REQUIRE(parameterItem != 0);
     if (parameterItem->getItemType() != ParameterItem::PARAMETER) {
-        throw ConfigurationException("\"%s\" must be a parameter", parameterItem->getName());
+        throw located(getStoredOrigin(0),
+                      ConfigurationException("\"%s\" must be a parameter", parameterItem->getName()));
     }
     ParameterValueItem::assignParameterItem(parameterItem);
     mImpl->mIsBoundToKind = asParameter(parameterItem);
@@ -103,6 +142,14 @@ double ParameterValue::getDoubleValue(unsigned long index) const {
     return mImpl->read(getValue(index, false), [](char const* text) { return parseDouble(text).value; });
 }
 
+std::int64_t ParameterValue::getLongValue(unsigned long index) const {
+    return readWide<std::int64_t>(getValue(index, false), *mImpl);
+}
+
+std::uint64_t ParameterValue::getULongValue(unsigned long index) const {
+    return readWide<std::uint64_t>(getValue(index, false), *mImpl);
+}
+
 unsigned long ParameterValue::getNumberOfValues() const { return mImpl->mValues.size(); }
 
 Parameter const* ParameterValue::getParameter() const { return mImpl->parameter(); }
@@ -117,12 +164,32 @@ bool ParameterValue::isUsingDefaultValue() const { return mImpl->mUsingDefaultVa
 
 void ParameterValue::setIsUsingDefaultValue(bool usingDefaultValue) { mImpl->mUsingDefaultValue = usingDefaultValue; }
 
-void ParameterValue::addValue(char const* value) { mImpl->mValues.add(value); }
+void ParameterValue::addValue(char const* value) { addValueAt(value, StoredOrigin()); }
+
+void ParameterValue::addValueAt(char const* value, StoredOrigin const& origin) { mImpl->mValues.add(value, origin); }
 
 void ParameterValue::setValue(unsigned long index, char const* value) {
     auto& mValues = mImpl->mValues;
     KIVO_REQUIRE(index < mValues.size());
     mValues[index] = ValueText(value);
+}
+
+Origin ParameterValue::getOrigin(unsigned long index) const { return getStoredOrigin(index).toOrigin(); }
+
+void ParameterValue::setOrigin(unsigned long index, Origin const& origin) {
+    setStoredOrigin(index, StoredOrigin(origin));
+}
+
+StoredOrigin const& ParameterValue::getStoredOrigin(unsigned long index) const {
+    auto const& mValues = mImpl->mValues;
+    KIVO_REQUIRE(index < mValues.size());
+    return mValues[index].origin;
+}
+
+void ParameterValue::setStoredOrigin(unsigned long index, StoredOrigin const& origin) {
+    auto& mValues = mImpl->mValues;
+    KIVO_REQUIRE(index < mValues.size());
+    mValues[index].origin = origin;
 }
 
 } // namespace kivo::configuration

@@ -9,6 +9,7 @@
 
 #include "schema/ContractChecks.h"
 #include "schema/ItemKinds.h"
+#include "schema/LocatedException.h"
 #include "values/ParameterValueGroupImpl.h"
 
 #include <algorithm>
@@ -30,6 +31,7 @@ ParameterValueGroup::ParameterValueGroup(ParameterValueGroup const& other) : Par
 
 ParameterValueGroup::ParameterValueGroup(ParameterValueGroup const& other, CopyMethod method)
     : ParameterValueItem(std::make_unique<Impl>(), other), mImpl(static_cast<Impl*>(getImpl())) {
+    mImpl->mOrigin = other.mImpl->mOrigin;
     mImpl->mItems.reserve(other.mImpl->mItems.size()); // a shallow copy is mostly filled with as many
     if (method == DEEP_COPY) {
         for (auto const& item : other.mImpl->mItems) {
@@ -46,6 +48,7 @@ ParameterValueGroup& ParameterValueGroup::operator=(ParameterValueGroup const& o
             copy.mImpl->mParentGroup = mImpl->mParentGroup;
         }
         ParameterValueItem::operator=(copy);
+        mImpl->mOrigin = copy.mImpl->mOrigin;
         mImpl->mIndex.drop();
         mImpl->mItems.swap(copy.mImpl->mItems);
         for (auto const& item : mImpl->mItems) {
@@ -99,7 +102,8 @@ ParameterValueGroup* ParameterValueGroup::clone(CopyMethod method) const {
 void ParameterValueGroup::assignParameterItem(ParameterItem const* parameterItem) {
     KIVO_REQUIRE(parameterItem != 0);
     if (parameterItem->getItemType() != ParameterItem::PARAMETER_GROUP) {
-        throw ConfigurationException("\"%s\" must be a parameter group", parameterItem->getName());
+        throw located(mImpl->mOrigin,
+                      ConfigurationException("\"%s\" must be a parameter group", parameterItem->getName()));
     }
     ParameterValueItem::assignParameterItem(parameterItem);
     mImpl->mIsBoundToKind = asGroup(parameterItem);
@@ -120,11 +124,19 @@ void ParameterValueGroup::addItem(ParameterValueItem* item) {
 }
 
 void ParameterValueGroup::addValue(char const* parameterItemId, char const* value) {
+    addValueAt(parameterItemId, value, StoredOrigin());
+}
+
+void ParameterValueGroup::addValue(char const* parameterItemId, char const* value, Origin const& origin) {
+    addValueAt(parameterItemId, value, StoredOrigin(origin));
+}
+
+void ParameterValueGroup::addValueAt(char const* parameterItemId, char const* value, StoredOrigin const& origin) {
     KIVO_REQUIRE(parameterItemId != 0 && *parameterItemId != '\0');
     if (auto* existing = getValue(parameterItemId)) {
-        existing->addValue(value);
+        existing->addValueAt(value, origin);
     } else {
-        addItem(std::make_unique<ParameterValue>(parameterItemId, value).release());
+        addItem(std::make_unique<ParameterValue>(parameterItemId, value, origin).release());
     }
 }
 
@@ -147,7 +159,9 @@ ParameterValue* ParameterValueGroup::getValue(char const* name) const {
     KIVO_REQUIRE(name != 0 && strlen(name) > 0);
     auto* item = mImpl->first(name);
     if (item && item->getItemType() != PARAMETER_VALUE) {
-        throw ConfigurationException("\"%s\" is not a parameter value", name);
+        auto const* group = dynamic_cast<ParameterValueGroup const*>(item);
+        throw located(group ? group->getStoredOrigin() : StoredOrigin(),
+                      ConfigurationException("\"%s\" is not a parameter value", name));
     }
     return static_cast<ParameterValue*>(item);
 }
@@ -177,6 +191,14 @@ bool ParameterValueGroup::removeItem(char const* parameterItemId) {
     removeItem(static_cast<unsigned long>(position - mImpl->mItems.begin()));
     return true;
 }
+
+Origin ParameterValueGroup::getOrigin() const { return mImpl->mOrigin.toOrigin(); }
+
+void ParameterValueGroup::setOrigin(Origin const& origin) { setStoredOrigin(StoredOrigin(origin)); }
+
+StoredOrigin const& ParameterValueGroup::getStoredOrigin() const { return mImpl->mOrigin; }
+
+void ParameterValueGroup::setStoredOrigin(StoredOrigin const& origin) { mImpl->mOrigin = origin; }
 
 void ParameterValueGroup::childIdChanged() { mImpl->mIndex.drop(); }
 

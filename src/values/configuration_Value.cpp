@@ -6,6 +6,9 @@
 
 #include "schema/ContractChecks.h"
 #include "schema/NumberText.h"
+#include "schema/StoredOrigin.h"
+#include "schema/ValueTypes.h"
+#include "values/ValueChecks.h"
 
 #include <string>
 
@@ -58,10 +61,41 @@ ParameterValue const& doubleValue(ParameterValue const* mValue) {
     return *mValue;
 }
 
+ParameterValue const& longValue(ParameterValue const* mValue) {
+    static_cast<void>(notNull(mValue));
+    KIVO_REQUIRE(mValue->getValueType() == Parameter::LONG_PARAMETER ||
+                 mValue->getValueType() == Parameter::SIZE_PARAMETER ||
+                 mValue->getValueType() == Parameter::DURATION_PARAMETER);
+    return *mValue;
+}
+
+ParameterValue const& unsignedLongValue(ParameterValue const* mValue) {
+    static_cast<void>(notNull(mValue));
+    KIVO_REQUIRE(mValue->getValueType() == Parameter::ULONG_PARAMETER ||
+                 mValue->getValueType() == Parameter::SIZE_PARAMETER ||
+                 mValue->getValueType() == Parameter::DURATION_PARAMETER);
+    return *mValue;
+}
+
+/// A number as a text of the value's type, which may not have a text for it.
+template <class Number>
+std::string composeText(ParameterValue const& value, Number number) {
+    auto const type = value.getValueType();
+    auto const text = std::to_string(number) + (type == Parameter::DURATION_PARAMETER ? "ms" : "");
+    if (auto const& traits = traitsOf(type); !traits.accepts(text.c_str())) {
+        char const* const name = value.getParameter()->getName();
+        throw ConfigurationException("%s", composeInvalidValueMessage(name, text.c_str(), traits.noun).c_str());
+    }
+    return text;
+}
+
 /// Writes into the shared tree: the handle's view is const, the tree is not.
 /// @param value  checked by the caller, before the handle is asked for its position
 void write(Value const& handle, ParameterValue const& value, char const* text) {
-    const_cast<ParameterValue&>(value).setValue(handle.getCurrentValueIndex(), text);
+    auto& written = const_cast<ParameterValue&>(value);
+    auto const index = handle.getCurrentValueIndex();
+    written.setValue(index, text);
+    written.setStoredOrigin(index, StoredOrigin::ofApplication());
 }
 
 } // namespace
@@ -120,6 +154,24 @@ Value& Value::setDouble(double value) {
     return *this;
 }
 
+std::int64_t Value::asLong() const { return longValue(mImpl->mValue).getLongValue(getCurrentValueIndex()); }
+
+std::uint64_t Value::asUnsignedLong() const {
+    return unsignedLongValue(mImpl->mValue).getULongValue(getCurrentValueIndex());
+}
+
+Value& Value::setLong(std::int64_t value) {
+    auto const& target = longValue(mImpl->mValue);
+    write(*this, target, composeText(target, value).c_str());
+    return *this;
+}
+
+Value& Value::setUnsignedLong(std::uint64_t value) {
+    auto const& target = unsignedLongValue(mImpl->mValue);
+    write(*this, target, composeText(target, value).c_str());
+    return *this;
+}
+
 unsigned long Value::getCurrentValueIndex() const { return 0; }
 
 ParameterValue const* Value::getParameterValue() const { return mImpl->mValue; }
@@ -129,6 +181,8 @@ bool Value::isNull() const { return !mImpl->mValue; }
 bool Value::isExcluded() const { return isNull(); }
 
 bool Value::isDefaultValue() const { return mImpl->mValue && mImpl->mValue->isUsingDefaultValue(); }
+
+Origin Value::getOrigin() const { return notNull(mImpl->mValue).getOrigin(getCurrentValueIndex()); }
 
 unsigned long Value::getNumberOfValues() const { return mImpl->mValue ? mImpl->mValue->getNumberOfValues() : 0; }
 

@@ -7,6 +7,10 @@
 #include <configuration/ParameterValue.h>
 #include <configuration/ParameterValueGroup.h>
 
+#include "schema/StoredOrigin.h"
+
+#include <utility>
+
 namespace kivo::configuration {
 
 namespace {
@@ -21,6 +25,22 @@ bool isBoundedContainer(ParameterGroup const* schemaGroup) {
     return schemaGroup && schemaGroup->getGroupType() == ParameterGroup::CONTAINER && !schemaGroup->isUnbounded();
 }
 
+/// Where the second of a value's texts was given, in the order of the source: texts of abbreviated flags are grouped by
+/// abbreviation, and attributes sorted.
+StoredOrigin findSurplus(ParameterValue const& value) {
+    unsigned long first = 0;
+    unsigned long second = 1;
+    for (unsigned long i = 1; i < value.getNumberOfValues(); ++i) {
+        auto const& origin = value.getStoredOrigin(i);
+        if (origin.isBeforeInSource(value.getStoredOrigin(first))) {
+            second = std::exchange(first, i);
+        } else if (origin.isBeforeInSource(value.getStoredOrigin(second))) {
+            second = i;
+        }
+    }
+    return value.getStoredOrigin(second);
+}
+
 } // namespace
 
 FirstPhaseValidationVisitor::FirstPhaseValidationVisitor(ParameterErrors& errors)
@@ -28,21 +48,26 @@ FirstPhaseValidationVisitor::FirstPhaseValidationVisitor(ParameterErrors& errors
 
 bool FirstPhaseValidationVisitor::visitGroupStart(ParameterValueGroup& group) {
     auto const* parent = holderOf(group);
-    if (parent && isBoundedContainer(group.getParameterGroup()) &&
-        countOccurrences(*parent, group.getParameterGroup()) >= 2) {
-        mErrors.addError("\"%s\" cannot be provided more than once", shownId(group));
+    if (!parent || !isBoundedContainer(group.getParameterGroup())) {
+        return true;
+    }
+    if (auto const& [first, second] = occurrencesOf(*parent, group.getParameterGroup()); second) {
+        auto const& surplus = &group == first ? *second : group;
+        mErrors.addErrorAt(surplus.getOrigin(), "\"%s\" cannot be provided more than once", shownId(group));
     }
     return true;
 }
 
-unsigned long FirstPhaseValidationVisitor::countOccurrences(ParameterValueGroup const& parent,
-                                                            ParameterItem const* container) {
-    auto const [entry, isNew] = mCounts.try_emplace(&parent);
+FirstPhaseValidationVisitor::Occurrences const&
+FirstPhaseValidationVisitor::occurrencesOf(ParameterValueGroup const& parent, ParameterItem const* container) {
+    auto const [entry, isNew] = mOccurrences.try_emplace(&parent);
     if (isNew) {
         for (unsigned long i = 0; i < parent.getNumberOfItems(); ++i) {
             auto const& item = *parent.getItem(i);
             if (item.getItemType() == ParameterValueItem::PARAMETER_VALUE_GROUP) {
-                ++entry->second[item.getParameterItem()];
+                auto& [first, second] = entry->second[item.getParameterItem()];
+                auto const*& occurrence = first ? second : first;
+                occurrence = occurrence ? occurrence : static_cast<ParameterValueGroup const*>(&item);
             }
         }
     }
@@ -52,9 +77,9 @@ unsigned long FirstPhaseValidationVisitor::countOccurrences(ParameterValueGroup 
 bool FirstPhaseValidationVisitor::visitParameterValue(ParameterValue& value) {
     auto const* parameter = value.getParameter();
     if (!parameter) {
-        mErrors.addError("\"%s\" is not a recognized parameter", shownId(value));
+        mErrors.addErrorAt(value.getOrigin(0), "\"%s\" is not a recognized parameter", shownId(value));
     } else if (!parameter->isUnbounded() && value.getNumberOfValues() >= 2) {
-        mErrors.addError("\"%s\" cannot be provided more than once", shownId(value));
+        mErrors.addErrorAt(findSurplus(value).toOrigin(), "\"%s\" cannot be provided more than once", shownId(value));
     }
     return true;
 }

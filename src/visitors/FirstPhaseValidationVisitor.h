@@ -20,12 +20,17 @@ public:
     bool visitParameterValue(ParameterValue& value) override;
 
 private:
-    unsigned long countOccurrences(ParameterValueGroup const& parent, ParameterItem const* container);
+    struct Occurrences {
+        ParameterValueGroup const* first = nullptr;
+        ParameterValueGroup const* second = nullptr;
+    };
+
+    Occurrences const& occurrencesOf(ParameterValueGroup const& parent, ParameterItem const* container);
 
     ParameterErrors& mErrors;
-    /// The number of child groups by schema item, counted once for each parent: counting for every child would be
+    /// The first two child groups by schema item, found once for each parent: looking for every child would be
     /// quadratic.
-    std::unordered_map<ParameterValueGroup const*, std::unordered_map<ParameterItem const*, unsigned long>> mCounts;
+    std::unordered_map<ParameterValueGroup const*, std::unordered_map<ParameterItem const*, Occurrences>> mOccurrences;
 };
 
 } // namespace kivo::configuration

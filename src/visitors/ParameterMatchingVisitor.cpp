@@ -31,13 +31,13 @@ bool ParameterMatchingVisitor::visitGroupStart(ParameterValueGroup& group) {
     char const* id = group.getParameterItemId();
     if (!isNamed(id)) {
         if (group.getParentGroup()) {
-            mErrors.addError("An unnamed value group was found");
+            mErrors.addErrorAt(group.getOrigin(), "An unnamed value group was found");
             return false;
         }
         mGroupStack.push_back(nullptr);
         return true;
     }
-    auto const match = matchGroup(id);
+    auto const match = matchGroup(group, id);
     if (!match.isEntered) {
         return false;
     }
@@ -48,7 +48,8 @@ bool ParameterMatchingVisitor::visitGroupStart(ParameterValueGroup& group) {
     return true;
 }
 
-ParameterMatchingVisitor::GroupMatch ParameterMatchingVisitor::matchGroup(char const* id) {
+ParameterMatchingVisitor::GroupMatch ParameterMatchingVisitor::matchGroup(ParameterValueGroup const& group,
+                                                                          char const* id) {
     bool const isRoot = equalIgnoringCase(mRootGroup->getId(), id);
     if (mGroupStack.empty()) {
         return {true, isRoot ? mRootGroup : nullptr};
@@ -57,8 +58,8 @@ ParameterMatchingVisitor::GroupMatch ParameterMatchingVisitor::matchGroup(char c
         return {true, parent->getItem(id, false)};
     }
     if (!isRoot) {
-        mErrors.addError("Unexpected unnamed group as parent of the \"%s\" group. (Expected: %s)", id,
-                         mRootGroup->getId());
+        mErrors.addErrorAt(group.getOrigin(), "Unexpected unnamed group as parent of the \"%s\" group. (Expected: %s)",
+                           id, mRootGroup->getId());
         return {false, nullptr};
     }
     return {true, mRootGroup};
@@ -67,9 +68,9 @@ ParameterMatchingVisitor::GroupMatch ParameterMatchingVisitor::matchGroup(char c
 void ParameterMatchingVisitor::bindGroup(ParameterValueGroup& group, ParameterItem const& item, char const* id) {
     auto const* schemaGroup = asGroup(&item);
     if (!schemaGroup) {
-        mErrors.addError("\"%s\" is not a parameter group", id);
+        mErrors.addErrorAt(group.getOrigin(), "\"%s\" is not a parameter group", id);
     } else if (schemaGroup->getGroupType() == ParameterGroup::CONSTRAINT) {
-        mErrors.addError("\"%s\" is a constraint. It cannot be declared explicitly", id);
+        mErrors.addErrorAt(group.getOrigin(), "\"%s\" is a constraint. It cannot be declared explicitly", id);
     }
     setItem(group, &item); // throws when the item is no group
 }
@@ -79,23 +80,23 @@ void ParameterMatchingVisitor::visitGroupEnd(ParameterValueGroup&) { mGroupStack
 bool ParameterMatchingVisitor::visitParameterValue(ParameterValue& value) {
     char const* id = value.getParameterItemId();
     if (!isNamed(id)) {
-        mErrors.addError("An unnamed value was found");
+        mErrors.addErrorAt(value.getOrigin(0), "An unnamed value was found");
         return true;
     }
     auto const* group = mGroupStack.empty() ? nullptr : mGroupStack.back();
     if (!group) {
-        mErrors.addError("Unnamed group cannot contain Parameter \"%s\"", id);
+        mErrors.addErrorAt(value.getOrigin(0), "Unnamed group cannot contain Parameter \"%s\"", id);
         return true;
     }
     auto const* item = mSchemaIndex.findById(*group, id);
     if (!item) {
         if (mReportUnrecognized) {
-            mErrors.addError("\"%s\" is not a recognized parameter", id);
+            mErrors.addErrorAt(value.getOrigin(0), "\"%s\" is not a recognized parameter", id);
         }
         return true;
     }
     if (item->getItemType() != ParameterItem::PARAMETER) {
-        mErrors.addError("\"%s\" is not a parameter", id);
+        mErrors.addErrorAt(value.getOrigin(0), "\"%s\" is not a parameter", id);
     }
     setItem(value, item); // throws when the item is no parameter
     return true;

@@ -36,7 +36,7 @@ private:
         ParameterItem const* item;
     };
 
-    GroupMatch matchGroup(char const* id);
+    GroupMatch matchGroup(ParameterValueGroup const& group, char const* id);
     void bindGroup(ParameterValueGroup& group, ParameterItem const& item, char const* id);
 
     ParameterErrors& mErrors;

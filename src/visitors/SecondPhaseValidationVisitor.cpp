@@ -8,6 +8,7 @@
 #include <configuration/ParameterValue.h>
 #include <configuration/ParameterValueGroup.h>
 
+#include "schema/LocatedException.h"
 #include "schema/NameComparison.h"
 #include "values/ChildSearch.h"
 #include "values/ValueChecks.h"
@@ -29,6 +30,28 @@ std::string composeExclusiveMessage(ParameterGroup const& constraint) {
     return message + " flags are mutually exclusive, you cannot specify both.";
 }
 
+/// Where an item was first given.
+StoredOrigin originOf(ParameterValueItem const& item) {
+    if (item.getItemType() == ParameterValueItem::PARAMETER_VALUE) {
+        return static_cast<ParameterValue const&>(item).getStoredOrigin(0);
+    }
+    auto const& group = static_cast<ParameterValueGroup const&>(item);
+    bool const isMade = !group.getStoredOrigin().isKnown() && group.getNumberOfItems() > 0; // for a constraint
+    return isMade ? originOf(*group.getItem(0UL)) : group.getStoredOrigin();
+}
+
+/// Where the latest of several alternatives was given: that of the source that was asked last, and there the last one.
+StoredOrigin latestOf(ParameterValueGroup const& alternatives) {
+    auto latest = originOf(*alternatives.getItem(0UL));
+    for (unsigned long i = 1; i < alternatives.getNumberOfItems(); ++i) {
+        auto origin = originOf(*alternatives.getItem(i)); // sources that were asked later stand later
+        if (!origin.isBeforeInSource(latest)) {
+            latest = std::move(origin);
+        }
+    }
+    return latest;
+}
+
 } // namespace
 
 SecondPhaseValidationVisitor::SecondPhaseValidationVisitor(ParameterValueGroup const& valueGroup,
@@ -44,7 +67,8 @@ ParameterValueGroup const* SecondPhaseValidationVisitor::findValueGroup(Paramete
     if (mNesting.empty()) {
         char const* id = mValueGroup.getParameterItemId();
         if (!id || !equalIgnoringCase(id, schemaGroup.getId())) {
-            throw ConfigurationException("\"%s\" specification was not found", schemaGroup.getId());
+            throw located(mValueGroup.getStoredOrigin(),
+                          ConfigurationException("\"%s\" specification was not found", schemaGroup.getId()));
         }
         return &mValueGroup;
     }
@@ -82,7 +106,7 @@ void SecondPhaseValidationVisitor::visitGroupEnd(ParameterGroup const& schemaGro
             mErrors.addError("Required group \"%s\" was not found", schemaGroup.getName());
         }
     } else if (schemaGroup.itemsAreExclusive() && valueGroup->getNumberOfItems() > 1) {
-        mErrors.addError("%s", composeExclusiveMessage(schemaGroup).c_str());
+        mErrors.addErrorAt(latestOf(*valueGroup).toOrigin(), "%s", composeExclusiveMessage(schemaGroup).c_str());
     }
 }
 
@@ -105,7 +129,7 @@ std::string SecondPhaseValidationVisitor::generateInvalidValueMessage(char const
 
 void SecondPhaseValidationVisitor::validate(char const* parameterName, char const* valueText,
                                             Parameter::ValueType valueType, ParameterErrors& errors) {
-    checkText(parameterName, valueText, valueType, errors);
+    checkText(parameterName, valueText, StoredOrigin(), valueType, errors);
 }
 
 void SecondPhaseValidationVisitor::validate(ParameterValue const* value, Parameter::ValueType valueType,

@@ -8,6 +8,7 @@
 
 #include "schema/ContractChecks.h"
 #include "schema/ItemKinds.h"
+#include "schema/LocatedException.h"
 
 namespace kivo::configuration {
 
@@ -44,10 +45,12 @@ bool UnboundedParameterValueFixer::visitGroupStart(ParameterValueGroup& group) {
 void UnboundedParameterValueFixer::addText(ParameterValueGroup const& element) {
     auto const* value = element.getValue("value");
     if (!value) {
-        throw ConfigurationException("\"%s\" is not a valid parameter", element.getParameterItemId());
+        throw located(element.getStoredOrigin(),
+                      ConfigurationException("\"%s\" is not a valid parameter", element.getParameterItemId()));
     }
     if (mPurpose == COPY) {
-        mTargetStack.back()->addValue(element.getParameterItemId(), value->getValue(0, false));
+        mTargetStack.back()->addValueAt(element.getParameterItemId(), value->getValue(0, false),
+                                        element.getStoredOrigin());
     }
     ++mChangeCount;
 }

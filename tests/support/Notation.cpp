@@ -39,7 +39,8 @@ Node takeNode(std::string_view& rest) {
 }
 
 Parameter::ValueType typeOf(std::string const& word) {
-    static std::vector<std::string> const words{"bool", "string", "int", "uint", "double", "oid", "enum"};
+    static std::vector<std::string> const words{"bool", "string", "int",   "uint", "double",  "oid",
+                                                "enum", "long",   "ulong", "size", "duration"};
     auto const found = std::ranges::find(words, word.empty() ? "string" : word);
     return static_cast<Parameter::ValueType>(found - words.begin()); // the types have the order of their words
 }

@@ -20,14 +20,15 @@ std::string typesTaking(auto write, auto given, std::string const& text, auto re
     EXPECT_EQ(whatOf([&] { (Value(nullptr, false).*read)(); }), "Value is null");
     EXPECT_EQ(whatOf([&] { (Value(nullptr, false).*write)(given); }), "Value is null");
     std::string taking;
-    for (std::string const type : {"bool", "string", "int", "uint", "double", "oid", "enum"}) {
+    for (std::string const type :
+         {"bool", "string", "int", "uint", "double", "oid", "enum", "long", "ulong", "size", "duration"}) {
         Items items;
         ParameterValue value(items.parameter("p:" + type), "old");
         Value handle(&value, false);
         auto const refused = whatOf([&] { (handle.*write)(given); });
         if (refused == "<nothing>") {
             EXPECT_THAT((handle.*read)(), matcher);
-            EXPECT_EQ(textsOf(value), text);
+            EXPECT_EQ(textsOf(value), text + (type == "duration" ? "ms" : ""));
             EXPECT_EQ(whatOf([&] { (ValueIterator(&value).*read)(); }), BEFORE);
             taking += type + " ";
         } else {
@@ -48,7 +49,21 @@ TEST(Value, EachAccessorTakesItsTypesOnly) {
         "INT_PARAMETER || mValue->getValueType() == Parameter::ENUM_PARAMETER"), "int enum ");
     EXPECT_EQ(typesTaking(&Value::setUnsignedInteger, ~0u, "4294967295", &Value::asUnsignedInteger, ~0u, "UINT_PARAMETER"), "uint ");
     EXPECT_EQ(typesTaking(&Value::setDouble, 2.5e6, "2.5e+06", &Value::asDouble, 2.5e6, "DOUBLE_PARAMETER"), "double ");
+    std::string const wide = " || mValue->getValueType() == Parameter::SIZE_PARAMETER || mValue->getValueType() == Parameter::DURATION_PARAMETER";
+    EXPECT_EQ(typesTaking(&Value::setLong, 1l << 40, "1099511627776", &Value::asLong, 1l << 40, "LONG_PARAMETER" + wide), "long size duration ");
+    EXPECT_EQ(typesTaking(&Value::setUnsignedLong, 1ul << 40, "1099511627776", &Value::asUnsignedLong, 1ul << 40, "ULONG_PARAMETER" + wide), "ulong size duration ");
     // clang-format on
+}
+
+TEST(Value, WritesNoNumberThatItsTypeLacks) {
+    Items items;
+    ParameterValue size(items.parameter("p/%s:size"), "1k");
+    ParameterValue duration(items.parameter("p:duration"), "1s");
+    EXPECT_EQ(whatOf([&] { Value(&size, false).setLong(-1); }), "%s: \"-1\" is not a valid size");
+    EXPECT_EQ(whatOf([&] { Value(&duration, false).setUnsignedLong(1ul << 63); }),
+              "p: \"9223372036854775808ms\" is not a valid duration");
+    EXPECT_EQ(textsOf(size) + " " + textsOf(duration), "1k 1s");
+    EXPECT_EQ(Value(&size, false).setUnsignedLong(~0ul).asLong(), INT64_MAX);
 }
 
 TEST(ValueGroup, NavigatesByName) {

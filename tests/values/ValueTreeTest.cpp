@@ -1,5 +1,6 @@
 #include <configuration/ParameterEnumDefinition.h>
 #include <configuration/ParameterEnumValue.h>
+#include <configuration/ParameterErrors.h>
 
 #include "schema/NameComparison.h"
 #include "support/CaseFile.h"
@@ -7,6 +8,7 @@
 #include "support/Latin1Locale.h"
 #include "support/Notation.h"
 #include "support/WalkLog.h"
+#include "values/ValueChecks.h"
 #include "values/ValueItemUtil.h"
 
 #include <gtest/gtest.h>
@@ -55,6 +57,18 @@ TEST(ParameterValue, ConvertsTextsLenientlyInEveryLocale) {
     });
 }
 
+TEST(ParameterValue, WideNumbersAreReadExactlyOrRefused) {
+    Latin1Locale const locale;
+    checkCases("values/wide-numbers.txt", [](FileCase const& row) {
+        Items items;
+        ParameterValue const value(items.parameter("p:" + row["type"]), unescaped(row["case"]).c_str());
+        ParameterErrors errors;
+        checkValue(&value, value.getValueType(), errors, nullptr);
+        return lines({std::to_string(value.getLongValue(0)) + " " + std::to_string(value.getULongValue(0)),
+                      errors.getNumberOfErrors() > 0 ? errors.getError(0) : ""});
+    });
+}
+
 TEST(ParameterValue, ALabelReadsAsItsNumber) {
     ParameterEnumDefinition levels("levels");
     for (auto const& [label, number] : {std::pair("high", 2), {"high", 7}, {"HIGH", 5}, {"below", -3}}) {
@@ -67,12 +81,16 @@ TEST(ParameterValue, ALabelReadsAsItsNumber) {
     EXPECT_EQ(numbersOf(ParameterValue(level, "high")), "2 2 2 true");
     EXPECT_EQ(numbersOf(ParameterValue(level, "below")), "-3 4294967293 -3 true");
     EXPECT_EQ(numbersOf(ParameterValue(level, nullptr)), "0 0 0 false");
+    EXPECT_EQ(ParameterValue(level, "below").getLongValue(0), -3);
+    EXPECT_EQ(ParameterValue(level, "below").getULongValue(0) + ParameterValue(level, nullptr).getULongValue(0), 0u);
     ParameterValue const unknown(level, "High%s");
     EXPECT_EQ(whatOf([&] { unknown.getBooleanValue(0); }), "symbol \"High%s\" was not found");
     EXPECT_EQ(whatOf([&] { unknown.getDoubleValue(0); }), "symbol \"High%s\" was not found");
     ParameterEnumValue own("own", "below");
     EXPECT_EQ(whatOf([&] { own.getDoubleValue(0); }), "Must set the enumeration defintion first");
+    EXPECT_EQ(whatOf([&] { own.getLongValue(0); }), "Must set the enumeration defintion first");
     own.setEnumDefinition(levels);
+    EXPECT_EQ(static_cast<ParameterValue const&>(own).getLongValue(0), -3);
     std::unique_ptr<ParameterEnumValue> const clone(own.clone(Item::SHALLOW_COPY));
     ParameterEnumValue assigned("other", nullptr); // without labels
     assigned = own;

@@ -94,7 +94,7 @@ PlainXml PlainXmlReader::read() {
         auto const size = mInput.getKept().size();
         return {mBuilder.finish(mInput.takeKept(), size), {}, {}};
     }
-    return XML_GetErrorCode(mParser.get()) == XML_ERROR_NONE || mIsStopped ? PlainXml{} : describeFault();
+    return describeFault();
 }
 
 /// Parts grow, since the parser looks at a tag that is not complete again, from its beginning, with each part.
@@ -182,10 +182,15 @@ void PlainXmlReader::stop() {
     XML_StopParser(mParser.get(), XML_FALSE);
 }
 
+/// What is wrong with an input that is not plain, as far as that is known here.
 PlainXml PlainXmlReader::describeFault() const {
+    auto const error = XML_GetErrorCode(mParser.get());
+    if (mIsStopped || error == XML_ERROR_NONE) {
+        return {std::nullopt, mInput.getProblem(), {}};
+    }
     auto const line = XML_GetCurrentLineNumber(mParser.get());
     auto const column = XML_GetCurrentColumnNumber(mParser.get()) + 1;
-    return {std::nullopt, XML_ErrorString(XML_GetErrorCode(mParser.get())), {line, column}};
+    return {std::nullopt, XML_ErrorString(error), {line, column}};
 }
 
 } // namespace

@@ -9,10 +9,10 @@ namespace kivo::configuration {
 
 class XmlInput;
 
-/// What came of reading a file as plain XML: its document, or else what the parser found wrong, if that was it.
+/// What came of reading a file as plain XML: its document, or else what was found wrong, if that was it.
 struct PlainXml {
     std::optional<XmlDocument> document;
-    std::string fault; ///< empty: well-formed up to where it stopped being plain
+    std::string fault; ///< empty: readable and well-formed up to where it stopped being plain
     XmlPosition faultPosition{};
 };
 

@@ -36,6 +36,7 @@ void XmlFile::readWithModule(char const* path, XmlInput& input, PlainXml const& 
     }
     XmlModuleReader reader;
     reader.input = &input;
+    reader.path = path;
     auto const client = reader.makeClient();
     auto const outcome = module->read(path, &client);
     if (outcome == XML_MODULE_OUT_OF_MEMORY) {
@@ -51,7 +52,8 @@ void XmlFile::readWithModule(char const* path, XmlInput& input, PlainXml const& 
 }
 
 void XmlFile::addError(char const* path, std::string const& text, XmlPosition position) {
-    mErrors.addError("%s", composeXmlMessage("ERROR", text, path, position).c_str());
+    mErrors.addErrorAt(Origin(Origin::FILE_SOURCE, path, position.line, position.column), "%s",
+                       composeXmlMessage("ERROR", text, path, position).c_str());
 }
 
 } // namespace kivo::configuration

@@ -56,7 +56,11 @@ std::optional<std::string_view> XmlInput::readOn(std::size_t size) {
     }
     auto const [count, hasFailed] = readFile(mKept.get() + mKeptSize, size);
     mKeptSize += count;
-    return hasFailed ? std::nullopt : std::optional(getKept().substr(mKeptSize - count));
+    if (hasFailed) {
+        mProblem = describeError(errno);
+        return std::nullopt;
+    }
+    return getKept().substr(mKeptSize - count);
 }
 
 std::unique_ptr<char[]> XmlInput::takeKept() { return std::move(mKept); }

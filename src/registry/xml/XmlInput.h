@@ -16,7 +16,7 @@ class XmlInput {
 public:
     explicit XmlInput(char const* path);
 
-    /// Why the file cannot be read; empty when it can.
+    /// Why the file cannot be read, or not read on; empty when it can.
     std::string const& getProblem() const { return mProblem; }
 
     /// The size of the file when it was opened.

@@ -8,7 +8,7 @@
 namespace kivo::configuration {
 
 /// Raised with every change of this file: a library and a module of different numbers do not work together.
-inline constexpr unsigned int XML_MODULE_INTERFACE = 1;
+inline constexpr unsigned int XML_MODULE_INTERFACE = 2;
 
 enum XmlModuleOutcome : int { XML_MODULE_DONE, XML_MODULE_OUT_OF_MEMORY, XML_MODULE_FAILED };
 
@@ -25,9 +25,10 @@ struct XmlModuleClient {
     XmlModuleOutcome (*addAttribute)(void* context, char const* name, char const* value);
     XmlModuleOutcome (*endElement)(void* context);
 
-    /// A line about the file. After an error no document follows.
+    /// A line about the file, of an error with the place that the parser tells, or 0. After an error no document
+    /// follows.
     XmlModuleOutcome (*addWarning)(void* context, char const* line);
-    XmlModuleOutcome (*addError)(void* context, char const* line);
+    XmlModuleOutcome (*addError)(void* context, char const* line, unsigned long lineNumber, unsigned long column);
 };
 
 /// What the module does.

@@ -5,7 +5,8 @@
 namespace kivo::configuration {
 
 /// The module of Xerces-C, opened, or null when that cannot be done. There are two ways: the product's library opens a
-/// file, the static library has the module built in.
+/// file, the static library has the module built in. If memory runs out while Xerces-C is started, it cannot be used
+/// any more: in the file, until that is opened anew; built in, to the end of the process.
 /// @throws std::bad_alloc memory has run out
 XmlModule const* openXmlModule();
 

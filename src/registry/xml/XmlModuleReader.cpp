@@ -42,8 +42,10 @@ XmlModuleOutcome addWarning(void* context, char const* line) {
     return run(context, [=](auto& reader) { reader.warnings.emplace_back(line); });
 }
 
-XmlModuleOutcome addError(void* context, char const* line) {
-    return run(context, [=](auto& reader) { reader.errors.addError("%s", line); });
+XmlModuleOutcome addError(void* context, char const* line, unsigned long lineNumber, unsigned long column) {
+    return run(context, [=](auto& reader) {
+        reader.errors.addErrorAt(Origin(Origin::FILE_SOURCE, reader.path, lineNumber, column), "%s", line);
+    });
 }
 
 } // namespace

@@ -18,6 +18,7 @@ struct XmlModuleReader {
     XmlModuleClient makeClient();
 
     XmlInput* input = nullptr; ///< what the module reads, when it is asked to
+    char const* path = "";     ///< of the input
     XmlDocumentBuilder builder;
     std::vector<std::string> warnings;
     ParameterErrors errors;

@@ -1,10 +1,11 @@
-// A plug-in that offers a validator; built twice, with the name of its validator or without one.
+// A plug-in that offers a validator; built with the name of its validator, without one, or to end the process instead.
 
 #include <configuration/Manager.h>
 #include <configuration/Memory.h>
 #include <configuration/ParameterEnumDefinition.h>
 #include <configuration/ParameterValidator.h>
 
+#include <cstdlib>
 #include <memory>
 #include <string>
 
@@ -27,6 +28,8 @@ PLUGIN_ENTRY void* createPlugin() {
     Manager::getInstance()->registerEnumDefinition(std::make_unique<ParameterEnumDefinition>(VALIDATOR_NAME).release());
     return static_cast<ParameterValidator*>(std::make_unique<NeverRight>(VALIDATOR_NAME).release());
 }
+#elif defined(EXIT_STATUS)
+PLUGIN_ENTRY void* createPlugin() { std::exit(EXIT_STATUS); }
 #else
 PLUGIN_ENTRY void* createPlugin() { return nullptr; }
 #endif

@@ -122,6 +122,7 @@ TEST(Outside, OnlyRegularFilesAreOpened) {
         {directory.at("pipe"), "this is not a regular file"},
         {directory.at(""), "this is not a regular file"},
         {"/dev/zero", "this is not a regular file"},
+        {"/proc/self/mem", "unable to read data from file"},
         {file + "/x", "the file cannot be read (system error " + std::to_string(ENOTDIR) + ")"},
         {directory.at("circle"), "the file cannot be read (system error " + std::to_string(ELOOP) + ")"},
     };

@@ -65,7 +65,8 @@ void XercesDocument::addWarning(xercesc::SAXParseException const& exception) {
 }
 
 void XercesDocument::addError(xercesc::SAXParseException const& exception) {
-    mErrors.addError("%s", generateMessage("ERROR", exception).c_str());
+    Origin const origin(Origin::FILE_SOURCE, mFileName.c_str(), exception.getLineNumber(), exception.getColumnNumber());
+    mErrors.addErrorAt(origin, "%s", generateMessage("ERROR", exception).c_str());
 }
 
 std::string XercesDocument::generateMessage(char const* kind, xercesc::SAXParseException const& exception) const {

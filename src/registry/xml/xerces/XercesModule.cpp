@@ -61,7 +61,8 @@ XmlModuleOutcome tellMessages(XercesDocument const& document, XmlModuleClient co
     }
     auto const& errors = document.getErrors();
     for (unsigned long i = 0; i < errors.getNumberOfErrors() && outcome == XML_MODULE_DONE; ++i) {
-        outcome = client.addError(client.context, errors.getError(i));
+        auto const origin = errors.getOrigin(i);
+        outcome = client.addError(client.context, errors.getError(i), origin.getLine(), origin.getColumn());
     }
     return outcome;
 }

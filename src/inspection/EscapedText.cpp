@@ -1,0 +1,67 @@
+#include "kernel/kvProcessInit.h"
+
+#include "inspection/EscapedText.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace kivo::configuration {
+
+namespace {
+
+/// Whether a byte continues a UTF-8 character.
+bool continues(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
+/// The number of bytes of the UTF-8 character that a text begins with; 1 for a byte that begins none.
+std::size_t sizeOfCharacter(std::string_view text) {
+    auto const first = static_cast<unsigned char>(text[0]);
+    std::size_t const size = first < 0xC2 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : first < 0xF5 ? 4 : 1;
+    bool const isWhole = size <= text.size() && std::ranges::all_of(text.substr(1, size - 1), continues);
+    return isWhole ? size : 1;
+}
+
+/// Whether a terminal would obey a character: the control characters of ASCII, and those that Latin-1 and Unicode have
+/// at 128 to 159.
+bool isControl(std::string_view character) {
+    auto const first = static_cast<unsigned char>(character[0]);
+    if (character.size() == 1) {
+        return first < 0x20 || (first >= 0x7F && first < 0xA0);
+    }
+    return first == 0xC2 && static_cast<unsigned char>(character[1]) < 0xA0;
+}
+
+void appendEscaped(std::string& escaped, char byte) {
+    switch (byte) {
+    case '\\': escaped.append("\\\\"); return;
+    case '\n': escaped.append("\\n"); return;
+    case '\r': escaped.append("\\r"); return;
+    case '\t': escaped.append("\\t"); return;
+    default: break;
+    }
+    char code[5];
+    static_cast<void>(
+        std::snprintf(code, sizeof code, "\\x%02x", static_cast<unsigned>(static_cast<unsigned char>(byte))));
+    escaped.append(code);
+}
+
+} // namespace
+
+std::string escape(std::string_view text) {
+    std::string escaped;
+    while (!text.empty()) {
+        auto const character = text.substr(0, sizeOfCharacter(text));
+        if (character == "\\" || isControl(character)) {
+            std::ranges::for_each(character, [&](char byte) { appendEscaped(escaped, byte); });
+        } else {
+            escaped.append(character);
+        }
+        text.remove_prefix(character.size());
+    }
+    return escaped;
+}
+
+std::size_t widthOf(std::string_view text) {
+    return text.size() - static_cast<std::size_t>(std::ranges::count_if(text, continues));
+}
+
+} // namespace kivo::configuration

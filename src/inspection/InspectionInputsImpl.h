@@ -1,0 +1,21 @@
+#pragma once
+
+#include <configuration/InspectionInputs.h>
+
+#include <string>
+#include <vector>
+
+namespace kivo::configuration {
+
+/// What a tool would be started with.
+class InspectionInputs::Impl {
+public:
+    MachineConfig machineConfig = MACHINE_CONFIG_LEFT_OUT;
+    std::string applicationFile;
+    std::vector<std::string> arguments; // empty: no command line
+    bool isCommandLineOpen = false;
+    int flags = 0;
+    bool isRequired = false;
+};
+
+} // namespace kivo::configuration
