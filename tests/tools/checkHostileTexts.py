@@ -102,7 +102,7 @@ def main():
             require(text in page, "the page shows " + text)
 
         candidates = kivoconfig("complete", "hostile", "--", "-p").splitlines()
-        require(all(re.fullmatch("-p[0-9]+[^\t]*\t[^\t]{0,80}", line) for line in candidates), "one candidate a line")
+        require(all(re.fullmatch("-p[0-9]+[^\t]*(\t[^\t]{1,80})?", line) for line in candidates), "one candidate a line")
         kivoconfig("complete", "hostile", "--", "-labels", "")
         for shell in ("bash", "zsh"):
             kivoconfig("completion", shell, "tool", "hostile")

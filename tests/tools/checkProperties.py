@@ -19,13 +19,17 @@ FILES = 40  # of each specification
 
 # Texts of each type, and others. An empty number is left out: the library takes it, but nobody should write it.
 NUMBERS = ["5", "+5", " 5", "5 ", "-0", "007", "0" * 40 + "5", "-2147483648", "2147483647", "2147483648", "4294967295",
-           "4294967296", "-1", "0x10", "1e5", ".5", "5.", "-.5e-3", "nan", "-inf", "infinity", "0x1.8p3", "1,5", "abc", "--5"]
+           "4294967296", "-1", "0x10", "1e5", ".5", "5.", "-.5e-3", "nan", "-inf", "infinity", "0x1.8p3", "9223372036854775808",
+           "99999999999999999999", "1,5", "abc", "--5"]
 OIDS = ["1-2-3-4", "#1-2-3-4", "1-2-3-4 ", "1--2-3-4", "#+1- 2-3-4", "1-2-3", "1-2-3-4-5", "1-2-3-4x", "#", "a-b-c-d"]
 BOOLS = ["true", "False", "TRUE", "1", "0", "", " 1", "yes", "tru"]
+SIZES = ["0", "64", "64k", "1.5 GB", "2 gib", "0.5Kb", "18446744073709551615", "1.5", "1  k", "k", "64p", " 5", "1.5kk"]
+DURATIONS = ["0", "000", "1d12h", "36h", "250ms", "1m5ms", "5", "1h1d", "1H", "1.5s", "ms", "1s1s", " 1s"]
 STRINGS = ["", "text", "a & b <c>", "--", "]]>", "\u00e4\u4e2d", "tab\tand\nline", "&#65;"]
 LABELS = ["none", "very good", "--", "<&>\"'", "a\tb", "\u00fc"]
 TYPES = {"int": ("0", NUMBERS), "uint": ("7", NUMBERS), "double": ("1.5", NUMBERS), "bool": ("true", BOOLS),
-         "oid": ("0-0-0-0", OIDS), "string": ("a--b", STRINGS), "enum": ("none", LABELS)}
+         "oid": ("0-0-0-0", OIDS), "string": ("a--b", STRINGS), "enum": ("none", LABELS), "long": ("-5", NUMBERS),
+         "ulong": ("18446744073709551615", NUMBERS), "size": ("64k", SIZES), "duration": ("1d12h", DURATIONS)}
 
 
 def escaped(text):
