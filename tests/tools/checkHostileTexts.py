@@ -69,6 +69,8 @@ def require(condition, what):
 
 def main():
     os.environ.update(PATH=BUILD + "/tools/bin:" + BUILD + "/tests/tools:" + os.environ["PATH"], LC_ALL="C", KIVO_HOME=".")
+    # The leak checker itself crashes where the module for XML 1.1 was unloaded. The other tests look for leaks.
+    os.environ["ASAN_OPTIONS"] = os.environ.get("ASAN_OPTIONS", "") + ":detect_leaks=0"
     for name in ("KIVO_ETC_DIR", "KIVO_PLUGINS_DIR", "KIVO_CONFIG_DIR", "KIVO_MAIN_LOG"):
         os.environ.pop(name, None)
     with tempfile.TemporaryDirectory() as work:
