@@ -51,6 +51,8 @@ public:
     /// For a tool's arguments of which some are left out: the index that each of those that the next call of
     /// setArguments() gets had among all of them.
     KIVO_CONFIGURATION_LOCAL void setOriginalIndexes(std::vector<unsigned long> indexes);
+    /// The values that the arguments give, named by flags as typed.
+    KIVO_CONFIGURATION_LOCAL ParameterValueGroup const& getArguments() const;
 
 private:
     class KIVO_CONFIGURATION_LOCAL Impl;

@@ -57,7 +57,8 @@ public:
     virtual char const* getValueName() const;
     /// The type that given texts are checked against.
     virtual ValueType getValueType() const;
-    /// The default, bound to this parameter and marked as one, or null. Owned by the parameter.
+    /// The default, bound to this parameter and marked as one, or null. Its origin is DEFAULT_SOURCE, with the place of
+    /// the attribute that gives it when that stands in a registry file. Owned by the parameter.
     virtual ParameterValue const* getDefaultValue() const;
     /// Sets or replaces the labels of an enumeration parameter. The definition is not owned and must outlive the
     /// parameter.
@@ -77,6 +78,8 @@ public:
     void addValidatorConfigurationParameterValue(char const* name, char const* value);
     /// The pairs stored for the validator, or null when there are none. Owned by the parameter.
     ParameterValueGroup const* getValidatorConfiguration() const;
+    /// Says where the default is declared; until then it has no place.
+    KIVO_CONFIGURATION_LOCAL void setDefaultOrigin(StoredOrigin const& origin);
 
     /// Builds a parameter and registers it with the Manager, which owns it from then on. Nothing is registered when an
     /// exception is thrown.

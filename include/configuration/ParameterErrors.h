@@ -8,6 +8,9 @@
 
 namespace kivo::configuration {
 
+class StoredOrigin;
+enum class Rule : unsigned char;
+
 /// The faults found in user input during one phase, in the order in which they were found.
 ///
 /// A phase collects its messages here while it goes on, and ends with throwIfErrors(), so that a user sees all of its
@@ -57,6 +60,14 @@ public:
 
     /// Removes all messages.
     void clear();
+
+    /// As addErrorAt(), with the rule that is broken.
+    KIVO_CONFIGURATION_LOCAL void addFault(Rule rule, StoredOrigin const& origin, char const* format, ...)
+        KIVO_CONFIGURATION_PRINTF(4, 5);
+    /// The rule that the fault at a position breaks.
+    KIVO_CONFIGURATION_LOCAL Rule getRule(unsigned long index) const;
+    /// As getOrigin(), without a conversion.
+    KIVO_CONFIGURATION_LOCAL StoredOrigin const& getStoredOrigin(unsigned long index) const;
 
 private:
     class KIVO_CONFIGURATION_LOCAL Impl;

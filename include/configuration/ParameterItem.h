@@ -1,12 +1,14 @@
 #pragma once
 
 #include <configuration/Export.h>
+#include <configuration/Origin.h>
 
 #include <memory>
 
 namespace kivo::configuration {
 
 class ParameterVisitor;
+class StoredOrigin;
 
 /// What a Parameter and a ParameterGroup have in common: id, name, description, and how often it may occur.
 ///
@@ -51,6 +53,11 @@ public:
     virtual bool accept(ParameterVisitor& visitor) const = 0;
     /// Whether this item refines another one that is registered under the same id.
     virtual bool isSpecialized() const;
+
+    /// Where the item was declared: FILE_SOURCE with the place of the declaring element in a registry file, or
+    /// APPLICATION_SOURCE.
+    Origin getDeclarationOrigin() const;
+    KIVO_CONFIGURATION_LOCAL void setDeclarationOrigin(StoredOrigin const& origin);
 
     ParameterItem(ParameterItem const&) = delete;
     ParameterItem& operator=(ParameterItem const&) = delete;

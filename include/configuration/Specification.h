@@ -1,12 +1,14 @@
 #pragma once
 
 #include <configuration/Export.h>
+#include <configuration/Origin.h>
 
 #include <memory>
 
 namespace kivo::configuration {
 
 class ParameterGroup;
+class StoredOrigin;
 
 /// What one tool or component accepts. The items stand in the group that is registered under the specification's id.
 ///
@@ -26,6 +28,10 @@ public:
     /// @throws ConfigurationException "Group \"<id>\" was not found in the registry",
     ///         "\"<id>\" is not a parameter group", "Duplicate item \"<id>\""
     ParameterGroup const* getParameterGroup() const;
+
+    /// Where it was declared: FILE_SOURCE with the place of its element in a registry file, or APPLICATION_SOURCE.
+    Origin getDeclarationOrigin() const;
+    KIVO_CONFIGURATION_LOCAL void setDeclarationOrigin(StoredOrigin const& origin);
 
     /// Whether the ids are equal, ignoring letter case.
     bool operator==(Specification const& other) const;

@@ -38,6 +38,9 @@ public:
     /// @throws kivo::ContractViolationException "argv != 0", "argument != 0"
     void setArguments(int argc, char const* const* argv, int flags) override;
 
+    /// Whether the repeated elements of the file have become values.
+    KIVO_CONFIGURATION_LOCAL bool isFixed() const;
+
 private:
     class KIVO_CONFIGURATION_LOCAL Impl;
     std::unique_ptr<Impl> mImpl;

@@ -1,28 +1,18 @@
 #include "kernel/kvProcessInit.h"
 
 #include <configuration/CommandLineValueProvider.h>
-#include <configuration/ConfigurationException.h>
 #include <configuration/XmlFileValueProvider.h>
 
-#include "kernel/kvDirectories.h"
-#include "kernel/kvFiles.h"
 #include "manager/ContextMgr.h"
-#include "manager/InstallationPaths.h"
 #include "manager/ManagerImpl.h"
+#include "manager/ToolStart.h"
 #include "manager/VectorWrapper.h"
-#include "providers/CommandLineArguments.h"
 #include "registry/xml/XmlScope.h"
-#include "schema/LocatedException.h"
 #include "schema/MainLog.h"
-
-#include <optional>
 
 namespace kivo::configuration {
 
 namespace {
-
-constexpr char const* LOAD_CONFIGURATION_FLAG = "-loadConfiguration";
-constexpr char const* MACHINE_CONFIGURATION_FILE_NAME = "machine.config";
 
 void logEnabling(bool allowMachineConfig, std::string const& applicationConfigFile,
                  std::vector<std::string> const& arguments) {
@@ -41,44 +31,6 @@ void logLoading(char const* outcome, std::string const& path) {
     addToMainLog(text);
 }
 
-/// A tool's arguments, taken apart.
-struct CommandLine {
-    /// A file named by a flag.
-    struct File {
-        std::string name;
-        StoredOrigin flag;
-    };
-
-    std::vector<std::string> kept;              // what the command-line provider gets, the program's name first
-    std::vector<unsigned long> keptIndexes;     // where these stood
-    std::vector<File> files;                    // what follows "-loadConfiguration"
-    std::optional<StoredOrigin> incompleteFlag; // a "-loadConfiguration" after these that has no value
-};
-
-CommandLine splitCommandLine(std::vector<std::string> const& arguments) {
-    CommandLine commandLine;
-    auto const keep = [&](std::string const& argument, unsigned long index) {
-        commandLine.kept.push_back(argument);
-        commandLine.keptIndexes.push_back(index);
-    };
-    keep(arguments[0], 0);
-    for (auto const& [argument, value, index] : pairArguments(arguments)) {
-        auto const origin = StoredOrigin::ofCommandLine().at(index);
-        if (!equalIgnoringCase(*argument, LOAD_CONFIGURATION_FLAG)) {
-            keep(*argument, index);
-            if (value) {
-                keep(*value, index + 1);
-            }
-        } else if (value && !value->empty()) {
-            commandLine.files.push_back({*value, origin});
-        } else {
-            commandLine.incompleteFlag = origin;
-            break;
-        }
-    }
-    return commandLine;
-}
-
 } // namespace
 
 void Manager::Impl::enableConfiguration(bool allowMachineConfig, char const* applicationConfigFile, unsigned int argc,
@@ -90,42 +42,30 @@ void Manager::Impl::enableConfiguration(bool allowMachineConfig, char const* app
     ContextMgr const context;
     XmlScope const scope;
     mProviders.clear();
-    auto const commandLine = arguments.empty() ? CommandLine{} : splitCommandLine(arguments);
-    for (auto const& [fileName, flag] : commandLine.files) {
-        loadAndLogConfigurationFile(fileName, false, flag);
-    }
-    if (commandLine.incompleteFlag) {
-        throw located(*commandLine.incompleteFlag,
-                      ConfigurationException("Missing value for the -loadConfiguration parameter"));
+    auto const split = splitArguments(arguments);
+    for (auto const& file : split.files) {
+        loadAndLogConfigurationFile(nameOf(file), false, file.flag);
     }
     if (!arguments.empty()) {
-        VectorWrapper const kept(commandLine.kept);
+        VectorWrapper const kept(split.kept);
         auto& provider = addProvider<CommandLineValueProvider>(mNextProviderPriority++);
-        provider.setOriginalIndexes(commandLine.keptIndexes);
+        provider.setOriginalIndexes(split.keptIndexes);
         provider.enableProvider(kept.size(), kept, 0);
     }
     if (!applicationFile.empty()) {
         loadAndLogConfigurationFile(applicationFile, false, {});
     }
     if (allowMachineConfig) {
-        loadAndLogConfigurationFile(installationDirectory(kvGetConfigDir) + MACHINE_CONFIGURATION_FILE_NAME, true, {});
+        loadAndLogConfigurationFile(machineConfigurationFile(), true, {});
     }
 }
 
 bool Manager::Impl::loadConfigurationFile(std::string const& path, bool allowMissing, StoredOrigin const& demand) {
-    auto resolved = path;
-    if (kvLocalExists(resolved.c_str()) == KV_FILE_MISSING && path.find(directorySeparator()) == std::string::npos) {
-        resolved = installationDirectory(kvGetConfigDir) + path;
+    auto const found = findConfigurationFile(path, allowMissing, demand);
+    if (found) {
+        addProvider<XmlFileValueProvider>(mNextProviderPriority++).enableProvider(found->c_str(), 0);
     }
-    if (kvLocalExists(resolved.c_str()) == KV_FILE_MISSING) {
-        if (allowMissing) {
-            return false;
-        }
-        throw located(demand.isKnown() ? demand : StoredOrigin(Origin::FILE_SOURCE, resolved),
-                      ConfigurationException("File \"%s\" was not found", resolved.c_str()));
-    }
-    addProvider<XmlFileValueProvider>(mNextProviderPriority++).enableProvider(resolved.c_str(), 0);
-    return true;
+    return found.has_value();
 }
 
 void Manager::Impl::loadAndLogConfigurationFile(std::string const& path, bool allowMissing,

@@ -9,26 +9,16 @@
 #include "manager/ManagerImpl.h"
 #include "providers/HelpRequest.h"
 #include "providers/ProviderOrigins.h"
+#include "providers/ValuePipeline.h"
 #include "schema/ContractChecks.h"
 #include "visitors/ConstraintSplitterVisitor.h"
 #include "visitors/FirstPhaseValidationVisitor.h"
 #include "visitors/ParameterMatchingVisitor.h"
-#include "visitors/ParameterValueAggregationVisitor.h"
-#include "visitors/ParameterValueGroupDefaultProviderVisitor.h"
-#include "visitors/ParameterValueGroupValidationVisitor.h"
 #include "visitors/RunPhase.h"
 
 namespace kivo::configuration {
 
 namespace {
-
-/// Checks merged values, fills in defaults, and moves the whole to the result without its constraint groups.
-void completeValues(Specification const* specification, ParameterValueGroup& values, ParameterValueGroup& result) {
-    ParameterErrors errors;
-    runPhase(values, errors, ParameterValueGroupValidationVisitor(specification, errors));
-    runPhase(values, errors, ParameterValueGroupDefaultProviderVisitor(specification, errors));
-    runPhase(values, errors, ParameterValueAggregationVisitor(specification, result, errors, true));
-}
 
 /// When the user asked for help, the tool gets the collected values as they are.
 void addHelpRequest(Specification const& specification, ParameterValueGroup const& collected,
@@ -68,7 +58,7 @@ void Manager::Impl::getValues(Specification const* specification, ParameterValue
     if (readsAsTrue(collected, HELP)) {
         addHelpRequest(*specification, collected, result);
     } else {
-        completeValues(specification, collected, result);
+        ValuePipeline(*specification, flags).complete(collected, result);
     }
 }
 
@@ -83,7 +73,7 @@ void Manager::Impl::validateValues(Specification const* specification, Parameter
     runPhase(values, errors, FirstPhaseValidationVisitor(errors));
     ParameterValueGroup working(values); // completing takes values apart: whatever goes wrong, the caller keeps them
     ParameterValueGroup validated(nullptr);
-    completeValues(specification, working, validated);
+    ValuePipeline(*specification, flags).complete(working, validated);
     values = validated;
 }
 

@@ -9,6 +9,7 @@
 #include <configuration/ParameterValueGroup.h>
 
 #include "providers/ParameterSearchVisitor.h"
+#include "schema/FaultCollection.h"
 #include "schema/ItemKinds.h"
 #include "schema/LocatedException.h"
 
@@ -33,7 +34,8 @@ namespace {
 
 } // namespace
 
-NameFixer::NameFixer(ParameterGroup const* rootGroup) : ParameterValueVisitor(false), mRootGroup(rootGroup) {}
+NameFixer::NameFixer(ParameterGroup const* rootGroup, ParameterErrors* collected)
+    : ParameterValueVisitor(false), mRootGroup(rootGroup), mCollected(collected) {}
 
 bool NameFixer::visitGroupStart(ParameterValueGroup& group) {
     if (mGroupStack.empty()) {
@@ -68,7 +70,8 @@ bool NameFixer::visitParameterValue(ParameterValue& value) {
     if (match.count == 1) {
         setParameterItemId(value, match.first->getId());
     } else if (match.count > 1) {
-        throwAmbiguous(value, *mGroupStack.back());
+        runOrCollect(mCollected, Rule::AMBIGUOUS_FLAG, value.getStoredOrigin(0),
+                     [&] { throwAmbiguous(value, *mGroupStack.back()); });
     }
     return true;
 }

@@ -8,6 +8,7 @@
 
 namespace kivo::configuration {
 
+class ParameterErrors;
 class ParameterGroup;
 
 /// Gives every value whose id is the beginning of exactly one parameter's name that parameter's id. A value that names
@@ -15,7 +16,8 @@ class ParameterGroup;
 class NameFixer final : public ParameterValueVisitor {
 public:
     /// @param rootGroup the schema group of the group that the walk begins at
-    explicit NameFixer(ParameterGroup const* rootGroup);
+    /// @param collected takes what an ambiguous flag throws, and the flag stays as it is; null: it throws
+    explicit NameFixer(ParameterGroup const* rootGroup, ParameterErrors* collected = nullptr);
 
     /// @throws ConfigurationException "\"%s\" is not a valid group id"
     bool visitGroupStart(ParameterValueGroup& group) override;
@@ -27,6 +29,7 @@ public:
 
 private:
     ParameterGroup const* mRootGroup;
+    ParameterErrors* mCollected;
     /// Notes the schema group of a value group that begins, and what its flags can mean.
     void open(ParameterValueGroup const& group, ParameterGroup const& schemaGroup);
 

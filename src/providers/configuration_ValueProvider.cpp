@@ -1,24 +1,15 @@
 #include "kernel/kvProcessInit.h"
 
 #include <configuration/ConfigurationException.h>
-#include <configuration/Flags.h>
-#include <configuration/ParameterErrors.h>
 #include <configuration/ParameterGroup.h>
-#include <configuration/ParameterValue.h>
 #include <configuration/ParameterValueGroup.h>
 #include <configuration/Specification.h>
 #include <configuration/ValueProvider.h>
 
-#include "providers/HelpRequest.h"
-#include "providers/ProviderOrigins.h"
+#include "providers/ValuePipeline.h"
 #include "schema/ContractChecks.h"
 #include "text/HelpVisitor.h"
 #include "text/UsageVisitor.h"
-#include "visitors/ConstraintSplitterVisitor.h"
-#include "visitors/FirstPhaseValidationVisitor.h"
-#include "visitors/ParameterMatchingVisitor.h"
-#include "visitors/ParameterValueAggregationVisitor.h"
-#include "visitors/RunPhase.h"
 
 #include <string>
 
@@ -38,56 +29,9 @@ public:
     std::string mHelpMessage;
 };
 
-namespace {
-
-void addIfSet(ParameterValueGroup& result, ParameterValueGroup const& source, char const* name) {
-    if (readsAsTrue(source, name)) {
-        result.addItem(source.getValue(name)->clone(ParameterValueItem::DEEP_COPY));
-    }
-}
-
-/// The group that holds all of a provider's values for a specification, or null.
-ParameterValueGroup const* findOnlyGroup(ParameterValueGroup const& aggregated, Specification const& specification) {
-    if (aggregated.getNumberOfItems() != 1) {
-        return nullptr;
-    }
-    auto const* item = aggregated.getItem(specification.getParameterGroup());
-    return item && item->getItemType() == ParameterValueItem::PARAMETER_VALUE_GROUP
-               ? static_cast<ParameterValueGroup const*>(item)
-               : nullptr;
-}
-
-} // namespace
-
-/// The way of every provider's values. Each phase reports all that it finds; a phase that found something is the last.
 bool ValueProvider::Impl::getValues(Specification const* specification, ParameterValueGroup& result, int flags) const {
     KIVO_REQUIRE(specification != 0);
-    if (mDataCache.getNumberOfItems() == 0) {
-        return true;
-    }
-    ParameterErrors errors;
-    ParameterValueGroup aggregated(nullptr);
-    {
-        ParameterValueGroup working(mDataCache);
-        fillOrigins(working, *mOwner);
-        runPhase(working, errors, ParameterMatchingVisitor(*specification, errors, (flags & STRICT_RECOGNITION) != 0));
-        runPhase(working, errors, ParameterValueAggregationVisitor(specification, aggregated, errors, false));
-    }
-    if (auto const* group = findOnlyGroup(aggregated, *specification)) {
-        if (group->getNumberOfItems() == 0) {
-            return true;
-        }
-        if (readsAsTrue(*group, HELP)) {
-            for (char const* name : {HELP, QUIET, NO_TITLE}) {
-                addIfSet(result, *group, name);
-            }
-            return false;
-        }
-    }
-    runPhase(aggregated, errors, ConstraintSplitterVisitor(errors));
-    runPhase(aggregated, errors, FirstPhaseValidationVisitor(errors));
-    runPhase(aggregated, errors, ParameterValueAggregationVisitor(specification, result, errors, false));
-    return true;
+    return ValuePipeline(*specification, flags).addSource(mOwner, mDataCache, result);
 }
 
 ValueProvider::ValueProvider(int priority) : mImpl(std::make_unique<Impl>(*this, priority)) {}

@@ -40,6 +40,8 @@ bool XmlFileValueProvider::getValues(Specification const* specification, Paramet
     return ValueProvider::getValues(specification, result, flags);
 }
 
+bool XmlFileValueProvider::isFixed() const { return mImpl->fixed; }
+
 void XmlFileValueProvider::reset() {
     mImpl->fixed = false;
     ValueProvider::reset();

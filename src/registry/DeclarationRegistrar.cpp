@@ -8,6 +8,7 @@
 #include <configuration/ParameterSpecialization.h>
 #include <configuration/Specification.h>
 
+#include "registry/DeclarationPlaces.h"
 #include "schema/ItemKinds.h"
 #include "schema/NumberText.h"
 
@@ -57,11 +58,15 @@ ParameterGroup& findGroup(char const* id) {
 
 } // namespace
 
+DeclarationRegistrar::DeclarationRegistrar(DeclarationPlaces const& places) : mPlaces(places) {}
+
 void DeclarationRegistrar::open(Declaration const& declaration) {
+    mElement = &declaration.element;
     std::visit([this](auto const& details) { add(details); }, declaration.details);
 }
 
 void DeclarationRegistrar::close(Declaration const& declaration) {
+    mElement = &declaration.element;
     if (declaration.children == Content::ENUMERATION_VALUES) {
         registerEnumeration();
     }
@@ -101,6 +106,10 @@ void DeclarationRegistrar::add(ParameterDeclaration const& parameter) {
     auto* const created =
         Parameter::Create(parameter.id, parameter.name, parameter.description, isOptional, isUnbounded, parameter.type,
                           parameter.defaultValue, parameter.valueName, parameter.validator, isHidden);
+    created->setDeclarationOrigin(mPlaces.of(*mElement));
+    if (parameter.defaultValue) {
+        created->setDefaultOrigin(mPlaces.ofDefault(*mElement, parameter.defaultValue));
+    }
     if (enumeration) {
         created->setEnumDefinition(enumeration);
     }
@@ -121,6 +130,7 @@ void DeclarationRegistrar::add(SpecificationDeclaration const& specification) { 
 
 void DeclarationRegistrar::registerSpecification(ParameterGroup const& root) {
     auto specification = std::make_unique<Specification>(root.getId(), root.getDescription());
+    specification->setDeclarationOrigin(mPlaces.of(*mElement));
     Manager::getInstance()->registerSpecification(specification.get());
     static_cast<void>(specification.release()); // the manager's now
 }
@@ -140,9 +150,17 @@ void DeclarationRegistrar::add(ParameterReference const& reference) {
     bool const isHidden = reference.isHidden.value_or(parameter.isHidden());
     bool const isRefined = reference.description || reference.defaultValue || isOptional != parameter.isOptional() ||
                            isUnbounded != parameter.isUnbounded() || isHidden != parameter.isHidden();
-    addToOpenGroup(isRefined ? ParameterSpecialization::Create(reference.id, reference.description, isOptional,
-                                                               isUnbounded, reference.defaultValue, isHidden)
-                             : &parameter);
+    if (!isRefined) {
+        addToOpenGroup(&parameter);
+        return;
+    }
+    auto* const created = ParameterSpecialization::Create(reference.id, reference.description, isOptional, isUnbounded,
+                                                          reference.defaultValue, isHidden);
+    created->setDeclarationOrigin(mPlaces.of(*mElement));
+    if (reference.defaultValue) {
+        created->setDefaultOrigin(mPlaces.ofDefault(*mElement, reference.defaultValue));
+    }
+    addToOpenGroup(created);
 }
 
 void DeclarationRegistrar::add(GroupReference const& reference) {
@@ -174,6 +192,7 @@ void DeclarationRegistrar::addToOpenGroup(ParameterItem* item) {
 }
 
 void DeclarationRegistrar::openGroup(ParameterGroup& group) {
+    group.setDeclarationOrigin(mPlaces.of(*mElement));
     if (mOpenGroups.empty()) {
         mUnfoldedItems = 0;
     }

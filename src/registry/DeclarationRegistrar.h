@@ -10,6 +10,7 @@
 
 namespace kivo::configuration {
 
+class DeclarationPlaces;
 class ParameterItem;
 
 /// Registers what the declarations of one file say, with the factories that code uses. References may name whatever is
@@ -19,6 +20,9 @@ class ParameterItem;
 /// innermost open one. A declaration that open() throws for is not open, and is not to be closed.
 class DeclarationRegistrar {
 public:
+    /// @param places must outlive this object
+    explicit DeclarationRegistrar(DeclarationPlaces const& places);
+
     /// Registers what an element declares, except for enumerations and specifications: close() does that.
     /// @throws ConfigurationException what the declaration refers to does not exist or may not be used here, or an
     ///         enumeration exists already
@@ -45,6 +49,9 @@ private:
     void openGroup(ParameterGroup& group);
     void addToOpenGroup(ParameterItem* item);
     UnfoldedSize const& checkReference(ParameterGroup const& group);
+
+    DeclarationPlaces const& mPlaces;
+    XmlElement const* mElement = nullptr; // of the declaration that is opened or closed
 
     /// The enumeration that is open, not registered yet, and the number of its next value without one.
     std::unique_ptr<ParameterEnumDefinition> mEnumeration;

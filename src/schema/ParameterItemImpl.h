@@ -2,6 +2,8 @@
 
 #include <configuration/ParameterItem.h>
 
+#include "schema/StoredOrigin.h"
+
 #include <memory>
 #include <string>
 
@@ -23,6 +25,7 @@ public:
     std::unique_ptr<char[]> mDescription;
     bool mOptional = false;
     bool mUnbounded = false;
+    StoredOrigin mDeclaration; // unknown: the application's
 };
 
 } // namespace kivo::configuration

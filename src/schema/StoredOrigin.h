@@ -74,4 +74,9 @@ private:
 
 static_assert(sizeof(StoredOrigin) == 16);
 
+/// The origin of a declaration. @param origin unknown: it stands in the code of the application
+inline Origin declarationOrigin(StoredOrigin const& origin) {
+    return (origin.isKnown() ? origin : StoredOrigin::ofApplication()).toOrigin();
+}
+
 } // namespace kivo::configuration

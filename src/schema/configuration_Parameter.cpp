@@ -134,6 +134,8 @@ void Parameter::addValidatorConfigurationParameterValue(char const* name, char c
 
 ParameterValueGroup const* Parameter::getValidatorConfiguration() const { return mImpl->mValidatorConfiguration.get(); }
 
+void Parameter::setDefaultOrigin(StoredOrigin const& origin) { mImpl->mDefaultValue->setStoredOrigin(0, origin); }
+
 Parameter* Parameter::Create(char const* id, char const* name, char const* description, bool optional, bool unbounded,
                              ValueType valueType, char const* defaultValue, char const* valueName,
                              char const* validatorName, bool hidden) {

@@ -5,6 +5,7 @@
 
 #include "schema/ContractChecks.h"
 #include "schema/MessageFormat.h"
+#include "schema/Rule.h"
 #include "schema/StoredOrigin.h"
 
 #include <string>
@@ -18,12 +19,14 @@ public:
         std::string message;
         StoredOrigin origin;
         std::string suggestion; // empty: none
+        Rule rule;
     };
 
-    void add(StoredOrigin origin, char const* format, std::va_list arguments) __attribute__((format(printf, 3, 0))) {
+    void add(Rule rule, StoredOrigin origin, char const* format, std::va_list arguments)
+        __attribute__((format(printf, 4, 0))) {
         MessageBuffer message;
         message.format(format, arguments);
-        mErrors.push_back({message.get(), std::move(origin), {}});
+        mErrors.push_back({message.get(), std::move(origin), {}, rule});
     }
 
     std::vector<Error> mErrors;
@@ -46,7 +49,7 @@ void ParameterErrors::addError(char const* format, ...) {
     KIVO_REQUIRE(format != 0 && strlen(format) > 0);
     std::va_list arguments;
     va_start(arguments, format);
-    mImpl->add(StoredOrigin(), format, arguments);
+    mImpl->add(Rule::NONE, StoredOrigin(), format, arguments);
     va_end(arguments);
 }
 
@@ -54,7 +57,14 @@ void ParameterErrors::addErrorAt(Origin const& origin, char const* format, ...) 
     KIVO_REQUIRE(format != 0 && strlen(format) > 0);
     std::va_list arguments;
     va_start(arguments, format);
-    mImpl->add(StoredOrigin(origin), format, arguments);
+    mImpl->add(Rule::NONE, StoredOrigin(origin), format, arguments);
+    va_end(arguments);
+}
+
+void ParameterErrors::addFault(Rule rule, StoredOrigin const& origin, char const* format, ...) {
+    std::va_list arguments;
+    va_start(arguments, format);
+    mImpl->add(rule, origin, format, arguments);
     va_end(arguments);
 }
 
@@ -80,6 +90,10 @@ char const* ParameterErrors::getSuggestion(unsigned long index) const {
     auto const& suggestion = mImpl->mErrors[index].suggestion;
     return suggestion.empty() ? nullptr : suggestion.c_str();
 }
+
+Rule ParameterErrors::getRule(unsigned long index) const { return mImpl->mErrors[index].rule; }
+
+StoredOrigin const& ParameterErrors::getStoredOrigin(unsigned long index) const { return mImpl->mErrors[index].origin; }
 
 void ParameterErrors::throwIfErrors() const {
     if (getNumberOfErrors() > 0) {

@@ -47,4 +47,8 @@ void ParameterItem::setDescription(char const* description) {
 
 bool ParameterItem::isSpecialized() const { return false; }
 
+Origin ParameterItem::getDeclarationOrigin() const { return declarationOrigin(mImpl->mDeclaration); }
+
+void ParameterItem::setDeclarationOrigin(StoredOrigin const& origin) { mImpl->mDeclaration = origin; }
+
 } // namespace kivo::configuration

@@ -4,9 +4,11 @@
 #include <configuration/Manager.h>
 #include <configuration/ParameterSpecialization.h>
 #include <configuration/ParameterValidator.h>
+#include <configuration/ParameterValue.h>
 
 #include "schema/ContractChecks.h"
 #include "schema/ItemKinds.h"
+#include "schema/StoredOrigin.h"
 #include "values/DefaultText.h"
 
 namespace kivo::configuration {
@@ -45,11 +47,12 @@ ParameterSpecialization* ParameterSpecialization::Create(char const* id, char co
     if (!base) {
         throw ConfigurationException("Parameter to specialize \"%s\" was not found", id);
     }
-    if (!defaultValue) {
-        defaultValue = defaultTextOf(*base);
+    char const* const inheritedDefault = defaultValue ? nullptr : defaultTextOf(*base);
+    auto specialization = std::make_unique<ParameterSpecialization>(
+        base, description, optional, unbounded, defaultValue ? defaultValue : inheritedDefault, hidden);
+    if (inheritedDefault) {
+        specialization->setDefaultOrigin(base->getDefaultValue()->getStoredOrigin(0));
     }
-    auto specialization =
-        std::make_unique<ParameterSpecialization>(base, description, optional, unbounded, defaultValue, hidden);
     if (auto const* definition = base->getEnumDefinition()) {
         specialization->setEnumDefinition(definition);
     }

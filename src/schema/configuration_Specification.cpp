@@ -8,6 +8,7 @@
 #include "schema/ContractChecks.h"
 #include "schema/ItemKinds.h"
 #include "schema/NameComparison.h"
+#include "schema/StoredOrigin.h"
 
 #include <string>
 
@@ -17,12 +18,13 @@ class Specification::Impl {
 public:
     std::string mId;
     std::string mDescription;
+    StoredOrigin mDeclaration; // unknown: the application's
 };
 
 Specification::Specification(char const* id, char const* description) {
     KIVO_REQUIRE(id != 0);
     KIVO_REQUIRE(description != 0);
-    mImpl.reset(new Impl{id, description});
+    mImpl.reset(new Impl{id, description, {}});
 }
 
 Specification::~Specification() = default;
@@ -42,6 +44,10 @@ ParameterGroup const* Specification::getParameterGroup() const {
     }
     return group;
 }
+
+Origin Specification::getDeclarationOrigin() const { return declarationOrigin(mImpl->mDeclaration); }
+
+void Specification::setDeclarationOrigin(StoredOrigin const& origin) { mImpl->mDeclaration = origin; }
 
 bool Specification::operator==(Specification const& other) const {
     return equalIgnoringCase(mImpl->mId, other.mImpl->mId);

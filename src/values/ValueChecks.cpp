@@ -7,6 +7,7 @@
 #include <configuration/ParameterValue.h>
 
 #include "schema/ContractChecks.h"
+#include "schema/Rule.h"
 #include "schema/StoredOrigin.h"
 #include "schema/ValueTypes.h"
 
@@ -26,27 +27,31 @@ void checkText(char const* parameterName, char const* valueText, StoredOrigin co
                Parameter::ValueType valueType, ParameterErrors& errors) {
     KIVO_REQUIRE(valueText != 0);
     if (auto const& type = traitsOf(valueType); !type.accepts(valueText)) {
-        errors.addErrorAt(origin.toOrigin(), "%s",
-                          composeInvalidValueMessage(parameterName, valueText, type.noun).c_str());
+        errors.addFault(Rule::INVALID_VALUE, origin, "%s",
+                        composeInvalidValueMessage(parameterName, valueText, type.noun).c_str());
     }
 }
 
 void checkValue(ParameterValue const* value, Parameter::ValueType valueType, ParameterErrors& errors,
-                ParameterValidator const* validator) {
+                ParameterValidator const* validator, bool checkAll) {
     KIVO_REQUIRE(value != 0);
     auto const* parameter = value->getParameter();
     char const* const name = parameter ? parameter->getName() : nullptr;
-    for (unsigned long i = 0; i < value->getNumberOfValues(); ++i) {
+    bool isComplete = true;
+    for (unsigned long i = 0; i < value->getNumberOfValues() && (isComplete || checkAll); ++i) {
         char const* text = value->getValue(i, true);
-        if (!text) {
-            errors.addErrorAt(value->getOrigin(i), "Missing value for the \"%s\" parameter", name ? name : "");
-            return;
+        if (text) {
+            checkText(name, text, value->getStoredOrigin(i), valueType, errors);
+        } else {
+            errors.addFault(Rule::MISSING_VALUE, value->getStoredOrigin(i), "Missing value for the \"%s\" parameter",
+                            name ? name : "");
+            isComplete = false;
         }
-        checkText(name, text, value->getStoredOrigin(i), valueType, errors);
     }
-    if (validator) {
+    if (validator && isComplete) {
         if (std::unique_ptr<char[]> const message{validator->validate(*value)}) {
-            errors.addErrorAt(value->getOrigin(value->getNumberOfValues() - 1), "%s", message.get());
+            errors.addFault(Rule::REJECTED_VALUE, value->getStoredOrigin(value->getNumberOfValues() - 1), "%s",
+                            message.get());
         }
     }
 }

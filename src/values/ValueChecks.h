@@ -22,8 +22,9 @@ void checkText(char const* parameterName, char const* valueText, StoredOrigin co
 
 /// Checks every text of a value against a type and then, unless a text is missing, the value by a validator.
 /// @param validator the validator, or null
+/// @param checkAll  whether the texts after a missing one are checked, too
 /// @throws kivo::ContractViolationException "value != 0"
 void checkValue(ParameterValue const* value, Parameter::ValueType valueType, ParameterErrors& errors,
-                ParameterValidator const* validator);
+                ParameterValidator const* validator, bool checkAll = false);
 
 } // namespace kivo::configuration

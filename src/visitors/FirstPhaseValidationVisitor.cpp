@@ -7,6 +7,7 @@
 #include <configuration/ParameterValue.h>
 #include <configuration/ParameterValueGroup.h>
 
+#include "schema/Rule.h"
 #include "schema/StoredOrigin.h"
 
 #include <utility>
@@ -53,7 +54,8 @@ bool FirstPhaseValidationVisitor::visitGroupStart(ParameterValueGroup& group) {
     }
     if (auto const& [first, second] = occurrencesOf(*parent, group.getParameterGroup()); second) {
         auto const& surplus = &group == first ? *second : group;
-        mErrors.addErrorAt(surplus.getOrigin(), "\"%s\" cannot be provided more than once", shownId(group));
+        mErrors.addFault(Rule::REPEATED_SETTING, surplus.getStoredOrigin(), "\"%s\" cannot be provided more than once",
+                         shownId(group));
     }
     return true;
 }
@@ -77,9 +79,11 @@ FirstPhaseValidationVisitor::occurrencesOf(ParameterValueGroup const& parent, Pa
 bool FirstPhaseValidationVisitor::visitParameterValue(ParameterValue& value) {
     auto const* parameter = value.getParameter();
     if (!parameter) {
-        mErrors.addErrorAt(value.getOrigin(0), "\"%s\" is not a recognized parameter", shownId(value));
+        mErrors.addFault(Rule::UNKNOWN_SETTING, value.getStoredOrigin(0), "\"%s\" is not a recognized parameter",
+                         shownId(value));
     } else if (!parameter->isUnbounded() && value.getNumberOfValues() >= 2) {
-        mErrors.addErrorAt(findSurplus(value).toOrigin(), "\"%s\" cannot be provided more than once", shownId(value));
+        mErrors.addFault(Rule::REPEATED_SETTING, findSurplus(value), "\"%s\" cannot be provided more than once",
+                         shownId(value));
     }
     return true;
 }

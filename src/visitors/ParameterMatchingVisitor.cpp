@@ -8,8 +8,12 @@
 #include <configuration/ParameterValueGroup.h>
 #include <configuration/Specification.h>
 
+#include "schema/FaultCollection.h"
 #include "schema/ItemKinds.h"
 #include "schema/NameComparison.h"
+#include "visitors/SettingNames.h"
+
+#include <utility>
 
 namespace kivo::configuration {
 
@@ -17,21 +21,38 @@ namespace {
 
 bool isNamed(char const* id) { return id && *id != '\0'; }
 
+StoredOrigin const& originOf(ParameterValueItem const& item) {
+    return item.getItemType() == ParameterValueItem::PARAMETER_VALUE
+               ? static_cast<ParameterValue const&>(item).getStoredOrigin(0)
+               : static_cast<ParameterValueGroup const&>(item).getStoredOrigin();
+}
+
+/// Which of the groups of one container in its holder a group is, counted from 1.
+unsigned long countOccurrencesUpTo(ParameterValueGroup const& group) {
+    unsigned long count = 1;
+    auto const* const holder = group.getParentGroup();
+    for (unsigned long i = 0; holder && i < holder->getNumberOfItems() && holder->getItem(i) != &group; ++i) {
+        count += holder->getItem(i)->getParameterItem() == group.getParameterItem() ? 1U : 0U;
+    }
+    return count;
+}
+
 } // namespace
 
 ParameterMatchingVisitor::ParameterMatchingVisitor(Specification const& specification, ParameterErrors& errors,
-                                                   bool reportUnrecognized)
+                                                   bool reportUnrecognized, ParameterErrors* collected)
     : ParameterValueVisitor(false),
       mErrors(errors),
       mRootGroup(specification.getParameterGroup()),
       mSchemaIndex(*mRootGroup),
-      mReportUnrecognized(reportUnrecognized) {}
+      mReportUnrecognized(reportUnrecognized),
+      mCollected(collected) {}
 
 bool ParameterMatchingVisitor::visitGroupStart(ParameterValueGroup& group) {
     char const* id = group.getParameterItemId();
     if (!isNamed(id)) {
         if (group.getParentGroup()) {
-            mErrors.addErrorAt(group.getOrigin(), "An unnamed value group was found");
+            mErrors.addFault(Rule::UNNAMED_ITEM, group.getStoredOrigin(), "An unnamed value group was found");
             return false;
         }
         mGroupStack.push_back(nullptr);
@@ -41,8 +62,8 @@ bool ParameterMatchingVisitor::visitGroupStart(ParameterValueGroup& group) {
     if (!match.isEntered) {
         return false;
     }
-    if (match.item) {
-        bindGroup(group, *match.item, id);
+    if (match.item && !bindGroup(group, *match.item, id)) {
+        return false;
     }
     mGroupStack.push_back(asGroup(match.item));
     return true;
@@ -58,47 +79,55 @@ ParameterMatchingVisitor::GroupMatch ParameterMatchingVisitor::matchGroup(Parame
         return {true, parent->getItem(id, false)};
     }
     if (!isRoot) {
-        mErrors.addErrorAt(group.getOrigin(), "Unexpected unnamed group as parent of the \"%s\" group. (Expected: %s)",
-                           id, mRootGroup->getId());
+        mErrors.addFault(Rule::UNKNOWN_SECTION, group.getStoredOrigin(),
+                         "Unexpected unnamed group as parent of the \"%s\" group. (Expected: %s)", id,
+                         mRootGroup->getId());
         return {false, nullptr};
     }
     return {true, mRootGroup};
 }
 
-void ParameterMatchingVisitor::bindGroup(ParameterValueGroup& group, ParameterItem const& item, char const* id) {
+bool ParameterMatchingVisitor::bindGroup(ParameterValueGroup& group, ParameterItem const& item, char const* id) {
     auto const* schemaGroup = asGroup(&item);
     if (!schemaGroup) {
-        mErrors.addErrorAt(group.getOrigin(), "\"%s\" is not a parameter group", id);
+        mErrors.addFault(Rule::WRONG_KIND, group.getStoredOrigin(), "\"%s\" is not a parameter group", id);
     } else if (schemaGroup->getGroupType() == ParameterGroup::CONSTRAINT) {
-        mErrors.addErrorAt(group.getOrigin(), "\"%s\" is a constraint. It cannot be declared explicitly", id);
+        mErrors.addFault(Rule::EXPLICIT_CONSTRAINT, group.getStoredOrigin(),
+                         "\"%s\" is a constraint. It cannot be declared explicitly", id);
     }
-    setItem(group, &item); // throws when the item is no group
+    return setItem(group, &item) || group.getItemState() == ParameterValueItem::ASSIGNED;
 }
 
-void ParameterMatchingVisitor::visitGroupEnd(ParameterValueGroup&) { mGroupStack.pop_back(); }
+void ParameterMatchingVisitor::visitGroupEnd(ParameterValueGroup&) {
+    mGroupStack.pop_back();
+    if (mGroupStack.empty() && !mUnrecognized.empty()) {
+        suggestNames();
+    }
+}
 
 bool ParameterMatchingVisitor::visitParameterValue(ParameterValue& value) {
     char const* id = value.getParameterItemId();
     if (!isNamed(id)) {
-        mErrors.addErrorAt(value.getOrigin(0), "An unnamed value was found");
+        mErrors.addFault(Rule::UNNAMED_ITEM, value.getStoredOrigin(0), "An unnamed value was found");
         return true;
     }
     auto const* group = mGroupStack.empty() ? nullptr : mGroupStack.back();
     if (!group) {
-        mErrors.addErrorAt(value.getOrigin(0), "Unnamed group cannot contain Parameter \"%s\"", id);
+        mErrors.addFault(Rule::UNKNOWN_SECTION, value.getStoredOrigin(0),
+                         "Unnamed group cannot contain Parameter \"%s\"", id);
         return true;
     }
     auto const* item = mSchemaIndex.findById(*group, id);
     if (!item) {
         if (mReportUnrecognized) {
-            mErrors.addErrorAt(value.getOrigin(0), "\"%s\" is not a recognized parameter", id);
+            addUnrecognized(value, id);
         }
         return true;
     }
     if (item->getItemType() != ParameterItem::PARAMETER) {
-        mErrors.addErrorAt(value.getOrigin(0), "\"%s\" is not a parameter", id);
+        mErrors.addFault(Rule::WRONG_KIND, value.getStoredOrigin(0), "\"%s\" is not a parameter", id);
     }
-    setItem(value, item); // throws when the item is no parameter
+    setItem(value, item);
     return true;
 }
 
@@ -106,8 +135,38 @@ bool ParameterMatchingVisitor::setItem(ParameterValueItem& item, ParameterItem c
     if (item.getItemState() == ParameterValueItem::ASSIGNED) {
         return false;
     }
-    assignParameterItem(item, parameterItem);
-    return true;
+    return runOrCollect(mCollected, Rule::WRONG_KIND, originOf(item),
+                        [&] { assignParameterItem(item, parameterItem); });
+}
+
+void ParameterMatchingVisitor::addUnrecognized(ParameterValue const& value, char const* id) {
+    mErrors.addFault(Rule::UNKNOWN_SETTING, value.getStoredOrigin(0), "\"%s\" is not a recognized parameter", id);
+    if (!mCollected && mUnrecognized.size() < MAX_SUGGESTIONS) {
+        mUnrecognized.push_back({mErrors.getNumberOfErrors() - 1, &value});
+    }
+}
+
+/// At the end of the walk, when there are faults: a request without any pays nothing.
+void ParameterMatchingVisitor::suggestNames() {
+    SettingNames const names(*mRootGroup);
+    for (auto const& [fault, value] : std::exchange(mUnrecognized, {})) {
+        auto const section = findSection(holderOf(*value));
+        auto const meant = names.suggestSetting(*section.group, section.prefix, value->getParameterItemId());
+        mErrors.setSuggestion(fault, meant.c_str());
+    }
+}
+
+/// The container that a value stands in. Where the tree does not say, that is the root.
+ParameterMatchingVisitor::Section ParameterMatchingVisitor::findSection(ParameterValueGroup const* group) {
+    auto const* schemaGroup = group ? group->getParameterGroup() : nullptr;
+    if (!schemaGroup || schemaGroup == mRootGroup) {
+        return {mRootGroup, SettingNames::composeRootPrefix(*mRootGroup, 1)};
+    }
+    auto around = findSection(holderOf(*group));
+    if (schemaGroup->getGroupType() != ParameterGroup::CONTAINER) {
+        return around;
+    }
+    return {schemaGroup, SettingNames::composePrefix(around.prefix, *schemaGroup, countOccurrencesUpTo(*group))};
 }
 
 } // namespace kivo::configuration

@@ -4,6 +4,7 @@
 
 #include "visitors/SchemaIndex.h"
 
+#include <string>
 #include <vector>
 
 namespace kivo::configuration {
@@ -20,13 +21,17 @@ class Specification;
 class ParameterMatchingVisitor final : public ParameterValueVisitor {
 public:
     /// @param reportUnrecognized whether a value whose id the schema does not know is an error
-    ParameterMatchingVisitor(Specification const& specification, ParameterErrors& errors, bool reportUnrecognized);
+    /// @param collected          takes what binding throws for a value where a group belongs, or the other way round,
+    ///                           and leaves suggestions to the caller; null: it throws
+    ParameterMatchingVisitor(Specification const& specification, ParameterErrors& errors, bool reportUnrecognized,
+                             ParameterErrors* collected = nullptr);
 
     bool visitGroupStart(ParameterValueGroup& group) override;
     void visitGroupEnd(ParameterValueGroup& group) override;
     bool visitParameterValue(ParameterValue& value) override;
 
     /// Binds an item that is not bound yet. @return whether it did
+    /// @throws ConfigurationException the two are not of one kind
     bool setItem(ParameterValueItem& item, ParameterItem const* parameterItem);
 
 private:
@@ -37,14 +42,31 @@ private:
     };
 
     GroupMatch matchGroup(ParameterValueGroup const& group, char const* id);
-    void bindGroup(ParameterValueGroup& group, ParameterItem const& item, char const* id);
+    bool bindGroup(ParameterValueGroup& group, ParameterItem const& item, char const* id);
+
+    /// A container, and what stands before the names of its settings.
+    struct Section {
+        ParameterGroup const* group;
+        std::string prefix;
+    };
+    /// A fault about a value whose id the schema does not know.
+    struct Unrecognized {
+        unsigned long fault; ///< its position in the list
+        ParameterValue const* value;
+    };
+
+    void addUnrecognized(ParameterValue const& value, char const* id);
+    void suggestNames();
+    Section findSection(ParameterValueGroup const* group);
 
     ParameterErrors& mErrors;
     ParameterGroup const* mRootGroup;
     /// The schema group of each open value group; null for the unnamed top group and for a group that matched nothing.
     std::vector<ParameterGroup const*> mGroupStack;
     SchemaIndex mSchemaIndex;
+    std::vector<Unrecognized> mUnrecognized; // the first ones
     bool mReportUnrecognized;
+    ParameterErrors* mCollected;
 };
 
 } // namespace kivo::configuration

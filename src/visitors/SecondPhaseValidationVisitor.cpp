@@ -8,6 +8,7 @@
 #include <configuration/ParameterValue.h>
 #include <configuration/ParameterValueGroup.h>
 
+#include "schema/FaultCollection.h"
 #include "schema/LocatedException.h"
 #include "schema/NameComparison.h"
 #include "values/ChildSearch.h"
@@ -58,6 +59,10 @@ SecondPhaseValidationVisitor::SecondPhaseValidationVisitor(ParameterValueGroup c
                                                            ParameterErrors& errors)
     : mValueGroup(valueGroup), mErrors(errors) {}
 
+SecondPhaseValidationVisitor::SecondPhaseValidationVisitor(ParameterValueGroup const& valueGroup,
+                                                           ParameterErrors& errors, bool isInRequiredGroup)
+    : mValueGroup(valueGroup), mErrors(errors), mCollected(&errors), mIsInRequiredGroup(isInRequiredGroup) {}
+
 bool SecondPhaseValidationVisitor::visitGroupStart(ParameterGroup const& schemaGroup) {
     mNesting.push_back({&schemaGroup, findValueGroup(schemaGroup)});
     return true;
@@ -78,10 +83,13 @@ ParameterValueGroup const* SecondPhaseValidationVisitor::findValueGroup(Paramete
 
 bool SecondPhaseValidationVisitor::visitParameter(Parameter const& parameter) {
     auto const* valueGroup = mNesting.empty() ? nullptr : mNesting.back().valueGroup;
-    if (auto const* value = valueGroup ? valueGroup->getValue(&parameter) : nullptr) {
-        if (!value->isUsingDefaultValue()) {
-            checkValue(value, parameter.getValueType(), mErrors, parameter.getValidator());
-        }
+    ParameterValue const* value = nullptr;
+    if (valueGroup && !runOrCollect(mCollected, Rule::WRONG_KIND, valueGroup->getStoredOrigin(),
+                                    [&] { value = valueGroup->getValue(&parameter); })) {
+        return true;
+    }
+    if (value) {
+        check(*value, parameter);
         return true;
     }
     bool const isGroupGiven = valueGroup && valueGroup->getNumberOfItems() > 0;
@@ -91,8 +99,17 @@ bool SecondPhaseValidationVisitor::visitParameter(Parameter const& parameter) {
     return true;
 }
 
+void SecondPhaseValidationVisitor::check(ParameterValue const& value, Parameter const& parameter) {
+    if (!value.isUsingDefaultValue()) {
+        runOrCollect(mCollected, Rule::REJECTED_VALUE, value.getStoredOrigin(0), [&] {
+            checkValue(&value, parameter.getValueType(), mErrors, parameter.getValidator(), mCollected != nullptr);
+        });
+    }
+}
+
 bool SecondPhaseValidationVisitor::isGroupRequiredInCurrentNesting() const {
-    return std::ranges::any_of(mNesting, [](Nesting const& nesting) { return !nesting.schemaGroup->isOptional(); });
+    return mIsInRequiredGroup ||
+           std::ranges::any_of(mNesting, [](Nesting const& nesting) { return !nesting.schemaGroup->isOptional(); });
 }
 
 void SecondPhaseValidationVisitor::visitGroupEnd(ParameterGroup const& schemaGroup) {
@@ -103,10 +120,12 @@ void SecondPhaseValidationVisitor::visitGroupEnd(ParameterGroup const& schemaGro
     }
     if (!valueGroup) {
         if (!schemaGroup.isOptional() && schemaGroup.getGroupType() == ParameterGroup::CONTAINER) {
-            mErrors.addError("Required group \"%s\" was not found", schemaGroup.getName());
+            mErrors.addFault(Rule::MISSING_SECTION, StoredOrigin(), "Required group \"%s\" was not found",
+                             schemaGroup.getName());
         }
     } else if (schemaGroup.itemsAreExclusive() && valueGroup->getNumberOfItems() > 1) {
-        mErrors.addErrorAt(latestOf(*valueGroup).toOrigin(), "%s", composeExclusiveMessage(schemaGroup).c_str());
+        mErrors.addFault(Rule::EXCLUSIVE_SETTINGS, latestOf(*valueGroup), "%s",
+                         composeExclusiveMessage(schemaGroup).c_str());
     }
 }
 
@@ -119,7 +138,7 @@ void SecondPhaseValidationVisitor::reportMissingParameters() {
     for (std::size_t i = 1; i < mMissingParameters.size(); ++i) {
         message += ", " + mMissingParameters[i];
     }
-    mErrors.addError("%s", message.c_str());
+    mErrors.addFault(Rule::MISSING_SETTING, StoredOrigin(), "%s", message.c_str());
 }
 
 std::string SecondPhaseValidationVisitor::generateInvalidValueMessage(char const* parameterName, char const* valueText,

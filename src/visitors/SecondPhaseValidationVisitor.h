@@ -21,6 +21,12 @@ class SecondPhaseValidationVisitor final : public ParameterVisitor {
 public:
     /// @param valueGroup the value group bound to the specification's root group
     SecondPhaseValidationVisitor(ParameterValueGroup const& valueGroup, ParameterErrors& errors);
+    /// For an inspection: collects what a lookup or a validator throws, too, and checks all texts of a value of which
+    /// one is missing.
+    /// @param valueGroup        the value group bound to the root group, or to a container below it
+    /// @param isInRequiredGroup whether a group around the container is not optional
+    SecondPhaseValidationVisitor(ParameterValueGroup const& valueGroup, ParameterErrors& errors,
+                                 bool isInRequiredGroup);
 
     /// @throws ConfigurationException "\"%s\" specification was not found": the value group is another specification's
     bool visitGroupStart(ParameterGroup const& schemaGroup) override;
@@ -45,10 +51,13 @@ private:
     };
 
     ParameterValueGroup const* findValueGroup(ParameterGroup const& schemaGroup) const;
+    void check(ParameterValue const& value, Parameter const& parameter);
     void reportMissingParameters();
 
     ParameterValueGroup const& mValueGroup;
     ParameterErrors& mErrors;
+    ParameterErrors* mCollected = nullptr; // takes what is thrown; null: it passes
+    bool mIsInRequiredGroup = false;
     std::vector<std::string> mMissingParameters;
     std::vector<Nesting> mNesting;
 };

@@ -7,6 +7,7 @@
 #include <configuration/ParameterValueGroup.h>
 
 #include "schema/ContractChecks.h"
+#include "schema/FaultCollection.h"
 #include "schema/ItemKinds.h"
 #include "schema/LocatedException.h"
 
@@ -21,17 +22,23 @@ Specification const& checked(Specification const* spec) {
 
 } // namespace
 
-UnboundedParameterValueFixer::UnboundedParameterValueFixer(Specification const* spec, Purpose purpose)
+UnboundedParameterValueFixer::UnboundedParameterValueFixer(Specification const* spec, Purpose purpose,
+                                                           ParameterErrors* collected)
     : ParameterValueVisitor(false),
       mSpecificationGroup(checked(spec)),
       mPurpose(purpose),
+      mCollected(collected),
       mSchemaStack{&mSpecificationGroup} {}
 
 bool UnboundedParameterValueFixer::visitGroupStart(ParameterValueGroup& group) {
     auto const* schemaParent = mSchemaStack.back();
     auto const* item = schemaParent->getItem(group.getParameterItemId(), false);
     if (item && item->getItemType() == ParameterItem::PARAMETER) {
-        addText(group);
+        auto const& origin = group.getStoredOrigin();
+        if (!runOrCollect(mCollected, Rule::MISSING_VALUE, origin, [&] { addText(group); })) {
+            mTargetStack.back()->addValueAt(group.getParameterItemId(), nullptr, origin); // it was given, all the same
+            ++mChangeCount;
+        }
         return false;
     }
     auto const* schemaGroup = asGroup(item);

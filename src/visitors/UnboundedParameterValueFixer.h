@@ -9,6 +9,8 @@
 
 namespace kivo::configuration {
 
+class ParameterErrors;
+
 /// Copies the tree of a values file and turns every element that names a parameter into one text of that parameter's
 /// value in the enclosing group: the text of its attribute "value". Does not change the tree that it visits.
 class UnboundedParameterValueFixer final : public ParameterValueVisitor {
@@ -17,7 +19,10 @@ public:
     enum Purpose { COPY, COUNT_CHANGES };
 
     /// @throws kivo::ContractViolationException "spec != 0"
-    explicit UnboundedParameterValueFixer(Specification const* spec, Purpose purpose = COPY);
+    /// @param collected for a copy: takes what an element without its text throws, and the element becomes a text that
+    ///                  is missing; null: it throws
+    explicit UnboundedParameterValueFixer(Specification const* spec, Purpose purpose = COPY,
+                                          ParameterErrors* collected = nullptr);
 
     /// @throws ConfigurationException "\"%s\" is not a valid parameter": the element has no attribute "value"
     bool visitGroupStart(ParameterValueGroup& group) override;
@@ -35,6 +40,7 @@ private:
 
     SpecificationParameterGroup mSpecificationGroup;
     Purpose mPurpose;
+    ParameterErrors* mCollected;
     std::unique_ptr<ParameterValueGroup> mResult;
     unsigned long mChangeCount = 0;
     /// The schema group of each open value group; at the bottom the one above the specification's root.

@@ -19,7 +19,8 @@ namespace kivo::configuration {
 namespace {
 
 constexpr std::size_t MAX_SIZE = 64 << 20;
-constexpr std::size_t FIRST_PART = 64 << 10;
+constexpr std::size_t MIN_FIRST_PART = 1 << 10;
+constexpr std::size_t MAX_FIRST_PART = 64 << 10;
 constexpr int MAX_DECLARATION = 1000; // Xerces-C refuses some of 16,384 characters and more
 
 bool isAscii(std::string_view text) {
@@ -103,7 +104,8 @@ bool PlainXmlReader::parseAll() {
     if (mInput.getExpectedSize() > MAX_SIZE) {
         return false;
     }
-    for (auto size = FIRST_PART;; size = mInput.getKept().size()) {
+    auto const whole = mInput.getExpectedSize() + 1; // a part that is not full is the last
+    for (auto size = std::clamp(whole, MIN_FIRST_PART, MAX_FIRST_PART);; size = mInput.getKept().size()) {
         auto const part = mInput.readOn(size);
         if (!part || mInput.getKept().size() > MAX_SIZE || isUtf16(mInput.getKept())) {
             return false;
@@ -145,17 +147,20 @@ void PlainXmlReader::readInstruction(char const* target, char const*) { require(
 
 void PlainXmlReader::startElement(char const* name, char const** attributes) {
     collectAttributes(attributes);
-    require(isPlainName(name) && mBuilder.getDepth() < XmlLimits::MAX_DEPTH &&
-            mLimits.countAttributes(mAttributes.size()));
+    require(mBuilder.getDepth() < XmlLimits::MAX_DEPTH && mLimits.countAttributes(mAttributes.size()));
     if (mIsStopped) {
         return;
     }
+    auto const knownNames = mBuilder.getNumberOfNames();
     auto const place = XML_GetCurrentByteIndex(mParser.get());
     mBuilder.startElement(name, static_cast<std::size_t>(place), mAttributes.size());
     for (auto const& [attribute, value] : mAttributes) {
         mBuilder.addAttribute(attribute, value);
     }
-    require(mBuilder.getNumberOfNames() <= XmlLimits::MAX_NAMES);
+    if (mBuilder.getNumberOfNames() > knownNames) { // known ones have been looked at
+        require(mBuilder.getNumberOfNames() <= XmlLimits::MAX_NAMES && isPlainName(name) &&
+                std::ranges::all_of(mAttributes, isPlainName, &TextPair::first));
+    }
 }
 
 void PlainXmlReader::endElement(char const*) { mBuilder.endElement(); }
@@ -164,7 +169,7 @@ void PlainXmlReader::collectAttributes(char const** attributes) {
     mAttributes.clear();
     for (; *attributes && !mIsStopped; attributes += 2) {
         auto const& [name, value] = mAttributes.emplace_back(attributes[0], attributes[1]);
-        require(isPlainName(name) && !name.starts_with("xmlns") && !(mAreTextsAscii && !isAscii(value)) &&
+        require(!name.starts_with("xmlns") && !(mAreTextsAscii && !isAscii(value)) &&
                 mAttributes.size() <= XmlLimits::MAX_ATTRIBUTES);
     }
     std::ranges::sort(mAttributes, {}, &TextPair::first);

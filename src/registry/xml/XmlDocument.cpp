@@ -9,48 +9,58 @@ namespace kivo::configuration {
 
 namespace {
 
-constexpr std::string_view WHITE_SPACE = " \t\r\n";
+bool isWhiteSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
-/// Where each attribute's name begins, in the order of the attributes. The text is known to be well-formed.
-/// @param place where the element's "<" is
-std::vector<std::size_t> findAttributes(std::string_view text, std::size_t place,
-                                        std::span<XmlAttribute const> attributes) {
-    std::vector<std::size_t> places(attributes.size());
-    auto const nameOf = [](XmlAttribute const& attribute) { return std::string_view(attribute.name); };
-    place = text.find_first_of(WHITE_SPACE, place); // after the element's name
-    for (std::size_t i = 0; i < attributes.size(); ++i) {
-        place = text.find_first_not_of(WHITE_SPACE, place);
-        auto const name = text.substr(place, text.find_first_of(" \t\r\n=", place) - place);
-        auto const found = std::ranges::lower_bound(attributes, name, std::less<>(), nameOf);
-        places[static_cast<std::size_t>(found - attributes.begin())] = place;
-        auto const quote = text.find_first_of("\"'", place);
-        place = text.find(text[quote], quote + 1) + 1;
+/// The first character at or after a place that is as required. The text is known to have one.
+template <class Predicate>
+char const* find(char const* place, Predicate isSought) {
+    while (!isSought(*place)) {
+        ++place;
     }
-    return places;
+    return place;
 }
 
 } // namespace
 
 XmlPosition XmlDocument::getPosition(XmlElement const& element) const {
-    if (!mText) {
-        return {element.mPlace, 0};
-    }
-    if (!mPlaces) {
-        mPlaces.emplace(std::string_view(mText.get(), mTextSize));
-    }
-    return mPlaces->getPosition(element.mPlace);
+    return mText ? getPlaces().getPosition(element.mPlace) : XmlPosition{element.mPlace, 0};
 }
 
 XmlPosition XmlDocument::getPosition(XmlElement const& element, XmlAttribute const& attribute) const {
-    auto const position = getPosition(element);
     if (!mText) {
-        return position;
+        return getPosition(element);
     }
-    if (mAttributePlacesOf != &element) {
-        mAttributePlaces = findAttributes({mText.get(), mTextSize}, element.mPlace, element.getAttributes());
-        mAttributePlacesOf = &element;
+    if (mAttributePositionsOf != &element) {
+        findAttributes(element);
     }
-    return mPlaces->getPosition(mAttributePlaces[static_cast<std::size_t>(&attribute - element.mAttributes)]);
+    return mAttributePositions[static_cast<std::size_t>(&attribute - element.mAttributes)];
+}
+
+XmlPlaces& XmlDocument::getPlaces() const {
+    if (!mPlaces) {
+        mPlaces.emplace(std::string_view(mText.get(), mTextSize));
+    }
+    return *mPlaces;
+}
+
+/// In the order of the text, which is well-formed, not in that of the attributes.
+void XmlDocument::findAttributes(XmlElement const& element) const {
+    auto const attributes = element.getAttributes();
+    auto const nameOf = [](XmlAttribute const& attribute) { return std::string_view(attribute.name); };
+    auto& places = getPlaces();
+    mAttributePositionsOf = nullptr;
+    mAttributePositions.resize(attributes.size());
+    auto const* place = find(mText.get() + element.mPlace, isWhiteSpace); // after the element's name
+    for (std::size_t i = 0; i < attributes.size(); ++i) {
+        place = find(place, std::not_fn(isWhiteSpace));
+        auto const* const end = find(place, [](char c) { return isWhiteSpace(c) || c == '='; });
+        auto const found = std::ranges::lower_bound(attributes, std::string_view(place, end), std::less<>(), nameOf);
+        mAttributePositions[static_cast<std::size_t>(found - attributes.begin())] =
+            places.getPosition(static_cast<std::size_t>(place - mText.get()));
+        auto const* const quote = find(end, [](char c) { return c == '"' || c == '\''; });
+        place = find(quote + 1, [quote](char c) { return c == *quote; }) + 1;
+    }
+    mAttributePositionsOf = &element;
 }
 
 } // namespace kivo::configuration

@@ -69,6 +69,9 @@ public:
 private:
     friend class XmlDocumentBuilder;
 
+    XmlPlaces& getPlaces() const;
+    void findAttributes(XmlElement const& element) const;
+
     std::unique_ptr<std::pmr::monotonic_buffer_resource> mArena;
     XmlElement const* mRoot = nullptr;
     std::unique_ptr<char[]> mText;
@@ -77,8 +80,8 @@ private:
     /// Made when the first position is asked for.
     mutable std::optional<XmlPlaces> mPlaces;
     /// Where the attributes of one element are: callers ask for many of one element.
-    mutable std::vector<std::size_t> mAttributePlaces;
-    mutable XmlElement const* mAttributePlacesOf = nullptr;
+    mutable std::vector<XmlPosition> mAttributePositions;
+    mutable XmlElement const* mAttributePositionsOf = nullptr;
 };
 
 } // namespace kivo::configuration

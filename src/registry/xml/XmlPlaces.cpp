@@ -16,34 +16,34 @@ bool beginsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0) != 
 
 } // namespace
 
-XmlPlaces::XmlPlaces(std::string_view text) : mText(text) {
-    Mark current{text.starts_with(BYTE_ORDER_MARK) ? BYTE_ORDER_MARK.size() : 0, {1, 1}};
-    mMarks.push_back(current);
-    while (current.place < text.size()) {
-        advance(current);
-        if (current.place >= mMarks.back().place + MARK_DISTANCE) {
-            mMarks.push_back(current);
+XmlPlaces::XmlPlaces(std::string_view text)
+    : mText(text), mFront{text.starts_with(BYTE_ORDER_MARK) ? BYTE_ORDER_MARK.size() : 0, {1, 1}}, mMarks{mFront} {}
+
+XmlPosition XmlPlaces::getPosition(std::size_t place) {
+    if (place < mFront.place) {
+        auto mark = *(std::ranges::upper_bound(mMarks, place, std::less<>(), &Mark::place) - 1);
+        advance(mark, place);
+        return mark.position;
+    }
+    while (place - mMarks.back().place >= MARK_DISTANCE) {
+        advance(mFront, mMarks.back().place + MARK_DISTANCE);
+        mMarks.push_back(mFront);
+    }
+    advance(mFront, place);
+    return mFront.position;
+}
+
+void XmlPlaces::advance(Mark& mark, std::size_t place) const {
+    auto [line, column] = mark.position;
+    for (auto i = mark.place; i < place; ++i) {
+        auto const c = mText[i];
+        column += beginsCharacter(c);
+        if (c == '\n' || (c == '\r' && !mText.substr(i + 1).starts_with('\n'))) {
+            ++line;
+            column = 1;
         }
     }
-}
-
-XmlPosition XmlPlaces::getPosition(std::size_t place) const {
-    auto mark = *(std::ranges::upper_bound(mMarks, place, std::less<>(), &Mark::place) - 1);
-    while (mark.place < place) {
-        advance(mark);
-    }
-    return mark.position;
-}
-
-/// Goes on by one byte.
-void XmlPlaces::advance(Mark& mark) const {
-    auto const c = mText[mark.place++];
-    if (beginsCharacter(c)) {
-        ++mark.position.column;
-    }
-    if (c == '\n' || (c == '\r' && !mText.substr(mark.place).starts_with('\n'))) {
-        mark.position = {mark.position.line + 1, 1};
-    }
+    mark = {place, {line, column}};
 }
 
 } // namespace kivo::configuration

@@ -13,14 +13,15 @@ struct XmlPosition {
     unsigned long column;
 };
 
-/// Turns places in a UTF-8 text into positions.
+/// Turns places in a UTF-8 text into positions. Places that are asked for in the order of the text are counted on from
+/// the one before; all of them together take one look at the text.
 class XmlPlaces {
 public:
     /// @param text must outlive this object
     explicit XmlPlaces(std::string_view text);
 
     /// @param place an index of the text, of a byte that begins a character
-    XmlPosition getPosition(std::size_t place) const;
+    XmlPosition getPosition(std::size_t place);
 
 private:
     struct Mark {
@@ -28,10 +29,12 @@ private:
         XmlPosition position;
     };
 
-    void advance(Mark& mark) const;
+    void advance(Mark& mark, std::size_t place) const;
 
     std::string_view mText;
-    /// Places at a distance, so that never much has to be counted.
+    /// The farthest place so far.
+    Mark mFront;
+    /// Places before it at a distance, so that never much has to be counted to go back.
     std::vector<Mark> mMarks;
 };
 

@@ -1,0 +1,54 @@
+#include "kernel/kvProcessInit.h"
+
+#include "schema/Rule.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace kivo::configuration {
+
+namespace {
+
+struct RuleName {
+    Rule rule;
+    char const* name;
+};
+
+constexpr RuleName RULES[] = {
+    {Rule::NONE, "other"},
+    {Rule::AMBIGUOUS_FLAG, "ambiguous-flag"},           // a beginning of several names
+    {Rule::DOUBTFUL_VALUE, "doubtful-value"},           // only by accident a text for bool or oid
+    {Rule::EMPTY_ARGUMENT, "empty-argument"},           // a lone dash, or nothing
+    {Rule::EMPTY_NUMBER, "empty-number"},               // an empty text for a number
+    {Rule::EXCLUSIVE_SETTINGS, "exclusive-settings"},   // several alternatives of an exclusive choice
+    {Rule::EXPLICIT_CONSTRAINT, "explicit-constraint"}, // an element for a group that is not a section
+    {Rule::FAILED_PROVIDER, "failed-provider"},         // what a provider of the caller's own throws
+    {Rule::FOREIGN_FILE, "foreign-file"},               // a file for another specification
+    {Rule::HELP_IN_FILE, "help-in-file"},               // help for every tool that reads the file
+    {Rule::INVALID_VALUE, "invalid-value"},             // a text that does not fit its type
+    {Rule::INVALID_XML, "invalid-xml"},                 // a file that cannot be read
+    {Rule::MISPLACED_SETTING, "misplaced-setting"},     // a setting of a section, given outside it
+    {Rule::MISSING_FILE, "missing-file"},               // a file that is not there
+    {Rule::MISSING_GROUP, "missing-group"},             // nothing given at all
+    {Rule::MISSING_SECTION, "missing-section"},         // a required section
+    {Rule::MISSING_SETTING, "missing-setting"},         // a required setting
+    {Rule::MISSING_VALUE, "missing-value"},             // a setting, a flag or an element without its text
+    {Rule::REJECTED_VALUE, "rejected-value"},           // refused by a validator
+    {Rule::REPEATED_SETTING, "repeated-setting"},       // given more than once
+    {Rule::SUSPICIOUS_XML, "suspicious-xml"},           // what the XML parser warns of
+    {Rule::UNEXPECTED_ARGUMENT, "unexpected-argument"}, // a word that is no flag's value
+    {Rule::UNKNOWN_LABEL, "unknown-label"},             // not in the enumeration
+    {Rule::UNKNOWN_SECTION, "unknown-section"},         // an element that nobody knows, and what is in it
+    {Rule::UNKNOWN_SETTING, "unknown-setting"},         // a flag or an attribute that nobody knows
+    {Rule::UNNAMED_ITEM, "unnamed-item"},               // a value or a group without a name
+    {Rule::WRONG_KIND, "wrong-kind"},                   // a setting where a section belongs, or the other way round
+};
+
+} // namespace
+
+char const* nameOf(Rule rule) noexcept {
+    auto const* const found = std::ranges::find(RULES, rule, &RuleName::rule);
+    return found == std::end(RULES) ? RULES[0].name : found->name;
+}
+
+} // namespace kivo::configuration

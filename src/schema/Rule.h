@@ -1,0 +1,39 @@
+#pragma once
+
+namespace kivo::configuration {
+
+/// What a fault breaks, or what a finding is about: one value for each kind of message. nameOf() gives the word for it.
+enum class Rule : unsigned char {
+    NONE, ///< nobody said; whoever collected the fault knows
+    AMBIGUOUS_FLAG,
+    DOUBTFUL_VALUE,
+    EMPTY_ARGUMENT,
+    EMPTY_NUMBER,
+    EXCLUSIVE_SETTINGS,
+    EXPLICIT_CONSTRAINT,
+    FAILED_PROVIDER,
+    FOREIGN_FILE,
+    HELP_IN_FILE,
+    INVALID_VALUE,
+    INVALID_XML,
+    MISPLACED_SETTING,
+    MISSING_FILE,
+    MISSING_GROUP,
+    MISSING_SECTION,
+    MISSING_SETTING,
+    MISSING_VALUE,
+    REJECTED_VALUE,
+    REPEATED_SETTING,
+    SUSPICIOUS_XML,
+    UNEXPECTED_ARGUMENT,
+    UNKNOWN_LABEL,
+    UNKNOWN_SECTION,
+    UNKNOWN_SETTING,
+    UNNAMED_ITEM,
+    WRONG_KIND
+};
+
+/// The name of a rule as users read it, such as "unknown-setting".
+char const* nameOf(Rule rule) noexcept;
+
+} // namespace kivo::configuration
