@@ -80,8 +80,10 @@ if(TARGET kivoconfig)
     install(FILES "${toolDirectory}/completion/kivoconfig.bash"
         DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" RENAME kivoconfig)
     # Debian's zsh looks for the completions of packages in a folder of another name.
-    cmake_path(COMPARE "${CMAKE_INSTALL_PREFIX}" EQUAL "/usr" isForPackage)
-    set(zshFolder $<IF:$<BOOL:${isForPackage}>,vendor-completions,site-functions>)
+    set(zshFolder site-functions)
+    if(CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+        set(zshFolder vendor-completions)
+    endif()
     install(FILES "${toolDirectory}/completion/kivoconfig.zsh"
         DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/${zshFolder}" RENAME _kivoconfig)
 endif()

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <configuration/Origin.h>
+
 #include <stdexcept>
+#include <string>
 
 namespace kivoconfig {
 
@@ -14,7 +17,14 @@ public:
 /// fault.
 class RegistryFault : public std::runtime_error {
 public:
-    using std::runtime_error::runtime_error;
+    RegistryFault(std::string const& message, kivo::configuration::Origin const& origin)
+        : std::runtime_error(message), mOrigin(origin) {}
+
+    /// The declaration at fault, as far as it is known.
+    kivo::configuration::Origin const& getOrigin() const { return mOrigin; }
+
+private:
+    kivo::configuration::Origin mOrigin;
 };
 
 } // namespace kivoconfig

@@ -3,6 +3,8 @@
 #include "Faults.h"
 #include "text/Characters.h"
 
+#include <configuration/ConfigurationException.h>
+#include <configuration/ContractViolationException.h>
 #include <configuration/Manager.h>
 #include <configuration/NameSuggestion.h>
 #include <configuration/Specification.h>
@@ -18,8 +20,10 @@ namespace {
 Manager const& loadedManager() {
     try {
         return *Manager::getInstance();
-    } catch (std::exception const& fault) {
-        throw RegistryFault(fault.what());
+    } catch (ConfigurationException const& fault) {
+        throw RegistryFault(fault.what(), fault.getOrigin());
+    } catch (kivo::ContractViolationException const& fault) {
+        throw RegistryFault(fault.what(), fault.getOrigin());
     }
 }
 

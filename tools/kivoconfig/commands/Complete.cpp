@@ -1,5 +1,5 @@
-// Prints what can stand at the end of a tool's command line, a candidate a line: the word, a tab, what it means. A line
-// that begins with the tab asks the shell for names of files or directories.
+// Prints what can stand at the end of a tool's command line, a candidate a line: the word and, after a tab, what it
+// means. A line that begins with the tab asks the shell for names of files or directories.
 
 #include "Commands.h"
 #include "Installation.h"
@@ -39,7 +39,7 @@ public:
             mText << "\tfiles\n";
         } else if (setting) {
             for (auto const& label : labelsOf(setting->parameter)) {
-                if (label.starts_with(mWords.getLast())) {
+                if (label.starts_with(mWords.getLast()) && !label.starts_with('-')) {
                     add(label, "");
                 }
             }
@@ -61,7 +61,7 @@ private:
     void add(std::string const& word, std::string const& description) {
         if (!word.empty() && printable(word) == word) {
             auto const lines = wrapWords(description, DESCRIPTION_WIDTH);
-            mText << word << '\t' << (lines.empty() ? "" : lines.front()) << (lines.size() > 1 ? " ..." : "") << '\n';
+            mText << word << (lines.empty() ? "" : '\t' + lines.front()) << (lines.size() > 1 ? " ...\n" : "\n");
         }
     }
 

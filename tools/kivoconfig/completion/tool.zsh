@@ -9,7 +9,8 @@
         ('') ;;
         ($'\tfiles') _files ;;
         ($'\tdirectories') _files -/ ;;
-        (*) candidates+=("${${line%%$'\t'*}//:/\\:}:${line#*$'\t'}") ;;
+        (*$'\t'*) candidates+=("${${line%%$'\t'*}//:/\\:}:${line#*$'\t'}") ;;
+        (*) candidates+=("${line//:/\\:}") ;;
         esac
     done
     (($#candidates)) && _describe 'setting' candidates

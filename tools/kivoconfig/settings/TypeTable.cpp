@@ -20,6 +20,14 @@ constexpr char const* MOST_INT = R"(<xs:maxInclusive value="2147483647"/>)";
 constexpr char const* LEAST_UINT = R"(<xs:minInclusive value="0"/>)";
 constexpr char const* MOST_UINT = R"(<xs:maxInclusive value="4294967295"/>)";
 
+constexpr char const* LEAST_LONG = R"(<xs:minInclusive value="-9223372036854775808"/>)";
+constexpr char const* MOST_LONG = R"(<xs:maxInclusive value="9223372036854775807"/>)";
+constexpr char const* MOST_ULONG = R"(<xs:maxInclusive value="18446744073709551615"/>)";
+constexpr char const* SIZE = R"(<xs:pattern value="[0-9]+(\.[0-9]+)?( ?[KkMmGgTt]([Ii]?[Bb])?)?"/>)";
+constexpr char const* NO_DURATION = R"(<xs:pattern value="0+"/>)";
+constexpr char const* DURATION =
+    R"(<xs:pattern value="([0-9]+d)?([0-9]+h)?([0-9]+m)?([0-9]+s)?([0-9]+ms)?"/><xs:minLength value="1"/>)";
+
 constexpr TypeRow TYPES[] = {
     // type                         word      example    base          facets
     {Parameter::BOOLEAN_PARAMETER, "bool", "true", "xs:string", {BOOLEAN}},
@@ -29,6 +37,10 @@ constexpr TypeRow TYPES[] = {
     {Parameter::DOUBLE_PARAMETER, "double", "0", "xs:string", {DECIMAL, HEXADECIMAL, NO_NUMBER}},
     {Parameter::OID_PARAMETER, "oid", "0-0-0-0", "xs:string", {OID}},
     {Parameter::ENUM_PARAMETER, "enum", nullptr, nullptr, {}},
+    {Parameter::LONG_PARAMETER, "long", "0", "xs:integer", {LEAST_LONG, MOST_LONG}},
+    {Parameter::ULONG_PARAMETER, "ulong", "0", "xs:integer", {LEAST_UINT, MOST_ULONG}},
+    {Parameter::SIZE_PARAMETER, "size", "0", "xs:string", {SIZE}},
+    {Parameter::DURATION_PARAMETER, "duration", "0", "xs:string", {NO_DURATION, DURATION}},
 };
 
 } // namespace

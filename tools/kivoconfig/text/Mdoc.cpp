@@ -1,16 +1,18 @@
 #include "text/Mdoc.h"
 
 #include "text/Characters.h"
-#include "text/WordWrap.h"
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 namespace kivoconfig {
 
 namespace {
 
 constexpr std::size_t WIDTH = 76;
+constexpr std::string_view DELIMITERS = ".,:;)]?!|([";
+constexpr std::size_t LONGEST_ESCAPE = std::string_view("\\[u10FFFF]").size();
 constexpr std::size_t LONGEST_MACRO = 3; // "Nm", "Brq"
 
 void appendEscaped(std::string& result, char32_t character, char const* hyphen) {
@@ -57,18 +59,54 @@ std::string_view takeWord(std::string_view& rest) {
     return word;
 }
 
-/// A line of text, which is neither a macro nor an empty line.
-void writeLine(std::ostream& out, std::string_view line) {
-    bool const looksLikeMacro = line.starts_with('.') || line.starts_with('\'');
-    out << (looksLikeMacro ? "\\&" : "") << escaped(line, "-") << '\n';
-}
+/// Fills lines of text with words. Escapes count, since readers of the page's source see them.
+class Lines {
+public:
+    explicit Lines(std::ostream& out) : mOut(out) {}
+
+    void add(std::string_view word) {
+        if (auto const text = escaped(word, "-"); text.size() <= WIDTH) {
+            put(text);
+            return;
+        }
+        std::string piece;
+        while (!word.empty()) {
+            appendEscaped(piece, takeCharacter(word), "-");
+            if (piece.size() + LONGEST_ESCAPE > WIDTH || word.empty()) {
+                put(std::exchange(piece, {}));
+            }
+        }
+    }
+
+    /// A line is neither a macro nor empty.
+    void end() {
+        if (!mLine.empty()) {
+            bool const looksLikeMacro = mLine.starts_with('.') || mLine.starts_with('\'');
+            mOut << (looksLikeMacro ? "\\&" : "") << mLine << '\n';
+        }
+        mLine.clear();
+    }
+
+private:
+    void put(std::string const& text) {
+        if (mLine.size() + 1 + text.size() > WIDTH) {
+            end();
+        }
+        mLine.append(mLine.empty() ? "" : " ").append(text);
+    }
+
+    std::ostream& mOut;
+    std::string mLine;
+};
 
 } // namespace
 
 std::string mdocArgument(std::string_view text) {
     bool const isQuoted = text.empty() || text.find(' ') != std::string_view::npos;
     char const* const quote = isQuoted ? "\"" : "";
-    return quote + std::string(!isQuoted && isRisky(text) ? "\\&" : "") + escaped(text, "\\-") + quote;
+    char const* const before = !isQuoted && isRisky(text) ? "\\&" : "";
+    char const* const after = !text.empty() && DELIMITERS.find(text.back()) != std::string_view::npos ? "\\&" : "";
+    return quote + (before + escaped(text, "\\-")) + after + quote;
 }
 
 std::string takeMdocArguments(std::string_view& text) {
@@ -80,15 +118,12 @@ std::string takeMdocArguments(std::string_view& text) {
 }
 
 void writeMdocText(std::ostream& out, std::string_view text) {
-    std::string sentence;
+    Lines lines(out);
     while (!text.empty()) {
         auto const word = takeWord(text);
-        sentence.append(sentence.empty() ? "" : " ").append(word);
+        lines.add(word);
         if (text.empty() || endsSentence(word)) {
-            for (auto const& line : wrapWords(sentence, WIDTH)) {
-                writeLine(out, line);
-            }
-            sentence.clear();
+            lines.end();
         }
     }
 }

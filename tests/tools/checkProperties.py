@@ -1,0 +1,184 @@
+"""What holds for any specification, tried with random ones:
+
+- a template has no fault, and with every comment opened none but those of exclusive choices;
+- the schema accepts every values file in which the library finds no fault.
+
+    checkProperties.py <project> <build directory> [<seed>]
+"""
+import os
+import random
+import re
+import subprocess
+import sys
+import tempfile
+
+BUILD = sys.argv[2]
+RANDOM = random.Random(int(sys.argv[3]) if len(sys.argv) > 3 else 1)
+SPECIFICATIONS = 12
+FILES = 40  # of each specification
+
+# Texts of each type, and others. An empty number is left out: the library takes it, but nobody should write it.
+NUMBERS = ["5", "+5", " 5", "5 ", "-0", "007", "0" * 40 + "5", "-2147483648", "2147483647", "2147483648", "4294967295",
+           "4294967296", "-1", "0x10", "1e5", ".5", "5.", "-.5e-3", "nan", "-inf", "infinity", "0x1.8p3", "9223372036854775808",
+           "99999999999999999999", "1,5", "abc", "--5"]
+OIDS = ["1-2-3-4", "#1-2-3-4", "1-2-3-4 ", "1--2-3-4", "#+1- 2-3-4", "1-2-3", "1-2-3-4-5", "1-2-3-4x", "#", "a-b-c-d"]
+BOOLS = ["true", "False", "TRUE", "1", "0", "", " 1", "yes", "tru"]
+SIZES = ["0", "64", "64k", "1.5 GB", "2 gib", "0.5Kb", "18446744073709551615", "1.5", "1  k", "k", "64p", " 5", "1.5kk"]
+DURATIONS = ["0", "000", "1d12h", "36h", "250ms", "1m5ms", "5", "1h1d", "1H", "1.5s", "ms", "1s1s", " 1s"]
+STRINGS = ["", "text", "a & b <c>", "--", "]]>", "\u00e4\u4e2d", "tab\tand\nline", "&#65;"]
+LABELS = ["none", "very good", "--", "<&>\"'", "a\tb", "\u00fc"]
+TYPES = {"int": ("0", NUMBERS), "uint": ("7", NUMBERS), "double": ("1.5", NUMBERS), "bool": ("true", BOOLS),
+         "oid": ("0-0-0-0", OIDS), "string": ("a--b", STRINGS), "enum": ("none", LABELS), "long": ("-5", NUMBERS),
+         "ulong": ("18446744073709551615", NUMBERS), "size": ("64k", SIZES), "duration": ("1d12h", DURATIONS)}
+
+
+def escaped(text):
+    return "".join("&#%d;" % ord(c) if c in "&<>\"'\t\n" else c for c in text)
+
+
+class Specification:
+    """A random description; all of its parts are optional."""
+
+    def __init__(self, number):
+        self.id = "s%d" % number
+        self.count = 0
+        self.parameters = ""
+        self.root = self.container(self.id, 3)
+
+    def name(self):
+        self.count += 1
+        return "%s_%d" % (self.id, self.count)
+
+    def parameter(self, is_direct):
+        kind, name = RANDOM.choice(list(TYPES)), self.name()
+        self.parameters += '<Parameter id="%s" name="%s" description="d" type="%s"%s default="%s"/>' % (
+            name, name, kind, ' enumType="labels"' if kind == "enum" else "", TYPES[kind][0])
+        reference = '<ParameterRef id="%s" optional="true" unbounded="%s"/>' % (name, RANDOM.choice(("true", "false")))
+        return {"name": name, "type": kind, "isDirect": is_direct, "xml": reference}
+
+    def choice(self):
+        parts = [self.parameter(False) for _ in range(RANDOM.randint(2, 3))]
+        xml = '<MutuallyExclusive id="%s" name="c" description="d" optional="%s">%s</MutuallyExclusive>' % (
+            self.name(), RANDOM.choice(("true", "false")), "".join(part["xml"] for part in parts))
+        return parts, xml
+
+    def container(self, name, depth):
+        settings, sections, xml = [], [], ""
+        for _ in range(RANDOM.randint(1, 6)):
+            kind = RANDOM.random()
+            if kind < 0.6:
+                settings.append(self.parameter(True))
+                xml += settings[-1]["xml"]
+            elif kind < 0.8:
+                parts, text = self.choice()
+                settings += parts
+                xml += text
+            elif depth > 0:
+                sections.append(self.container(self.name(), depth - 1))
+                xml += '<Container id="{0}" name="{0}" description="d" optional="true" unbounded="{1}">{2}</Container>'.format(
+                    sections[-1]["name"], RANDOM.choice(("true", "false")), sections[-1]["xml"])
+        return {"name": name, "settings": settings, "sections": sections, "xml": xml}
+
+    def declaration(self):
+        return '<Specification id="{0}" name="{0}" description="d" optional="true">{1}</Specification>'.format(
+            self.id, self.root["xml"])
+
+
+def value_of(setting):
+    kind = setting["type"]
+    return escaped(RANDOM.choice(STRINGS + NUMBERS[:9] if RANDOM.random() < 0.02 and kind == "string" else TYPES[kind][1]))
+
+
+def values(section):
+    """An element that gives some of a section's settings, rarely in a wrong way."""
+    attributes, elements = "", []
+    for setting in section["settings"]:
+        name = setting["name"] if RANDOM.random() > 0.02 else "unknown"
+        if RANDOM.random() < 0.2 and name + "=" not in attributes:
+            attributes += ' %s="%s"' % (name, value_of(setting))
+        elif setting["isDirect"] and RANDOM.random() < 0.2:
+            elements += ['<%s value="%s"/>' % (name, value_of(setting))] * RANDOM.choice((1, 1, 1, 2))
+    elements += [values(inner) for inner in section["sections"] if RANDOM.random() < 0.5]
+    RANDOM.shuffle(elements)
+    text = RANDOM.choice(("", " text ", "<!-- comment -->"))
+    return "<%s%s>%s</%s>" % (section["name"], attributes, text.join([""] + elements + [""]), section["name"])
+
+
+def run(*command):
+    done = subprocess.run(command, stdin=subprocess.DEVNULL, capture_output=True, timeout=120, check=False)
+    return done.stdout.decode("utf-8"), done.stderr.decode("utf-8")
+
+
+def faults(specification, files):
+    """What the library finds in each file."""
+    text = run("read-values-files", specification, *files)[0]
+    return {part.partition("\n")[0]: part.partition("\n")[2] for part in ("\n" + text).split("\n== ")[1:]}
+
+
+def opened(template):
+    """A template with all settings taken out of their comments."""
+    depth_of, lines = [], []
+    for line in template.splitlines():
+        attribute = re.fullmatch(" *<!-- in the start tag: (.*) -->", line)
+        if attribute:
+            lines[depth_of[-1]] = lines[depth_of[-1]][:-1] + " " + attribute.group(1) + ">"
+            continue
+        line = re.sub("^( *)<!-- (<.*>) -->$", r"\1\2", line)
+        if re.fullmatch(" *<[a-z0-9_]+>", line):
+            depth_of.append(len(lines))
+        elif re.fullmatch(" *</[a-z0-9_]+>", line):
+            depth_of.pop()
+        lines.append(line)
+    return "\n".join(lines)
+
+
+def write(path, text):
+    with open(path, "w", encoding="utf-8") as file:
+        file.write(text)
+    return path
+
+
+def check_template(name):
+    template = run("kivoconfig", "template", name)[0]
+    files = [write("template.xml", template), write("opened.xml", opened(template))]
+    found = faults(name, files)
+    others = [line for line in found["opened.xml"].splitlines() if "are mutually exclusive" not in line]
+    if found["template.xml"].strip() or others or "<!-- <" in opened(template):
+        sys.exit("the template of %s: %r, %r" % (name, found["template.xml"], others))
+    return files
+
+
+def check_schema(specification, files):
+    schema = write("schema.xsd", run("kivoconfig", "schema", specification.id)[0])
+    files = files + [write("values%d.xml" % i, values(specification.root)) for i in range(FILES)]
+    found = faults(specification.id, files)
+    verdicts = run("xmllint", "--noout", "--schema", schema, *files)[1]
+    accepted = set(re.findall("^(.*) validates$", verdicts, re.MULTILINE))
+    for file in files:
+        if not found[file].strip() and file not in accepted:
+            sys.exit("the schema of %s refuses %s: %s" % (specification.id, open(file, encoding="utf-8").read(), verdicts))
+    return len(accepted), sum(not found[file].strip() for file in files), len(files)
+
+
+def main():
+    os.environ.update(PATH=BUILD + "/tools/bin:" + BUILD + "/tests/tools:" + os.environ["PATH"], LC_ALL="C", KIVO_HOME=".")
+    for name in ("KIVO_ETC_DIR", "KIVO_PLUGINS_DIR", "KIVO_CONFIG_DIR", "KIVO_MAIN_LOG"):
+        os.environ.pop(name, None)
+    with tempfile.TemporaryDirectory() as work:
+        os.chdir(work)
+        os.mkdir("etc")
+        specifications = [Specification(i) for i in range(SPECIFICATIONS)]
+        labels = "".join('<Value label="%s"/>' % escaped(label) for label in LABELS)
+        write("etc/kivobase.crg", '<?xml version="1.0" encoding="UTF-8"?><ConfigurationRegistry><Enumerations>'
+              '<Enumeration id="labels">%s</Enumeration></Enumerations><Parameters>%s</Parameters><Specifications>%s'
+              '</Specifications></ConfigurationRegistry>' % (
+                  labels, "".join(each.parameters for each in specifications),
+                  "".join(each.declaration() for each in specifications)))
+        counts = [check_schema(each, check_template(each.id)) for each in specifications]
+        accepted, faultless, total = map(sum, zip(*counts))
+        print("%d files; the schemas accept %d, the library %d" % (total, accepted, faultless))
+        if not 0 < faultless <= accepted < total:
+            sys.exit("the files are all alike")
+
+
+main()
