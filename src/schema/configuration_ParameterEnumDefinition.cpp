@@ -31,7 +31,12 @@ char const* ParameterEnumDefinition::getName() const { return mImpl->mName.c_str
 void ParameterEnumDefinition::addEnumValue(char const* symbol, int value) {
     auto const [added, isNew] = mImpl->mSymbols.emplace(symbol ? symbol : "", value);
     if (isNew) {
-        mImpl->mInOrder.push_back(added->first.c_str());
+        try {
+            mImpl->mInOrder.push_back(added->first.c_str());
+        } catch (...) {
+            mImpl->mSymbols.erase(added);
+            throw;
+        }
     }
 }
 
