@@ -31,7 +31,7 @@ std::unique_ptr<ParameterValueGroup> makeGroup(XmlDocument const& document, XmlE
     group->setStoredOrigin(placeIn(file, document.getPosition(element)));
     auto const positions = document.getAttributePositions(element);
     for (auto const& attribute : element.getAttributes()) {
-        group->addValueAt(attribute.name, attribute.value, placeIn(file, positions[attribute.number]));
+        group->addValueAt(attribute.name.data(), attribute.value, placeIn(file, positions[attribute.number]));
     }
     for (auto const* child = element.getFirstChild(); child; child = child->getNextSibling()) {
         group->addItem(makeGroup(document, *child, file).release());

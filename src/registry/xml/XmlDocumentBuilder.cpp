@@ -10,7 +10,7 @@ XmlDocumentBuilder::XmlDocumentBuilder() { mDocument.mArena = std::make_unique<s
 
 void XmlDocumentBuilder::startElement(std::string_view name, std::size_t place, std::size_t attributeCount) {
     auto* const element = new (allocate<XmlElement>(1)) XmlElement;
-    element->mName = keepName(name);
+    element->mName = keepName(name).data();
     element->mPrefixLength = static_cast<std::uint32_t>(name.find(':') + 1); // 0 where there is none
     element->mAttributes = allocate<XmlAttribute>(attributeCount);
     element->mPlace = place;
@@ -42,14 +42,10 @@ void XmlDocumentBuilder::append(XmlElement& element) {
     lastChild = &element;
 }
 
-char const* XmlDocumentBuilder::keepName(std::string_view name) {
+/// @return followed by a NUL
+std::string_view XmlDocumentBuilder::keepName(std::string_view name) {
     auto const found = mNames.find(name);
-    if (found != mNames.end()) {
-        return found->data();
-    }
-    auto const* const kept = copy(name);
-    mNames.emplace(kept, name.size());
-    return kept;
+    return found != mNames.end() ? *found : *mNames.emplace(copy(name), name.size()).first;
 }
 
 char const* XmlDocumentBuilder::copy(std::string_view text) {

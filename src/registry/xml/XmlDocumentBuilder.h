@@ -41,7 +41,7 @@ private:
     };
 
     void append(XmlElement& element);
-    char const* keepName(std::string_view name);
+    std::string_view keepName(std::string_view name);
     char const* copy(std::string_view text);
     template <class T>
     T* allocate(std::size_t count);

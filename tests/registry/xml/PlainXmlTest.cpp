@@ -123,7 +123,7 @@ std::string positions(XmlFile const& file, XmlElement const& element) {
     };
     auto text = element.getName() + toText(file.getDocument().getPosition(element));
     for (auto const& attribute : element.getAttributes()) {
-        text += attribute.name + toText(file.getDocument().getPosition(element, attribute));
+        text += std::string(attribute.name) + toText(file.getDocument().getPosition(element, attribute));
     }
     for (auto const* child = element.getFirstChild(); child; child = child->getNextSibling()) {
         text += positions(file, *child);
