@@ -1,5 +1,6 @@
 #pragma once
 
+#include <configuration/ConfigurationException.h>
 #include <configuration/ParameterEnumDefinition.h>
 #include <configuration/ParameterValue.h>
 
@@ -29,16 +30,27 @@ public:
     /// As enumDefinition(), or the labels that the value has by itself.
     virtual ParameterEnumDefinition const* labels() const { return enumDefinition(); }
 
-    /// A text as a number or truth value: a label's number, or what a conversion makes of it; without a text 0 or
-    /// false.
+    /// The number of a label that is the text at a position. What is thrown for a label that does not exist says where
+    /// the text was given.
+    int numberOf(ParameterEnumDefinition const& labels, char const* text, unsigned long index) const {
+        try {
+            return labels.getValue(text);
+        } catch (ConfigurationException& fault) {
+            fault.setOrigin(mValues[index].origin.toOrigin());
+            throw;
+        }
+    }
+
+    /// The text at a position as a number or truth value: a label's number, or what a conversion makes of it; without a
+    /// text 0 or false.
     template <class Convert>
-    auto read(char const* text, Convert convert) const {
+    auto read(char const* text, unsigned long index, Convert convert) const {
         using Content = decltype(convert(text));
         if (!text) {
             return Content{};
         }
         auto const* labels = enumDefinition();
-        return labels ? static_cast<Content>(labels->getValue(text)) : convert(text);
+        return labels ? static_cast<Content>(numberOf(*labels, text, index)) : convert(text);
     }
 
     bool mUsingDefaultValue = false;
