@@ -1,5 +1,5 @@
 // A tool that needs no registry file of its own: it describes its settings in code, and sets some values itself. The
-// others come from its command line, and from the files that this names.
+// others come from its command line, from the files that this names, and from environment variables.
 
 #include "RestoreSettings.h"
 #include "toolkit/Faults.h"
@@ -36,6 +36,7 @@ int restore(int argc, char const* const* argv) {
     Manager& manager = *Manager::getInstance();
     Specification const& specification = *describeRestore(manager);
     manager.enableConfiguration(false, nullptr, static_cast<unsigned int>(argc), argv);
+    manager.enableEnvironment("KIVORESTORE");
     manager.setApplicationValues(restoreValues(), 0);
 
     // Before settings are asked for, which ends at the first fault.
