@@ -4,6 +4,7 @@
 #include <configuration/ParameterEnumDefinition.h>
 #include <configuration/ParameterValue.h>
 
+#include "schema/LocatedException.h"
 #include "values/ParameterValueItemImpl.h"
 #include "values/ValueText.h"
 
@@ -30,27 +31,26 @@ public:
     /// As enumDefinition(), or the labels that the value has by itself.
     virtual ParameterEnumDefinition const* labels() const { return enumDefinition(); }
 
-    /// The number of a label that is the text at a position. What is thrown for a label that does not exist says where
-    /// the text was given.
-    int numberOf(ParameterEnumDefinition const& labels, char const* text, unsigned long index) const {
-        try {
-            return labels.getValue(text);
-        } catch (ConfigurationException& fault) {
-            fault.setOrigin(mValues[index].origin.toOrigin());
-            throw;
-        }
-    }
-
-    /// The text at a position as a number or truth value: a label's number, or what a conversion makes of it; without a
-    /// text 0 or false.
+    /// A text as a number or truth value: a label's number, or what a conversion makes of it; without a text 0 or
+    /// false.
+    /// @param index the position of the text, or of the entry that a default stands in for
     template <class Convert>
-    auto read(char const* text, unsigned long index, Convert convert) const {
+    auto read(unsigned long index, char const* text, Convert convert) const {
         using Content = decltype(convert(text));
         if (!text) {
             return Content{};
         }
         auto const* labels = enumDefinition();
-        return labels ? static_cast<Content>(numberOf(*labels, text, index)) : convert(text);
+        return labels ? static_cast<Content>(numberOf(*labels, index, text)) : convert(text);
+    }
+
+    /// The number of a label. @param index as for read()
+    int numberOf(ParameterEnumDefinition const& labels, unsigned long index, char const* label) const {
+        try {
+            return labels.getValue(label);
+        } catch (ConfigurationException const& fault) {
+            throw located(mValues[index].origin, fault);
+        }
     }
 
     bool mUsingDefaultValue = false;
