@@ -70,6 +70,7 @@ show 0 'kivorestore -source backup1::/srv/kivo -database sales -tab orders -tab 
 show 2 'kivorestore -source /srv/kivo -database sales -s 8'
 show 2 'kivorestore -source /srv/kivo -streams many -memory -overwrite -rename 2nd'
 show 2 'kivorestore -source /srv/kivo -database sales -onError panic'
+show 1 'kivorestore -source /srv/kivo -streams many -niceness 5 -onErorr retry -explain'
 export KIVO_HOME=installation
 
 title "Faults in the two file formats, and what the main log says afterwards"

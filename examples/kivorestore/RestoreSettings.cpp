@@ -107,6 +107,8 @@ void addSections(ParameterGroup& root) {
 void addCommon(ParameterGroup& root) {
     // A hidden parameter in the last place would end the usage text with an empty line.
     add(root, "client", "Who asks for the restore", Parameter::STRING_PARAMETER, {.defaultValue = "", .hidden = true});
+    add(root, "explain", "Print where each setting comes from and what is wrong, and do nothing else",
+        Parameter::BOOLEAN_PARAMETER, {});
     add(root, "help", "Print this text and do nothing else", Parameter::BOOLEAN_PARAMETER, {});
     add(root, "quiet", "With -help: print only the usage", Parameter::BOOLEAN_PARAMETER, {});
 }

@@ -36,6 +36,8 @@ public:
     static char const* const XML_FILE_PROVIDER_NAME;
     /// "APP_VALUES": the name of the provider of the application's own values.
     static char const* const APPLICATION_PROVIDER_NAME;
+    /// "ENVIRONMENT": the name of the provider of environment variables.
+    static char const* const ENVIRONMENT_PROVIDER_NAME;
 
     /// An empty manager beside the singleton: no validators, nothing loaded.
     Manager();
@@ -208,6 +210,13 @@ public:
     ///         set up before the failure stay.
     void enableConfiguration(bool allowMachineConfig, char const* applicationConfigFile, unsigned int argc,
                              char const* const* argv) override;
+    /// Adds the environment variables that begin with a prefix as a source; see EnvironmentValueProvider. They come
+    /// directly after the command line and before the application's file and "machine.config"; without a command line,
+    /// directly after the application's own values. To be called after enableConfiguration(), which discards all
+    /// providers.
+    /// @param prefix prefix of the variables' names, such as "KIVORESTORE"; copied
+    /// @throws what EnvironmentValueProvider::setArguments() throws; no provider is added then
+    void enableEnvironment(char const* prefix);
     /// Adds a provider for one values file, asked after those that are there. A name without a directory that does not
     /// exist is looked for in the configuration directory.
     /// @throws kivo::ContractViolationException "path != 0"

@@ -2,23 +2,14 @@
 
 #include "inspection/EscapedText.h"
 
+#include "text/Utf8.h"
+
 #include <algorithm>
 #include <cstdio>
 
 namespace kivo::configuration {
 
 namespace {
-
-/// Whether a byte continues a UTF-8 character.
-bool continues(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
-
-/// The number of bytes of the UTF-8 character that a text begins with; 1 for a byte that begins none.
-std::size_t sizeOfCharacter(std::string_view text) {
-    auto const first = static_cast<unsigned char>(text[0]);
-    std::size_t const size = first < 0xC2 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : first < 0xF5 ? 4 : 1;
-    bool const isWhole = size <= text.size() && std::ranges::all_of(text.substr(1, size - 1), continues);
-    return isWhole ? size : 1;
-}
 
 /// Whether a terminal would obey a character: the control characters of ASCII, and those that Latin-1 and Unicode have
 /// at 128 to 159.
@@ -70,7 +61,7 @@ std::string escape(std::string_view text) {
 }
 
 std::size_t widthOf(std::string_view text) {
-    return text.size() - static_cast<std::size_t>(std::ranges::count_if(text, continues));
+    return text.size() - static_cast<std::size_t>(std::ranges::count_if(text, continuesCharacter));
 }
 
 } // namespace kivo::configuration

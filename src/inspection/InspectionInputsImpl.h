@@ -2,6 +2,9 @@
 
 #include <configuration/InspectionInputs.h>
 
+#include "providers/EnvironmentVariables.h"
+
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,6 +16,7 @@ public:
     MachineConfig machineConfig = MACHINE_CONFIG_LEFT_OUT;
     std::string applicationFile;
     std::vector<std::string> arguments; // empty: no command line
+    std::optional<EnvironmentVariables> environment;
     bool isCommandLineOpen = false;
     int flags = 0;
     bool isRequired = false;

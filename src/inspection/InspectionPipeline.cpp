@@ -10,6 +10,8 @@
 #include <configuration/ValueProvider.h>
 
 #include "providers/CommandLineArguments.h"
+#include "providers/EnvironmentNames.h"
+#include "providers/EnvironmentVariables.h"
 #include "providers/HelpRequest.h"
 #include "providers/ProviderOrigins.h"
 #include "schema/FaultCollection.h"
@@ -199,6 +201,23 @@ void InspectionPipeline::addArguments(ParameterValueGroup const& arguments) {
     send(values, false);
 }
 
+void InspectionPipeline::addEnvironment(EnvironmentVariables const& environment) {
+    EnvironmentNames const names(*mRoot, environment.prefix);
+    for (auto const& variable : environment.variables) {
+        if (!names.isKnown(variable.name)) {
+            char const* const closest = mFindings.wantsSuggestion() ? names.suggest(variable.name) : nullptr;
+            mFindings.add(Finding::WARNING_SEVERITY, Rule::UNKNOWN_VARIABLE,
+                          "\"" + variable.name + "\" is not a recognized environment variable",
+                          StoredOrigin(Origin::ENVIRONMENT_SOURCE, variable.name), closest ? closest : "");
+        }
+    }
+    ParameterErrors faults;
+    ParameterValueGroup values(nullptr);
+    values.addItem(names.assign(environment.variables, faults).release());
+    takeFaults(faults);
+    send(separate(values, StoredOrigin(Origin::ENVIRONMENT_SOURCE, "")), false);
+}
+
 void InspectionPipeline::addFile(ParameterValueGroup const& tree, bool isFixed) {
     auto separated = separate(tree, StoredOrigin(Origin::FILE_SOURCE, ""));
     reportForeignFile(tree);
@@ -371,6 +390,10 @@ bool InspectionPipeline::isHelpRequest(ParameterValueGroup const& group) {
     if (isSet && mIsFile) {
         mFindings.add(Finding::WARNING_SEVERITY, Rule::HELP_IN_FILE,
                       "\"help\" is set in a file: who reads it shows its help and does nothing else", origin);
+    }
+    if (isSet && origin.source() == Origin::ENVIRONMENT_SOURCE) {
+        mFindings.add(Finding::WARNING_SEVERITY, Rule::HELP_IN_ENVIRONMENT,
+                      "\"help\" is set in the environment: the tool shows its help and does nothing else", origin);
     }
     return false;
 }

@@ -18,6 +18,7 @@ namespace kivo::configuration {
 
 class Specification;
 class ValueProvider;
+struct EnvironmentVariables;
 
 /// Sends the values of all sources through the phases of a request, whatever the phases find, and notes what was given
 /// and what became of it.
@@ -34,6 +35,8 @@ public:
     void takeFaults(ParameterErrors const& faults);
     /// Adds a command line. @param arguments as parseArguments() gives them
     void addArguments(ParameterValueGroup const& arguments);
+    /// Adds environment variables, and says which of them belong to no setting.
+    void addEnvironment(EnvironmentVariables const& environment);
     /// Adds the tree of a values file. @param isFixed whether its repeated elements are values
     void addFile(ParameterValueGroup const& tree, bool isFixed);
     /// Adds the application's own values.

@@ -4,6 +4,7 @@
 
 #include <configuration/ApplicationValuesProvider.h>
 #include <configuration/CommandLineValueProvider.h>
+#include <configuration/EnvironmentValueProvider.h>
 #include <configuration/Manager.h>
 #include <configuration/ParameterGroup.h>
 #include <configuration/XmlFileValueProvider.h>
@@ -77,7 +78,8 @@ bool addMachineConfig(InspectionPipeline& pipeline, InspectionInputs::MachineCon
 } // namespace
 
 bool addToolSources(InspectionPipeline& pipeline, std::vector<std::string> const& arguments,
-                    std::string const& applicationFile, InspectionInputs::MachineConfig machineConfig) {
+                    std::optional<EnvironmentVariables> const& environment, std::string const& applicationFile,
+                    InspectionInputs::MachineConfig machineConfig) {
     ContextMgr const context;
     XmlScope const scope;
     auto const split = splitArguments(arguments);
@@ -92,6 +94,9 @@ bool addToolSources(InspectionPipeline& pipeline, std::vector<std::string> const
     }
     if (!arguments.empty()) {
         addArguments(pipeline, split);
+    }
+    if (environment) {
+        pipeline.addEnvironment(*environment);
     }
     if (!applicationFile.empty()) {
         addNamedFile(pipeline, applicationFile, {});
@@ -112,6 +117,8 @@ void addProviders(InspectionPipeline& pipeline, Manager& manager, int flags) {
             pipeline.addFile(provider.getDataCache(), static_cast<XmlFileValueProvider&>(provider).isFixed());
         } else if (type == typeid(ApplicationValuesProvider)) {
             pipeline.addApplicationValues(provider.getDataCache());
+        } else if (type == typeid(EnvironmentValueProvider)) {
+            pipeline.addEnvironment(static_cast<EnvironmentValueProvider&>(provider).getVariables());
         } else if (!pipeline.addProvider(provider, flags)) {
             return;
         }

@@ -2,6 +2,9 @@
 
 #include <configuration/InspectionInputs.h>
 
+#include "providers/EnvironmentVariables.h"
+
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,7 +18,8 @@ class Manager;
 /// @param machineConfig when the installation's file counts
 /// @return whether MACHINE_CONFIG_TAKEN_IF_ADDRESSED left the installation's file out
 bool addToolSources(InspectionPipeline& pipeline, std::vector<std::string> const& arguments,
-                    std::string const& applicationFile, InspectionInputs::MachineConfig machineConfig);
+                    std::optional<EnvironmentVariables> const& environment, std::string const& applicationFile,
+                    InspectionInputs::MachineConfig machineConfig);
 
 /// Gives a pipeline the values of the manager's enabled providers, in the order in which a request asks them.
 void addProviders(InspectionPipeline& pipeline, Manager& manager, int flags);

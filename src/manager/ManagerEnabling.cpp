@@ -1,6 +1,7 @@
 #include "kernel/kvProcessInit.h"
 
 #include <configuration/CommandLineValueProvider.h>
+#include <configuration/EnvironmentValueProvider.h>
 #include <configuration/XmlFileValueProvider.h>
 
 #include "manager/ContextMgr.h"
@@ -58,6 +59,15 @@ void Manager::Impl::enableConfiguration(bool allowMachineConfig, char const* app
     if (allowMachineConfig) {
         loadAndLogConfigurationFile(machineConfigurationFile(), true, {});
     }
+}
+
+void Manager::Impl::enableEnvironment(char const* prefix) {
+    auto const* const commandLine = findProvider(COMMAND_LINE_PROVIDER_NAME);
+    auto provider = std::make_unique<EnvironmentValueProvider>(commandLine ? commandLine->getPriority()
+                                                                           : APPLICATION_VALUES_PRIORITY);
+    provider->enableProvider(prefix, 0);
+    registerProvider(provider.get());
+    provider.release();
 }
 
 bool Manager::Impl::loadConfigurationFile(std::string const& path, bool allowMissing, StoredOrigin const& demand) {

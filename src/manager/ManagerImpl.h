@@ -31,7 +31,8 @@ public:
     ~Impl();
 
     // configuration_Manager.cpp
-    /// Takes ownership, unless it throws. The provider is asked after those of the same priority.
+    /// Takes ownership, unless it throws. The provider is asked after those of the same priority, but before those for
+    /// the environment.
     void registerProvider(ValueProvider* provider);
     /// Makes, registers and returns a provider.
     template <class Provider>
@@ -56,6 +57,7 @@ public:
     // ManagerEnabling.cpp
     void enableConfiguration(bool allowMachineConfig, char const* applicationConfigFile, unsigned int argc,
                              char const* const* argv);
+    void enableEnvironment(char const* prefix);
     /// @param demand the argument that asks for the file, if one does
     bool loadConfigurationFile(std::string const& path, bool allowMissing, StoredOrigin const& demand);
     void loadAndLogConfigurationFile(std::string const& path, bool allowMissing, StoredOrigin const& demand);
@@ -72,8 +74,9 @@ public:
     char const* composeMessage(std::string& buffer, char const* providerName, char const* specificationName,
                                ComposeFunction const& compose) const;
 
-    /// Sorted by priority; those of equal priority in the order of registration.
+    /// Sorted by priority; those of equal priority in the order of registration, those for the environment last.
     std::vector<std::unique_ptr<ValueProvider>> mProviders;
+    static constexpr int APPLICATION_VALUES_PRIORITY = 0;
     /// The priority of the next provider that enableConfiguration() or loadConfigurationFile() makes.
     int mNextProviderPriority = 1;
     KeyedRegistry<Specification> mSpecifications{"specification"};

@@ -116,7 +116,7 @@ void Manager::Impl::setApplicationValues(ParameterValueGroup const& values, int 
     if (provider) {
         provider->reset();
     } else {
-        provider = &addProvider<ApplicationValuesProvider>(0);
+        provider = &addProvider<ApplicationValuesProvider>(APPLICATION_VALUES_PRIORITY);
     }
     provider->enableProvider(values, flags);
     mValueGroupCache.clear();

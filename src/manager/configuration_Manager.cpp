@@ -1,6 +1,7 @@
 #include "kernel/kvProcessInit.h"
 
 #include <configuration/ConfigurationException.h>
+#include <configuration/EnvironmentValueProvider.h>
 #include <configuration/ValueGroupIterator.h>
 
 #include "manager/ManagerImpl.h"
@@ -9,20 +10,32 @@
 #include "schema/ItemKinds.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kivo::configuration {
 
 char const* const Manager::COMMAND_LINE_PROVIDER_NAME = "CLI";
 char const* const Manager::XML_FILE_PROVIDER_NAME = "XML_FILE";
 char const* const Manager::APPLICATION_PROVIDER_NAME = "APP_VALUES";
+char const* const Manager::ENVIRONMENT_PROVIDER_NAME = "ENVIRONMENT";
+
+namespace {
+
+/// What the providers are sorted by. The environment shares the priority of the command line, or of the application's
+/// own values, and comes after them, whatever is registered first.
+std::pair<int, bool> placeOf(ValueProvider const& provider) {
+    return {provider.getPriority(), dynamic_cast<EnvironmentValueProvider const*>(&provider) != nullptr};
+}
+
+} // namespace
 
 Manager::Impl::Impl() = default;
 
 Manager::Impl::~Impl() { clearCaches(); }
 
 void Manager::Impl::registerProvider(ValueProvider* provider) {
-    auto const position = std::ranges::upper_bound(mProviders, provider->getPriority(), {},
-                                                   [](auto const& registered) { return registered->getPriority(); });
+    auto const position = std::ranges::upper_bound(mProviders, placeOf(*provider), {},
+                                                   [](auto const& registered) { return placeOf(*registered); });
     mProviders.emplace(position)->reset(provider); // room first: when there is none, the caller keeps the provider
 }
 
@@ -169,6 +182,8 @@ void Manager::enableConfiguration(bool allowMachineConfig, char const* applicati
                                   char const* const* argv) {
     mImpl->enableConfiguration(allowMachineConfig, applicationConfigFile, argc, argv);
 }
+
+void Manager::enableEnvironment(char const* prefix) { mImpl->enableEnvironment(prefix); }
 
 void Manager::loadConfigurationFile(char const* path) {
     KIVO_REQUIRE(path != 0);

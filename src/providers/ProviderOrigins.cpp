@@ -4,6 +4,7 @@
 
 #include <configuration/ApplicationValuesProvider.h>
 #include <configuration/CommandLineValueProvider.h>
+#include <configuration/EnvironmentValueProvider.h>
 #include <configuration/ParameterValue.h>
 #include <configuration/ParameterValueGroup.h>
 #include <configuration/ParameterValueVisitor.h>
@@ -41,7 +42,7 @@ private:
 bool isOfLibrary(ValueProvider const& provider) {
     auto const& type = typeid(provider);
     return type == typeid(CommandLineValueProvider) || type == typeid(XmlFileValueProvider) ||
-           type == typeid(ApplicationValuesProvider);
+           type == typeid(ApplicationValuesProvider) || type == typeid(EnvironmentValueProvider);
 }
 
 } // namespace

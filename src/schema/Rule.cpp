@@ -24,10 +24,11 @@ constexpr RuleName RULES[] = {
     {Rule::EXPLICIT_CONSTRAINT, "explicit-constraint"}, // an element for a group that is not a section
     {Rule::FAILED_PROVIDER, "failed-provider"},         // what a provider of the caller's own throws
     {Rule::FOREIGN_FILE, "foreign-file"},               // a file for another specification
+    {Rule::HELP_IN_ENVIRONMENT, "help-in-environment"}, // help for every run of the tool
     {Rule::HELP_IN_FILE, "help-in-file"},               // help for every tool that reads the file
     {Rule::INVALID_VALUE, "invalid-value"},             // a text that does not fit its type
     {Rule::INVALID_XML, "invalid-xml"},                 // a file that cannot be read
-    {Rule::MISPLACED_SETTING, "misplaced-setting"},     // a setting of a section, given outside it
+    {Rule::MISPLACED_SETTING, "misplaced-setting"},     // a setting of a section, given elsewhere
     {Rule::MISSING_FILE, "missing-file"},               // a file that is not there
     {Rule::MISSING_GROUP, "missing-group"},             // nothing given at all
     {Rule::MISSING_SECTION, "missing-section"},         // a required section
@@ -40,6 +41,7 @@ constexpr RuleName RULES[] = {
     {Rule::UNKNOWN_LABEL, "unknown-label"},             // not in the enumeration
     {Rule::UNKNOWN_SECTION, "unknown-section"},         // an element that nobody knows, and what is in it
     {Rule::UNKNOWN_SETTING, "unknown-setting"},         // a flag or an attribute that nobody knows
+    {Rule::UNKNOWN_VARIABLE, "unknown-variable"},       // of no setting, but with the tool's prefix
     {Rule::UNNAMED_ITEM, "unnamed-item"},               // a value or a group without a name
     {Rule::WRONG_KIND, "wrong-kind"},                   // a setting where a section belongs, or the other way round
 };

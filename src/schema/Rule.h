@@ -13,6 +13,7 @@ enum class Rule : unsigned char {
     EXPLICIT_CONSTRAINT,
     FAILED_PROVIDER,
     FOREIGN_FILE,
+    HELP_IN_ENVIRONMENT,
     HELP_IN_FILE,
     INVALID_VALUE,
     INVALID_XML,
@@ -29,6 +30,7 @@ enum class Rule : unsigned char {
     UNKNOWN_LABEL,
     UNKNOWN_SECTION,
     UNKNOWN_SETTING,
+    UNKNOWN_VARIABLE,
     UNNAMED_ITEM,
     WRONG_KIND
 };

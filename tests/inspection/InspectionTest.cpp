@@ -10,6 +10,7 @@
 #include <configuration/ValueGroup.h>
 #include <configuration/ValueProvider.h>
 
+#include <list>
 #include <sstream>
 
 namespace kivo::test {
@@ -63,10 +64,17 @@ std::string explain(FileCase const& row, TemporaryInstallation const& installati
         manager.setApplicationValues(*treeOf(values), 0);
         return composeExplanation(Inspection(specification, has("required"), bits), has("changed"));
     }
+    std::list<ScopedEnvironment> environment;
+    std::istringstream variables(row["environment"]);
+    for (std::string variable; variables >> variable;) {
+        auto const equals = variable.find('=');
+        environment.emplace_back(variable.substr(0, equals), variable.substr(equals + 1));
+    }
     auto const inputs = InspectionInputs()
                             .setMachineConfig(InspectionInputs::MACHINE_CONFIG_TAKEN)
                             .setApplicationFile(row["application"].c_str())
                             .setArguments(static_cast<unsigned>(argv.size()), argv.data())
+                            .setEnvironment(environment.empty() ? nullptr : "TOOL")
                             .setOpenCommandLine(has("open"))
                             .setFlags(bits)
                             .setRequired(has("required"));

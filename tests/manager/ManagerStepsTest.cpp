@@ -38,11 +38,15 @@ protected:
         installation.write("config/a.xml", "<tool a=\"config\"/>");
         installation.write("config/b.xml", "<tool b=\"config\"/>");
         installation.write("config/machine.config", "<tool m=\"1\"/>");
+        setenv("TOOL_A", "variable", 1);
         installation.write("here/a.xml", "<tool a=\"here\"/>");
         installation.write("here/bad.xml", "<tool");
         fs::current_path(installation.at("here"));
     }
-    ~ManagerSteps() override { fs::current_path(mBefore); }
+    ~ManagerSteps() override {
+        unsetenv("TOOL_A");
+        fs::current_path(mBefore);
+    }
 
     void check(std::string const& file) {
         checkCases("manager/" + file, [&](FileCase const& row) {
@@ -157,6 +161,7 @@ private:
         {"application", [](auto& values) { manager().setApplicationValues(*treeOf(values), 0); }},
         {"enable", [](auto& text) { enable(false, text); }},
         {"enable-with-machine", [](auto& text) { enable(true, text); }},
+        {"enable-environment", [](auto& prefix) { manager().enableEnvironment(prefix.c_str()); }},
         {"load", [](auto& path) { manager().loadConfigurationFile(path.c_str()); }},
         {"settings", [&](auto& name) { getSettings(name, true, 0); }},
         {"optional-settings", [&](auto& name) { getSettings(name, false, 0); }},

@@ -7,10 +7,17 @@
 
 #include <configuration/ApplicationValuesProvider.h>
 #include <configuration/CommandLineValueProvider.h>
+#include <configuration/EnvironmentValueProvider.h>
 #include <configuration/Flags.h>
 #include <configuration/XmlFileValueProvider.h>
 
+#include <algorithm>
+#include <iterator>
+#include <optional>
 #include <sstream>
+#include <utility>
+
+#include <unistd.h>
 
 namespace kivo::test {
 
@@ -86,6 +93,41 @@ TEST_F(ProviderTest, IsEnabledUntilItIsResetAndRefusesInputThatItDoesNotTake) {
     auto const tree = whatOf([&] { commandLine.enableProvider(*values, 0); });
     EXPECT_EQ(tree, "setArguments(const ParameterValueGroup&) is not supported");
     EXPECT_FALSE(commandLine.getEnabled());
+}
+
+TEST_F(ProviderTest, ReadsTheEnvironment) {
+    checkCases("providers/environment.txt", [](FileCase const& row) {
+        manager().reset();
+        auto const* const tool = createTool(row["schema"]);
+        std::vector<std::string> entries;
+        std::istringstream texts(row["environment"]);
+        for (std::string text; std::getline(texts, text);) {
+            entries.push_back(text);
+        }
+        std::vector<char*> pointers;
+        std::ranges::transform(entries, std::back_inserter(pointers), [](auto& entry) { return entry.data(); });
+        pointers.push_back(nullptr);
+        auto* const before = std::exchange(environ, pointers.data());
+        EnvironmentValueProvider provider(0);
+        auto const thrown = whatOf([&] { provider.enableProvider(row["prefix"].c_str(), 0); });
+        environ = before;
+        EXPECT_EQ(provider.getEnabled(), thrown == "<nothing>");
+        return lines({provider.getEnabled() ? ask(provider, tool, STRICT_RECOGNITION) : thrown});
+    });
+}
+
+TEST_F(ProviderTest, ReadsTheEnvironmentOnce) {
+    auto const* const tool = createTool("tool{level?=1}");
+    EnvironmentValueProvider provider(0);
+    std::optional<ScopedEnvironment> variable(std::in_place, "TOOL_LEVEL", "2");
+    provider.enableProvider("TOOL", 0);
+    variable.reset();
+    EXPECT_EQ(whatOf([&] { provider.setArguments("=", 0); }), "\"=\" is not a valid prefix of environment variables");
+    EXPECT_EQ(ask(provider, tool), "?{tool{level=2}}");
+    provider.reset();
+    EXPECT_EQ(ask(provider, tool), "?{}");
+    EXPECT_EQ(whatOf([&] { provider.setArguments(static_cast<char const*>(nullptr), 0); }),
+              contractText("argument != 0"));
 }
 
 using Arguments = std::vector<char const*>;

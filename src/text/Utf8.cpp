@@ -1,0 +1,28 @@
+#include "kernel/kvProcessInit.h"
+
+#include "text/Utf8.h"
+
+#include <algorithm>
+
+namespace kivo::configuration {
+
+bool continuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
+std::size_t sizeOfCharacter(std::string_view text) {
+    auto const first = static_cast<unsigned char>(text[0]);
+    std::size_t const size = first < 0xC2 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : first < 0xF5 ? 4 : 1;
+    bool const isWhole = size <= text.size() && std::ranges::all_of(text.substr(1, size - 1), continuesCharacter);
+    return isWhole ? size : 1;
+}
+
+char32_t characterOf(std::string_view text) {
+    auto const size = sizeOfCharacter(text);
+    char32_t const first = static_cast<unsigned char>(text[0]);
+    char32_t character = size == 1 ? first : first & (0x7FU >> size);
+    for (char const byte : text.substr(1, size - 1)) {
+        character = character << 6U | (static_cast<unsigned char>(byte) & 0x3FU);
+    }
+    return character;
+}
+
+} // namespace kivo::configuration

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace kivo::configuration {
+
+/// Whether a byte continues a UTF-8 character.
+bool continuesCharacter(char byte);
+
+/// The number of bytes of the UTF-8 character that a text begins with; 1 for a byte that begins none.
+/// @param text not empty
+std::size_t sizeOfCharacter(std::string_view text);
+
+/// The character that a text begins with, of one that is no UTF-8 the byte. @param text not empty
+char32_t characterOf(std::string_view text);
+
+} // namespace kivo::configuration
