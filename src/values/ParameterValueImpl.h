@@ -1,8 +1,10 @@
 #pragma once
 
+#include <configuration/ConfigurationException.h>
 #include <configuration/ParameterEnumDefinition.h>
 #include <configuration/ParameterValue.h>
 
+#include "schema/LocatedException.h"
 #include "values/ParameterValueItemImpl.h"
 #include "values/ValueText.h"
 
@@ -31,14 +33,24 @@ public:
 
     /// A text as a number or truth value: a label's number, or what a conversion makes of it; without a text 0 or
     /// false.
+    /// @param index the position of the text, or of the entry that a default stands in for
     template <class Convert>
-    auto read(char const* text, Convert convert) const {
+    auto read(unsigned long index, char const* text, Convert convert) const {
         using Content = decltype(convert(text));
         if (!text) {
             return Content{};
         }
         auto const* labels = enumDefinition();
-        return labels ? static_cast<Content>(labels->getValue(text)) : convert(text);
+        return labels ? static_cast<Content>(numberOf(*labels, index, text)) : convert(text);
+    }
+
+    /// The number of a label. @param index as for read()
+    int numberOf(ParameterEnumDefinition const& labels, unsigned long index, char const* label) const {
+        try {
+            return labels.getValue(label);
+        } catch (ConfigurationException const& fault) {
+            throw located(mValues[index].origin, fault);
+        }
     }
 
     bool mUsingDefaultValue = false;

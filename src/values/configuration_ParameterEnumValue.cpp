@@ -19,7 +19,6 @@ public:
         }
         return mEnumDefinition;
     }
-    int numberOf(char const* label) const { return labels()->getValue(label); }
 
     ParameterEnumDefinition const* mEnumDefinition = nullptr;
 };
@@ -41,16 +40,19 @@ ParameterEnumValue::~ParameterEnumValue() = default;
 ParameterEnumValue* ParameterEnumValue::clone(CopyMethod) const { return new ParameterEnumValue(*this); }
 
 bool ParameterEnumValue::getBooleanValue(unsigned long index) const {
-    return mImpl->numberOf(getValue(index, false)) != 0;
+    return ParameterEnumValue::getIntValue(index) != 0;
 }
 
-int ParameterEnumValue::getIntValue(unsigned long index) const { return mImpl->numberOf(getValue(index, false)); }
+int ParameterEnumValue::getIntValue(unsigned long index) const {
+    auto const* label = getValue(index, false);
+    return mImpl->numberOf(*mImpl->labels(), index, label);
+}
 
 unsigned int ParameterEnumValue::getUIntValue(unsigned long index) const {
-    return static_cast<unsigned int>(mImpl->numberOf(getValue(index, false)));
+    return static_cast<unsigned int>(ParameterEnumValue::getIntValue(index));
 }
 
-double ParameterEnumValue::getDoubleValue(unsigned long index) const { return mImpl->numberOf(getValue(index, false)); }
+double ParameterEnumValue::getDoubleValue(unsigned long index) const { return ParameterEnumValue::getIntValue(index); }
 
 void ParameterEnumValue::setEnumDefinition(ParameterEnumDefinition const& enumDefinition) {
     mImpl->mEnumDefinition = &enumDefinition;

@@ -37,14 +37,15 @@ Number nearest(std::integral auto number) {
 }
 
 /// A text as a 64-bit number; without a text 0.
+/// @param index as for ParameterValue::Impl::read()
 /// @param state what knows the labels, and the parameter
 template <std::integral Number>
-Number readWide(char const* text, auto const& state) {
+Number readWide(unsigned long index, char const* text, auto const& state) {
     if (!text) {
         return 0;
     }
     if (auto const* labels = state.labels()) {
-        return nearest<Number>(labels->getValue(text));
+        return nearest<Number>(state.numberOf(*labels, index, text));
     }
     auto const* parameter = state.parameter();
     auto const type = parameter ? parameter->getValueType() : Parameter::STRING_PARAMETER;
@@ -129,25 +130,27 @@ char const* ParameterValue::getValue(unsigned long index, bool ignoreDefault) co
 }
 
 bool ParameterValue::getBooleanValue(unsigned long index) const {
-    return mImpl->read(getValue(index, false), parseBoolean);
+    return mImpl->read(index, getValue(index, false), parseBoolean);
 }
 
-int ParameterValue::getIntValue(unsigned long index) const { return mImpl->read(getValue(index, false), parseInt); }
+int ParameterValue::getIntValue(unsigned long index) const {
+    return mImpl->read(index, getValue(index, false), parseInt);
+}
 
 unsigned int ParameterValue::getUIntValue(unsigned long index) const {
-    return static_cast<unsigned int>(mImpl->read(getValue(index, false), parseInt));
+    return static_cast<unsigned int>(mImpl->read(index, getValue(index, false), parseInt));
 }
 
 double ParameterValue::getDoubleValue(unsigned long index) const {
-    return mImpl->read(getValue(index, false), [](char const* text) { return parseDouble(text).value; });
+    return mImpl->read(index, getValue(index, false), [](char const* text) { return parseDouble(text).value; });
 }
 
 std::int64_t ParameterValue::getLongValue(unsigned long index) const {
-    return readWide<std::int64_t>(getValue(index, false), *mImpl);
+    return readWide<std::int64_t>(index, getValue(index, false), *mImpl);
 }
 
 std::uint64_t ParameterValue::getULongValue(unsigned long index) const {
-    return readWide<std::uint64_t>(getValue(index, false), *mImpl);
+    return readWide<std::uint64_t>(index, getValue(index, false), *mImpl);
 }
 
 unsigned long ParameterValue::getNumberOfValues() const { return mImpl->mValues.size(); }
