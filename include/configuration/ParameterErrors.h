@@ -64,8 +64,14 @@ public:
     /// As addErrorAt(), with the rule that is broken.
     KIVO_CONFIGURATION_LOCAL void addFault(Rule rule, StoredOrigin const& origin, char const* format, ...)
         KIVO_CONFIGURATION_PRINTF(4, 5);
+    /// Says how reports show the message at a position, because it holds a secret text.
+    KIVO_CONFIGURATION_LOCAL void setMaskedError(unsigned long index, std::string const& message);
+    /// Gives the fault at a position another origin.
+    KIVO_CONFIGURATION_LOCAL void setStoredOrigin(unsigned long index, StoredOrigin const& origin);
     /// The rule that the fault at a position breaks.
     KIVO_CONFIGURATION_LOCAL Rule getRule(unsigned long index) const;
+    /// How reports show the message at a position; empty when they show it as it is.
+    KIVO_CONFIGURATION_LOCAL std::string const& getMaskedError(unsigned long index) const;
     /// As getOrigin(), without a conversion.
     KIVO_CONFIGURATION_LOCAL StoredOrigin const& getStoredOrigin(unsigned long index) const;
 

@@ -14,12 +14,21 @@ StoredOrigin DeclarationPlaces::of(XmlElement const& element) const {
     return mFile.at(position.line, position.column);
 }
 
+XmlPosition DeclarationPlaces::positionOf(XmlElement const& element, char const* text) const {
+    auto const attribute = std::ranges::find(element.getAttributes(), text, &XmlAttribute::value);
+    return mDocument.getPosition(element, *attribute);
+}
+
+StoredOrigin DeclarationPlaces::ofAttribute(XmlElement const& element, char const* text) const {
+    auto const position = positionOf(element, text);
+    return mFile.at(position.line, position.column);
+}
+
 StoredOrigin DeclarationPlaces::ofDefault(XmlElement const& element, char const* text) const {
     if (!text) {
         return {};
     }
-    auto const attribute = std::ranges::find(element.getAttributes(), text, &XmlAttribute::value);
-    auto const position = mDocument.getPosition(element, *attribute);
+    auto const position = positionOf(element, text);
     return mDefaults.at(position.line, position.column);
 }
 

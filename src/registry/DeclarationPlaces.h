@@ -14,10 +14,15 @@ public:
     /// Where an element begins.
     StoredOrigin of(XmlElement const& element) const;
 
-    /// Where the attribute begins that gives a default. @param text the attribute's, not a copy; null: there is none
+    /// Where an attribute begins. @param text the attribute's, not a copy
+    StoredOrigin ofAttribute(XmlElement const& element, char const* text) const;
+
+    /// The same for an attribute that gives a default. @param text null: there is none
     StoredOrigin ofDefault(XmlElement const& element, char const* text) const;
 
 private:
+    XmlPosition positionOf(XmlElement const& element, char const* text) const;
+
     XmlDocument const& mDocument;
     StoredOrigin mFile;
     StoredOrigin mDefaults;

@@ -2,7 +2,7 @@
 
 #include "registry/DeclarationRegistrar.h"
 
-#include <configuration/ConfigurationException.h>
+#include <configuration/ConfigurationParameterException.h>
 #include <configuration/Manager.h>
 #include <configuration/ParameterGroup.h>
 #include <configuration/ParameterSpecialization.h>
@@ -15,6 +15,7 @@
 
 #include <limits>
 #include <string>
+#include <utility>
 
 namespace kivo::configuration {
 
@@ -55,6 +56,24 @@ ParameterGroup& findGroup(char const* id) {
         throw ConfigurationException("\"%s\" is not a group", id);
     }
     return *group;
+}
+
+/// Does something with the text of an attribute. Its faults get the place of the attribute, unless they have one.
+/// @param placeOfAttribute gives the place; unknown: there is no attribute
+template <class Place, class Act>
+auto atAttribute(Place placeOfAttribute, Act act) {
+    try {
+        return act();
+    } catch (ConfigurationParameterException const& thrown) {
+        auto errors = thrown.getErrors();
+        StoredOrigin const place = placeOfAttribute();
+        for (unsigned long i = 0; place.isKnown() && i < errors.getNumberOfErrors(); ++i) {
+            if (errors.getStoredOrigin(i).line() == 0) {
+                errors.setStoredOrigin(i, place);
+            }
+        }
+        throw ConfigurationParameterException(errors, "%s", thrown.what());
+    }
 }
 
 } // namespace
@@ -107,9 +126,13 @@ void DeclarationRegistrar::add(ParameterDeclaration const& parameter) {
     constexpr bool isUnbounded = false;
     constexpr bool isHidden = false;
     ParameterRegistration::add(parameter.id, [&] {
-        auto made = std::make_unique<Parameter>(parameter.id, parameter.name, parameter.description, isOptional,
-                                                isUnbounded, parameter.type, parameter.defaultValue,
-                                                parameter.valueName, parameter.validator, isHidden);
+        auto made = atAttribute([&] { return defaultPlace; },
+                                [&] {
+                                    return std::make_unique<Parameter>(
+                                        parameter.id, parameter.name, parameter.description, isOptional, isUnbounded,
+                                        parameter.type, parameter.defaultValue, parameter.valueName,
+                                        parameter.validator, isHidden);
+                                });
         made->setDeclarationOrigin(mPlace);
         if (parameter.defaultValue) {
             made->setDefaultOrigin(defaultPlace);
@@ -117,11 +140,11 @@ void DeclarationRegistrar::add(ParameterDeclaration const& parameter) {
         if (enumeration) {
             made->setEnumDefinition(enumeration);
         }
-        if (parameter.minimum) {
-            made->setMinimum(parameter.minimum);
-        }
-        if (parameter.maximum) {
-            made->setMaximum(parameter.maximum);
+        for (auto const& [bound, set] : {std::pair(parameter.minimum, &Parameter::setMinimum),
+                                         std::pair(parameter.maximum, &Parameter::setMaximum)}) {
+            if (bound) {
+                atAttribute([&] { return mPlaces.ofAttribute(*mElement, bound); }, [&] { ((*made).*set)(bound); });
+            }
         }
         made->setSensitive(parameter.isSensitive);
         if (parameter.deprecation) {
@@ -174,8 +197,12 @@ void DeclarationRegistrar::add(ParameterReference const& reference) {
         return;
     }
     auto const defaultPlace = mPlaces.ofDefault(*mElement, reference.defaultValue);
-    auto* const created = ParameterSpecialization::Create(reference.id, reference.description, isOptional, isUnbounded,
-                                                          reference.defaultValue, isHidden);
+    auto* const created =
+        atAttribute([&] { return defaultPlace; },
+                    [&] {
+                        return ParameterSpecialization::Create(reference.id, reference.description, isOptional,
+                                                               isUnbounded, reference.defaultValue, isHidden);
+                    });
     created->setDeclarationOrigin(mPlace);
     if (reference.defaultValue) {
         created->setDefaultOrigin(defaultPlace);

@@ -27,6 +27,7 @@ void addException(ParameterErrors& errors, Rule rule, StoredOrigin const& origin
         for (unsigned long i = 0; i < faults.getNumberOfErrors(); ++i) {
             auto const own = faults.getRule(i);
             add(errors, own == Rule::NONE ? rule : own, faults.getStoredOrigin(i), origin, faults.getError(i));
+            errors.setMaskedError(errors.getNumberOfErrors() - 1, faults.getMaskedError(i));
         }
     } else if (auto const* one = dynamic_cast<ConfigurationException const*>(&exception)) {
         add(errors, rule, StoredOrigin(one->getOrigin()), origin, one->what());

@@ -17,13 +17,16 @@ struct RuleName {
 constexpr RuleName RULES[] = {
     {Rule::NONE, "other"},
     {Rule::AMBIGUOUS_FLAG, "ambiguous-flag"},           // a beginning of several names
+    {Rule::DEPRECATED_SETTING, "deprecated"},           // a setting that should no longer be used
     {Rule::DOUBTFUL_VALUE, "doubtful-value"},           // only by accident a text for bool or oid
     {Rule::EMPTY_ARGUMENT, "empty-argument"},           // a lone dash, or nothing
     {Rule::EMPTY_NUMBER, "empty-number"},               // an empty text for a number
     {Rule::EXCLUSIVE_SETTINGS, "exclusive-settings"},   // several alternatives of an exclusive choice
     {Rule::EXPLICIT_CONSTRAINT, "explicit-constraint"}, // an element for a group that is not a section
+    {Rule::EXPOSED_SECRET, "exposed-secret"},           // a secret text where others can read it
     {Rule::FAILED_PROVIDER, "failed-provider"},         // what a provider of the caller's own throws
     {Rule::FOREIGN_FILE, "foreign-file"},               // a file for another specification
+    {Rule::FORMER_NAME, "former-name"},                 // what a setting was called before
     {Rule::HELP_IN_ENVIRONMENT, "help-in-environment"}, // help for every run of the tool
     {Rule::HELP_IN_FILE, "help-in-file"},               // help for every tool that reads the file
     {Rule::INVALID_VALUE, "invalid-value"},             // a text that does not fit its type
@@ -34,6 +37,7 @@ constexpr RuleName RULES[] = {
     {Rule::MISSING_SECTION, "missing-section"},         // a required section
     {Rule::MISSING_SETTING, "missing-setting"},         // a required setting
     {Rule::MISSING_VALUE, "missing-value"},             // a setting, a flag or an element without its text
+    {Rule::OUT_OF_RANGE, "out-of-range"},               // a number that does not keep the bounds
     {Rule::REJECTED_VALUE, "rejected-value"},           // refused by a validator
     {Rule::REPEATED_SETTING, "repeated-setting"},       // given more than once
     {Rule::SUSPICIOUS_XML, "suspicious-xml"},           // what the XML parser warns of

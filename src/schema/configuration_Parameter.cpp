@@ -13,6 +13,7 @@
 #include "schema/FormerNames.h"
 #include "schema/ParameterItemImpl.h"
 #include "schema/ParameterRegistration.h"
+#include "schema/Rule.h"
 #include "schema/StoredOrigin.h"
 #include "schema/ValueTypes.h"
 #include "values/DefaultText.h"
@@ -92,12 +93,14 @@ std::unique_ptr<ParameterValue> makeDefaultValue(Parameter const& parameter, cha
     return value;
 }
 
-/// @param role what the text is to the parameter
-void requireWithin(Bounds const& bounds, Parameter const& parameter, char const* text, char const* role) {
+/// @param role   what the text is to the parameter
+/// @param origin where the text is declared; unknown: whoever reads the declaration knows
+void requireWithin(Bounds const& bounds, Parameter const& parameter, char const* text, char const* role,
+                   StoredOrigin const& origin = {}) {
     if (auto const fault = describeBoundFault(text, parameter.getValueType(), bounds); !fault.empty()) {
         char const* const name = parameter.getName();
         ParameterErrors errors;
-        errors.addError("%s", composeBoundMessage(name, text, fault).c_str());
+        errors.addFault(Rule::OUT_OF_RANGE, origin, "%s", composeBoundMessage(name, text, fault).c_str());
         throw ConfigurationParameterException(errors, "\"%s\" is not a valid %s for parameter \"%s\": it is %s", text,
                                               role, name, fault.c_str());
     }
@@ -106,7 +109,7 @@ void requireWithin(Bounds const& bounds, Parameter const& parameter, char const*
 /// An empty default is accepted, whatever the type and the bounds.
 void requireDefaultWithin(Bounds const& bounds, Parameter const& parameter) {
     if (char const* text = defaultTextOf(parameter); text && *text != '\0') {
-        requireWithin(bounds, parameter, text, "default value");
+        requireWithin(bounds, parameter, text, "default value", parameter.getDefaultValue()->getStoredOrigin(0));
     }
 }
 
@@ -118,7 +121,7 @@ void requireNumber(Parameter const& parameter, char const* text, char const* rol
     }
     if (*text == '\0' || !type.accepts(text)) {
         ParameterErrors errors;
-        errors.addError("%s", composeInvalidValueMessage(name, text, type.noun).c_str());
+        errors.addFault(Rule::INVALID_VALUE, {}, "%s", composeInvalidValueMessage(name, text, type.noun).c_str());
         throw ConfigurationParameterException(errors, "\"%s\" is not a valid %s for parameter \"%s\"", text, role,
                                               name);
     }

@@ -19,6 +19,7 @@ public:
         std::string message;
         StoredOrigin origin;
         std::string suggestion; // empty: none
+        std::string masked;     // empty: nothing in the message is secret
         Rule rule;
     };
 
@@ -26,7 +27,7 @@ public:
         __attribute__((format(printf, 4, 0))) {
         MessageBuffer message;
         message.format(format, arguments);
-        mErrors.push_back({message.get(), std::move(origin), {}, rule});
+        mErrors.push_back({message.get(), std::move(origin), {}, {}, rule});
     }
 
     std::vector<Error> mErrors;
@@ -90,6 +91,16 @@ char const* ParameterErrors::getSuggestion(unsigned long index) const {
     auto const& suggestion = mImpl->mErrors[index].suggestion;
     return suggestion.empty() ? nullptr : suggestion.c_str();
 }
+
+void ParameterErrors::setMaskedError(unsigned long index, std::string const& message) {
+    mImpl->mErrors[index].masked = message;
+}
+
+void ParameterErrors::setStoredOrigin(unsigned long index, StoredOrigin const& origin) {
+    mImpl->mErrors[index].origin = origin;
+}
+
+std::string const& ParameterErrors::getMaskedError(unsigned long index) const { return mImpl->mErrors[index].masked; }
 
 Rule ParameterErrors::getRule(unsigned long index) const { return mImpl->mErrors[index].rule; }
 

@@ -14,11 +14,14 @@ class StoredOrigin;
 /// `<name>: "<text>" is not a valid <type>`; a null name is left out with its colon.
 std::string composeInvalidValueMessage(char const* parameterName, char const* valueText, char const* typeName);
 
+/// Stands for a secret text in reports.
+inline constexpr char const* SECRET_MASK = "****";
+
 /// Checks one text against a type.
 /// @param origin where the text was given
 /// @throws kivo::ContractViolationException "valueText != 0"
 void checkText(char const* parameterName, char const* valueText, StoredOrigin const& origin,
-               Parameter::ValueType valueType, ParameterErrors& errors);
+               Parameter::ValueType valueType, ParameterErrors& errors, bool isSecret = false);
 
 /// Texts of a type of numbers, or null.
 struct Bounds {
@@ -33,7 +36,7 @@ std::string describeBoundFault(char const* valueText, Parameter::ValueType value
 std::string composeBoundMessage(char const* parameterName, char const* valueText, std::string const& fault);
 
 /// Checks every text of a value against a type and the bounds of its parameter and then, unless a text is missing, the
-/// value by a validator.
+/// value by a validator. Faults of a secret text have a masked message, too.
 /// @param validator the validator, or null
 /// @param checkAll  whether the texts after a missing one are checked, too
 /// @throws kivo::ContractViolationException "value != 0"

@@ -3,6 +3,8 @@
 #include <configuration/ConfigurationParameterException.h>
 #include <configuration/ContractViolationException.h>
 #include <configuration/Flags.h>
+#include <configuration/ParameterEnumDefinition.h>
+#include <configuration/ParameterEnumValue.h>
 #include <configuration/ParameterValueVisitor.h>
 #include <configuration/ValueGroup.h>
 #include <configuration/ValueProvider.h>
@@ -190,6 +192,22 @@ private:
 
 TEST_F(Origins, AreThoseOfEveryTextFaultAndDeclaration) {
     checkCases("manager/origins.txt", [&](FileCase const& row) { return run(row); });
+}
+
+TEST_F(Origins, AreThoseOfALabelThatCannotBeRead) {
+    ParameterEnumDefinition labels("labels");
+    auto& mode = *static_cast<Parameter*>(createTool("tool{mode:enum}")->getParameterGroup()->getItem(0UL));
+    mode.setEnumDefinition(&labels);
+    ParameterValue given(&mode, "a");
+    given.addValue("b");
+    given.setOrigin(1, Origin(Origin::FILE_SOURCE, "a.xml", 2, 3));
+    ParameterEnumValue own("mode", "c");
+    own.setEnumDefinition(labels);
+    own.setOrigin(0, Origin::ofArgument(1));
+    auto const expected = show("symbol \"b\" was not found", Origin(Origin::FILE_SOURCE, "a.xml", 2, 3));
+    EXPECT_EQ(faultsOf([&] { given.getIntValue(1); }), expected);
+    EXPECT_EQ(faultsOf([&] { given.getULongValue(1); }), expected);
+    EXPECT_EQ(faultsOf([&] { own.getDoubleValue(0); }), "symbol \"c\" was not found @ command line, argument 1\n");
 }
 
 } // namespace kivo::test
