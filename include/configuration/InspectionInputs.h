@@ -1,5 +1,6 @@
 #pragma once
 
+#include <configuration/CommandLineStyle.h>
 #include <configuration/Export.h>
 
 #include <memory>
@@ -36,6 +37,9 @@ public:
     /// @param argc number of arguments
     /// @param argv the arguments, argv[0] the name of the tool; null: no command line
     InspectionInputs& setArguments(unsigned int argc, char const* const* argv);
+    /// How the arguments are written; PLAIN_COMMAND_LINE at first. In GNU_COMMAND_LINE, "--version" is no fault: a tool
+    /// may know it.
+    InspectionInputs& setCommandLineStyle(CommandLineStyle style);
     /// Whether more may come on the command line than setArguments() says. If so, nothing is reported as missing, and
     /// defaults are shown as they will apply once anything is given. Off at first.
     InspectionInputs& setOpenCommandLine(bool open);

@@ -10,6 +10,7 @@
 #include <configuration/ValueProvider.h>
 
 #include "providers/CommandLineArguments.h"
+#include "providers/GnuArguments.h"
 #include "providers/HelpRequest.h"
 #include "providers/ProviderOrigins.h"
 #include "schema/FaultCollection.h"
@@ -197,6 +198,15 @@ void InspectionPipeline::addArguments(ParameterValueGroup const& arguments) {
     values.addItem(assignArguments(separated, mSpecification, mFlags, &faults).release());
     takeFaults(faults);
     send(values, false);
+}
+
+void InspectionPipeline::addArguments(GnuArguments const& arguments) {
+    ParameterErrors faults;
+    auto split = splitGnuArguments(arguments, mSpecification, mFlags, faults);
+    takeFaults(faults);
+    ParameterValueGroup values(nullptr);
+    values.addItem(split.values.release());
+    send(separate(values, StoredOrigin::ofCommandLine()), false);
 }
 
 void InspectionPipeline::addFile(ParameterValueGroup const& tree, bool isFixed) {

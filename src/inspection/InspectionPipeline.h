@@ -16,6 +16,7 @@
 
 namespace kivo::configuration {
 
+struct GnuArguments;
 class Specification;
 class ValueProvider;
 
@@ -34,6 +35,8 @@ public:
     void takeFaults(ParameterErrors const& faults);
     /// Adds a command line. @param arguments as parseArguments() gives them
     void addArguments(ParameterValueGroup const& arguments);
+    /// Adds a command line in GNU style. Requests for help and for the version are passed over.
+    void addArguments(GnuArguments const& arguments);
     /// Adds the tree of a values file. @param isFixed whether its repeated elements are values
     void addFile(ParameterValueGroup const& tree, bool isFixed);
     /// Adds the application's own values.

@@ -47,7 +47,8 @@ std::shared_ptr<Inspection::Impl const> Inspection::Impl::make(Specification con
 Inspection::Inspection(Specification const& specification, InspectionInputs const& inputs) {
     auto const& given = *inputs.mImpl;
     InspectionPipeline pipeline(specification, given.flags, given.isCommandLineOpen);
-    bool const isLeftOut = addToolSources(pipeline, given.arguments, given.applicationFile, given.machineConfig);
+    bool const isLeftOut =
+        addToolSources(pipeline, given.arguments, given.style, given.applicationFile, given.machineConfig);
     mImpl = Impl::make(specification, pipeline, given.isRequired, isLeftOut);
 }
 

@@ -37,6 +37,11 @@ InspectionInputs& InspectionInputs::setArguments(unsigned int argc, char const* 
     return *this;
 }
 
+InspectionInputs& InspectionInputs::setCommandLineStyle(CommandLineStyle style) {
+    mImpl->style = style;
+    return *this;
+}
+
 InspectionInputs& InspectionInputs::setOpenCommandLine(bool open) {
     mImpl->isCommandLineOpen = open;
     return *this;

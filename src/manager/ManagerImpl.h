@@ -76,6 +76,8 @@ public:
     std::vector<std::unique_ptr<ValueProvider>> mProviders;
     /// The priority of the next provider that enableConfiguration() or loadConfigurationFile() makes.
     int mNextProviderPriority = 1;
+    CommandLineStyle mCommandLineStyle = PLAIN_COMMAND_LINE;
+    std::string mVersionText; // empty: none
     KeyedRegistry<Specification> mSpecifications{"specification"};
     KeyedRegistry<ParameterEnumDefinition> mEnumDefinitions{"enumeration"};
     KeyedRegistry<ParameterItem> mParameterItems{"item"};
