@@ -1,5 +1,6 @@
 #pragma once
 
+#include <configuration/CommandLineStyle.h>
 #include <configuration/Export.h>
 
 #include <memory>
@@ -40,6 +41,9 @@ public:
     /// @param prefix null or empty: the environment does not count
     /// @throws what EnvironmentValueProvider::setArguments() throws; nothing is changed then
     InspectionInputs& setEnvironment(char const* prefix);
+    /// How the arguments are written; PLAIN_COMMAND_LINE at first. In GNU_COMMAND_LINE, "--version" is no fault: a tool
+    /// may know it.
+    InspectionInputs& setCommandLineStyle(CommandLineStyle style);
     /// Whether more may come on the command line than setArguments() says. If so, nothing is reported as missing, and
     /// defaults are shown as they will apply once anything is given. Off at first.
     InspectionInputs& setOpenCommandLine(bool open);

@@ -2,21 +2,12 @@
 
 #include <configuration/InspectionInputs.h>
 
-#include "providers/EnvironmentVariables.h"
-
-#include <optional>
-#include <string>
-#include <vector>
+#include "inspection/ToolSources.h"
 
 namespace kivo::configuration {
 
-/// What a tool would be started with.
-class InspectionInputs::Impl {
+class InspectionInputs::Impl : public ToolInputs {
 public:
-    MachineConfig machineConfig = MACHINE_CONFIG_LEFT_OUT;
-    std::string applicationFile;
-    std::vector<std::string> arguments; // empty: no command line
-    std::optional<EnvironmentVariables> environment;
     bool isCommandLineOpen = false;
     int flags = 0;
     bool isRequired = false;

@@ -12,6 +12,7 @@
 #include "providers/CommandLineArguments.h"
 #include "providers/EnvironmentNames.h"
 #include "providers/EnvironmentVariables.h"
+#include "providers/GnuArguments.h"
 #include "providers/HelpRequest.h"
 #include "providers/ProviderOrigins.h"
 #include "schema/FaultCollection.h"
@@ -216,6 +217,15 @@ void InspectionPipeline::addEnvironment(EnvironmentVariables const& environment)
     values.addItem(names.assign(environment.variables, faults).release());
     takeFaults(faults);
     send(separate(values, StoredOrigin(Origin::ENVIRONMENT_SOURCE, "")), false);
+}
+
+void InspectionPipeline::addArguments(GnuArguments const& arguments) {
+    ParameterErrors faults;
+    auto split = splitGnuArguments(arguments, mSpecification, mFlags, faults);
+    takeFaults(faults);
+    ParameterValueGroup values(nullptr);
+    values.addItem(split.values.release());
+    send(separate(values, StoredOrigin::ofCommandLine()), false);
 }
 
 void InspectionPipeline::addFile(ParameterValueGroup const& tree, bool isFixed) {

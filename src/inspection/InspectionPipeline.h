@@ -16,6 +16,7 @@
 
 namespace kivo::configuration {
 
+struct GnuArguments;
 class Specification;
 class ValueProvider;
 struct EnvironmentVariables;
@@ -37,6 +38,8 @@ public:
     void addArguments(ParameterValueGroup const& arguments);
     /// Adds environment variables, and says which of them belong to no setting.
     void addEnvironment(EnvironmentVariables const& environment);
+    /// Adds a command line in GNU style. Requests for help and for the version are passed over.
+    void addArguments(GnuArguments const& arguments);
     /// Adds the tree of a values file. @param isFixed whether its repeated elements are values
     void addFile(ParameterValueGroup const& tree, bool isFixed);
     /// Adds the application's own values.

@@ -13,6 +13,7 @@
 #include "manager/ContextMgr.h"
 #include "manager/ToolStart.h"
 #include "providers/CommandLineArguments.h"
+#include "providers/GnuArguments.h"
 #include "providers/XmlValuesFile.h"
 #include "registry/xml/XmlFile.h"
 #include "registry/xml/XmlScope.h"
@@ -77,12 +78,10 @@ bool addMachineConfig(InspectionPipeline& pipeline, InspectionInputs::MachineCon
 
 } // namespace
 
-bool addToolSources(InspectionPipeline& pipeline, std::vector<std::string> const& arguments,
-                    std::optional<EnvironmentVariables> const& environment, std::string const& applicationFile,
-                    InspectionInputs::MachineConfig machineConfig) {
+bool addToolSources(InspectionPipeline& pipeline, ToolInputs const& inputs) {
     ContextMgr const context;
     XmlScope const scope;
-    auto const split = splitArguments(arguments);
+    auto const split = splitArguments(inputs.arguments, inputs.style);
     for (auto const& file : split.files) {
         ParameterErrors faults;
         bool const isNamed =
@@ -92,16 +91,19 @@ bool addToolSources(InspectionPipeline& pipeline, std::vector<std::string> const
             addNamedFile(pipeline, file.name, file.flag);
         }
     }
-    if (!arguments.empty()) {
+    if (!inputs.arguments.empty() && inputs.style == GNU_COMMAND_LINE) {
+        pipeline.addArguments(GnuArguments{split.kept, split.keptIndexes, true});
+    } else if (!inputs.arguments.empty()) {
         addArguments(pipeline, split);
     }
-    if (environment) {
-        pipeline.addEnvironment(*environment);
+    if (inputs.environment) {
+        pipeline.addEnvironment(*inputs.environment);
     }
-    if (!applicationFile.empty()) {
-        addNamedFile(pipeline, applicationFile, {});
+    if (!inputs.applicationFile.empty()) {
+        addNamedFile(pipeline, inputs.applicationFile, {});
     }
-    return machineConfig != InspectionInputs::MACHINE_CONFIG_LEFT_OUT && addMachineConfig(pipeline, machineConfig);
+    return inputs.machineConfig != InspectionInputs::MACHINE_CONFIG_LEFT_OUT &&
+           addMachineConfig(pipeline, inputs.machineConfig);
 }
 
 void addProviders(InspectionPipeline& pipeline, Manager& manager, int flags) {
@@ -112,7 +114,12 @@ void addProviders(InspectionPipeline& pipeline, Manager& manager, int flags) {
             continue;
         }
         if (type == typeid(CommandLineValueProvider)) {
-            pipeline.addArguments(static_cast<CommandLineValueProvider&>(provider).getArguments());
+            auto const& commandLine = static_cast<CommandLineValueProvider&>(provider);
+            if (auto const* const arguments = commandLine.getGnuArguments()) {
+                pipeline.addArguments(*arguments);
+            } else {
+                pipeline.addArguments(commandLine.getArguments());
+            }
         } else if (type == typeid(XmlFileValueProvider)) {
             pipeline.addFile(provider.getDataCache(), static_cast<XmlFileValueProvider&>(provider).isFixed());
         } else if (type == typeid(ApplicationValuesProvider)) {

@@ -49,8 +49,7 @@ std::shared_ptr<Inspection::Impl const> Inspection::Impl::make(Specification con
 Inspection::Inspection(Specification const& specification, InspectionInputs const& inputs) {
     auto const& given = *inputs.mImpl;
     InspectionPipeline pipeline(specification, given.flags, given.isCommandLineOpen);
-    bool const isLeftOut =
-        addToolSources(pipeline, given.arguments, given.environment, given.applicationFile, given.machineConfig);
+    bool const isLeftOut = addToolSources(pipeline, given);
     mImpl = Impl::make(specification, pipeline, given.isRequired, isLeftOut);
 }
 

@@ -42,6 +42,11 @@ InspectionInputs& InspectionInputs::setEnvironment(char const* prefix) {
     return *this;
 }
 
+InspectionInputs& InspectionInputs::setCommandLineStyle(CommandLineStyle style) {
+    mImpl->style = style;
+    return *this;
+}
+
 InspectionInputs& InspectionInputs::setOpenCommandLine(bool open) {
     mImpl->isCommandLineOpen = open;
     return *this;
