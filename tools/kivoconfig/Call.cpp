@@ -69,6 +69,10 @@ void addJson(CLI::App& options, Call& call) {
     options.add_flag("--json", call.isJson, "Print one JSON document instead of text");
 }
 
+void addFatalWarnings(CLI::App& options, Call& call) {
+    options.add_flag("--fatal-warnings", call.areWarningsFatal, "End with 1 for warnings, too");
+}
+
 ExitStatus answer(std::vector<std::string> words, Call& call) {
     splitOffArguments(words, call);
     CLI::App options(DESCRIPTION, "kivoconfig");

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "ExitStatus.h"
+#include "text/Json.h"
+
+#include <configuration/Finding.h>
+
+#include <vector>
+
+namespace kivoconfig {
+
+struct Call;
+
+/// A finding, as a member of a JSON document. What does not apply is left out.
+Json toJson(kivo::configuration::Finding const& finding);
+/// Findings, each once, in the order in which text shows them.
+Json toJson(std::vector<kivo::configuration::Finding> const& findings);
+
+/// Reports findings, and nothing else: one a line, then their number; or a JSON document.
+void reportFindings(std::vector<kivo::configuration::Finding> const& findings, Call& call);
+
+/// What the command ends with that found this.
+ExitStatus statusOf(std::vector<kivo::configuration::Finding> const& findings, Call const& call);
+
+} // namespace kivoconfig
