@@ -31,6 +31,10 @@ TYPES = {"int": ("0", NUMBERS), "uint": ("7", NUMBERS), "double": ("1.5", NUMBER
          "oid": ("0-0-0-0", OIDS), "string": ("a--b", STRINGS), "enum": ("none", LABELS), "long": ("-5", NUMBERS),
          "ulong": ("18446744073709551615", NUMBERS), "size": ("64k", SIZES), "duration": ("1d12h", DURATIONS)}
 
+# Bounds, which the default is within.
+BOUNDS = {"int": ("-1", "5"), "uint": ("2", "2147483647"), "double": ("-.5e-3", "5"), "long": ("-5", "2147483648"),
+          "ulong": ("+5", "18446744073709551615"), "size": ("64", "1.5 GB"), "duration": ("36h", "40d")}
+
 
 def escaped(text):
     return "".join("&#%d;" % ord(c) if c in "&<>\"'\t\n" else c for c in text)
@@ -51,8 +55,11 @@ class Specification:
 
     def parameter(self, is_direct):
         kind, name = RANDOM.choice(list(TYPES)), self.name()
+        bounds = zip(("min", "max"), BOUNDS.get(kind, ()))
+        attributes = ' enumType="labels"' if kind == "enum" else "".join(
+            ' %s="%s"' % bound for bound in bounds if RANDOM.random() < 0.4)
         self.parameters += '<Parameter id="%s" name="%s" description="d" type="%s"%s default="%s"/>' % (
-            name, name, kind, ' enumType="labels"' if kind == "enum" else "", TYPES[kind][0])
+            name, name, kind, attributes, TYPES[kind][0])
         reference = '<ParameterRef id="%s" optional="true" unbounded="%s"/>' % (name, RANDOM.choice(("true", "false")))
         return {"name": name, "type": kind, "isDirect": is_direct, "xml": reference}
 

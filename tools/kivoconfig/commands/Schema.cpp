@@ -28,11 +28,15 @@ namespace {
 
 char const* const LIMITS =
     "For editors, and for checks before a file is used. Nothing is required here, since other sources may give it. "
-    "What "
-    "XML Schema 1.0 cannot say is not checked: that the alternatives of an exclusive choice exclude each other; that a "
-    "setting which takes one value is given once; what a validator refuses. Names have to be spelled as here, although "
-    "tools take upper and lower case to be the same. Settings and sections whose ids are no XML names are missing: a "
-    "values file cannot give them.";
+    "What XML Schema 1.0 cannot say is not checked: that the alternatives of an exclusive choice exclude each other; "
+    "that a setting which takes one value is given once; the bounds of fractions, sizes and durations; what a "
+    "validator refuses. Names have to be spelled as here, although tools take upper and lower case to be the same. "
+    "Settings and sections whose ids are no XML names are missing: a values file cannot give them.";
+
+/// A whole number without the white space that the library allows before it.
+std::string withoutSpace(std::string_view number) {
+    return std::string(number.substr(number.find_first_not_of(" \t\n\v\f\r")));
+}
 
 /// What stands between two tags: sections hold elements first, then attributes.
 class SchemaWriter final : public SettingsWalk {
@@ -135,10 +139,21 @@ private:
             for (auto const& label : labels) {
                 mXml.empty("xs:enumeration", {{"value", label}});
             }
+            writeRange(parameter, row.range);
             std::ranges::for_each(row.facets, [this](char const* facet) { facet ? mXml.markup(facet) : void(); });
             mXml.close();
         }
         mXml.close();
+    }
+
+    /// XML Schema compares only whole numbers as the library does.
+    void writeRange(Parameter const& parameter, WholeNumbers const& range) {
+        if (range.least) {
+            char const* const minimum = parameter.getMinimum();
+            char const* const maximum = parameter.getMaximum();
+            mXml.empty("xs:minInclusive", {{"value", withoutSpace(minimum ? minimum : range.least)}});
+            mXml.empty("xs:maxInclusive", {{"value", withoutSpace(maximum ? maximum : range.most)}});
+        }
     }
 
     XmlWriter mXml;

@@ -12,6 +12,7 @@
 
 #include <configuration/Parameter.h>
 #include <configuration/ParameterGroup.h>
+#include <configuration/ParameterValue.h>
 #include <configuration/Specification.h>
 
 #include <algorithm>
@@ -28,16 +29,28 @@ char const* const INSTRUCTION =
     "Nothing is given yet. To give a setting, take its element out of the comment; in a section, the section's tags as "
     "well. What is marked \"in the start tag\" can only be an attribute: copy it into the start tag around it.";
 
-/// A text of the setting's type: its default, where that is one.
+/// A number within the bounds: the default, even where it does not apply, or a bound.
+char const* numberWithin(Parameter const& parameter) {
+    char const* const minimum = parameter.getMinimum();
+    char const* const bound = minimum ? minimum : parameter.getMaximum();
+    auto const* const standard = bound && !parameter.isSensitive() ? parameter.getDefaultValue() : nullptr;
+    char const* const text = standard ? standard->getValue(0, true) : nullptr;
+    return text && *text != '\0' ? text : bound;
+}
+
+/// A text of the setting's type: its default, where that is one. A secret default is not shown.
 std::string exampleOf(Setting const& setting) {
     auto const& parameter = setting.parameter;
     auto const labels = labelsOf(parameter);
-    auto const& text = setting.defaultText;
+    auto const text = parameter.isSensitive() ? std::nullopt : setting.defaultText;
     if (!labels.empty()) {
         return text && std::ranges::find(labels, *text) != labels.end() ? *text : labels.front();
     }
     if (text) {
         return *text;
+    }
+    if (char const* const number = numberWithin(parameter)) {
+        return toUtf8(number);
     }
     auto const* const example = rowOf(parameter.getValueType()).example;
     auto const valueName = valueNameOf(parameter);

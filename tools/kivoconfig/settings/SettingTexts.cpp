@@ -17,6 +17,7 @@ namespace kivoconfig {
 namespace {
 
 char const* const SEVERAL_TIMES = " May be given several times.";
+std::string const SECRET = "****"; // in the place of a text
 
 bool isPlain(char c) {
     return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
@@ -29,12 +30,30 @@ std::string shown(std::string const& value) {
     return isWord ? value : '"' + printable(value) + '"';
 }
 
+/// A sentence about a text of a registry file, which may have its own end.
+std::string sentence(std::string const& lead, char const* text) {
+    auto const words = printable(collapsed(toUtf8(text)));
+    bool const isEnded = !words.empty() && std::string_view(".!?").find(words.back()) != std::string_view::npos;
+    return ' ' + lead + words + (isEnded ? "" : ".");
+}
+
+std::string factOf(char const* lead, char const* text) {
+    return text ? std::string(" ") + lead + ' ' + shown(toUtf8(text)) + '.' : "";
+}
+
 std::string joined(std::vector<std::string> const& labels) {
     std::string text;
     for (auto const& label : labels) {
         text.append(text.empty() ? "" : ", ").append(shown(label));
     }
     return text;
+}
+
+std::string factsOfMarks(Parameter const& parameter) {
+    char const* const deprecation = parameter.getDeprecation();
+    return (parameter.isSensitive() ? " Secret: keep it out of command lines, and of files that others can read."
+                                    : "") +
+           factOf("Formerly", parameter.getFormerName()) + (deprecation ? sentence("Deprecated: ", deprecation) : "");
 }
 
 } // namespace
@@ -46,11 +65,12 @@ std::string factsOf(Setting const& setting) {
     auto const labels = labelsOf(parameter);
     std::string facts = labels.empty() ? std::string("Type: ") + rowOf(parameter.getValueType()).word + '.'
                                        : "One of: " + joined(labels) + '.';
+    facts += factOf("At least", parameter.getMinimum()) + factOf("At most", parameter.getMaximum());
     if (!parameter.isOptional()) {
         facts += " Required.";
     }
     if (setting.defaultText) {
-        facts += " Default: " + shown(*setting.defaultText) + '.';
+        facts += " Default: " + (parameter.isSensitive() ? SECRET : shown(*setting.defaultText)) + '.';
     }
     if (parameter.isUnbounded()) {
         facts += SEVERAL_TIMES;
@@ -58,7 +78,7 @@ std::string factsOf(Setting const& setting) {
     for (auto const& alternative : setting.alternatives) {
         facts += " Excludes the other alternatives of " + shown(toUtf8(alternative.choice->getName())) + '.';
     }
-    return facts;
+    return facts + factsOfMarks(parameter);
 }
 
 std::string factsOfSection(ParameterGroup const& section) {

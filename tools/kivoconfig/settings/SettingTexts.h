@@ -11,7 +11,8 @@ namespace kivoconfig {
 
 /// Its description, in one line.
 std::string descriptionOf(kivo::configuration::ParameterItem const& item);
-/// Sentences about its type, labels, default, and how often it may be given.
+/// Sentences about its type, labels, bounds, default, marks, and how often it may be given. What is secret is not
+/// shown.
 std::string factsOf(Setting const& setting);
 std::string factsOfSection(kivo::configuration::ParameterGroup const& section);
 /// The placeholder of its value; empty when there is none.
