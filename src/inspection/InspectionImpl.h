@@ -1,6 +1,7 @@
 #pragma once
 
 #include <configuration/Inspection.h>
+#include <configuration/ParameterValueGroup.h>
 
 #include <string>
 #include <vector>
@@ -19,6 +20,7 @@ public:
     std::string specificationId;
     std::vector<InspectedSetting> settings;
     std::vector<Finding> findings;
+    ParameterValueGroup values{nullptr};
     bool isMachineConfigLeftOut = false;
 };
 

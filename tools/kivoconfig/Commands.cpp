@@ -5,6 +5,7 @@ namespace kivoconfig {
 // Each is defined in a file of its own, commands/<Command>.cpp.
 Work prepareComplete(CLI::App& options, Call& call);
 Work prepareCompletion(CLI::App& options, Call& call);
+Work prepareDump(CLI::App& options, Call& call);
 Work prepareList(CLI::App& options, Call& call);
 Work prepareManual(CLI::App& options, Call& call);
 Work prepareSchema(CLI::App& options, Call& call);
@@ -14,6 +15,7 @@ std::span<Command const> allCommands() {
     static constexpr Command COMMANDS[] = {
         {"list", "List the specifications of the installation", prepareList},
         {"template", "Write a values file to start from: every setting explained, none given", prepareTemplate},
+        {"dump", "Write the values that a tool would get as a values file", prepareDump},
         {"schema", "Write an XML Schema of a specification's values files, for editors", prepareSchema},
         {"manual", "Write a manual page about a specification", prepareManual},
         {"completion", "Write a script that lets a shell complete a tool's command line", prepareCompletion},
