@@ -19,6 +19,7 @@ public:
 
     std::string specificationId;
     std::vector<InspectedSetting> settings;
+    std::vector<InspectedSetting> hiddenSettings; // that were not given
     std::vector<Finding> findings;
     ParameterValueGroup values{nullptr};
     bool isMachineConfigLeftOut = false;
