@@ -1,18 +1,17 @@
 // Writes the values that a tool would get as a values file, or as a nested object for scripts.
 
 #include "Commands.h"
+#include "Findings.h"
 #include "Inputs.h"
 #include "Installation.h"
 #include "dump/DumpedFile.h"
 #include "dump/DumpedSection.h"
 #include "dump/Selection.h"
 #include "settings/ValuesFileNames.h"
-#include "text/Characters.h"
 #include "text/CodePage.h"
 #include "text/Json.h"
 
 #include <configuration/Inspection.h>
-#include <configuration/InspectionReport.h>
 #include <configuration/Parameter.h>
 #include <configuration/Specification.h>
 
@@ -65,7 +64,7 @@ bool tellErrors(Inspection const& inspection) {
     std::vector<Finding> errors;
     std::ranges::copy_if(inspection.getFindings(), std::back_inserter(errors),
                          [](Finding const& finding) { return finding.getSeverity() == Finding::ERROR_SEVERITY; });
-    std::cerr << toLocal(printableLines(toUtf8(composeFindings(errors))));
+    writeFindings(std::cerr, errors);
     return !errors.empty();
 }
 
