@@ -11,6 +11,7 @@
 
 namespace kivo::configuration {
 
+class ParameterValueGroup;
 class Specification;
 
 /// Everything that can be said about the values of a specification: which text each setting has and where it comes
@@ -56,6 +57,12 @@ public:
     /// there is none. At most two letters, and a third of the name, may be wrong; letter case is ignored.
     /// @param name not null
     std::string suggestSetting(char const* name) const;
+
+    /// The values as a request gives them, whatever was found: a group without a name that holds the specification's
+    /// group, or one for each of its occurrences; nothing when nothing was given and no default applies. Here, hidden
+    /// settings are shown, and what is misplaced stands where it was given. A section that no source gave, and that
+    /// only holds defaults, has an unknown origin. Lives as long as this object; not to be changed.
+    ParameterValueGroup const& getValues() const noexcept;
 
     /// Whether InspectionInputs::MACHINE_CONFIG_TAKEN_IF_ADDRESSED left out a "machine.config" that is there.
     bool isMachineConfigLeftOut() const noexcept;

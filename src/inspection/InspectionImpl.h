@@ -1,6 +1,7 @@
 #pragma once
 
 #include <configuration/Inspection.h>
+#include <configuration/ParameterValueGroup.h>
 
 #include <string>
 #include <vector>
@@ -20,6 +21,7 @@ public:
     std::vector<InspectedSetting> settings;
     std::vector<InspectedSetting> hiddenSettings; // that were not given
     std::vector<Finding> findings;
+    ParameterValueGroup values{nullptr};
     bool isMachineConfigLeftOut = false;
 };
 

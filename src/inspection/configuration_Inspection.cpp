@@ -42,6 +42,7 @@ std::shared_ptr<Inspection::Impl const> Inspection::Impl::make(Specification con
     made->hiddenSettings = lister.takeHidden();
     remarkOnValues(pipeline);
     made->findings = pipeline.getFindings().take();
+    made->values = pipeline.getResult();
     made->isMachineConfigLeftOut = isMachineConfigLeftOut;
     return made;
 }
@@ -70,6 +71,8 @@ char const* Inspection::getSpecificationId() const noexcept { return mImpl->spec
 std::vector<InspectedSetting> const& Inspection::getSettings() const noexcept { return mImpl->settings; }
 
 std::vector<Finding> const& Inspection::getFindings() const noexcept { return mImpl->findings; }
+
+ParameterValueGroup const& Inspection::getValues() const noexcept { return mImpl->values; }
 
 unsigned long Inspection::getNumberOfFindings(Finding::Severity severity) const noexcept {
     return static_cast<unsigned long>(std::ranges::count(mImpl->findings, severity, &Finding::getSeverity));

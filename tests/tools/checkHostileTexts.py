@@ -39,7 +39,7 @@ def registry():
         references += '<ParameterRef id="p%d" optional="true"/>' % i
         references += '<Container id="c%d" name="c%d%s" description="%s" optional="true">%s</Container>' % (
             i, i, short, short, '<ParameterRef id="p%d" optional="true"/>' % i)
-    parameters += '<Parameter id="labels" name="labels" type="enum" enumType="e" description="d" default=""/>'
+    parameters += '<Parameter id="labels" name="labels" type="enum" enumType="e" description="d" default="%s0"/>' % attribute(TEXTS[0])
     references += '<ParameterRef id="labels" optional="true"/>'
     return ('<?xml version="1.1" encoding="UTF-8"?><ConfigurationRegistry>'
             '<Enumerations><Enumeration id="e">%s</Enumeration></Enumerations><Parameters>%s</Parameters>'
@@ -109,7 +109,13 @@ def main():
         with open("template.xml", "w", encoding="utf-8") as file:
             file.write(template)
         require(max(map(len, template.splitlines())) < 7000, "only examples of values make long lines")
-        require(run("read-values-files", "hostile", "template.xml") == "== template.xml\n", "the template has no fault")
+        require(kivoconfig("check", "hostile", "--config", "template.xml") == "", "the template has no fault")
+        dump = ("dump", "hostile", "--config", "template.xml", "--all")
+        with open("dump.xml", "w", encoding="utf-8") as file:
+            file.write(kivoconfig(*dump, status=1))  # what no file can carry is left out
+        require(kivoconfig("check", "hostile", "--config", "dump.xml") == "", "the dump has no fault")
+        values = json.loads(kivoconfig(*dump, "--json"))["values"]
+        require([values["p%d" % i] for i in range(len(TEXTS))] == [text[:1000] for text in TEXTS], "JSON carries all texts")
         elements = re.sub("<!--.*?-->", "", template, flags=re.DOTALL)
         require(elements.split() == ['<?xml', 'version="1.0"', 'encoding="UTF-8"?>', "<hostile>", "</hostile>"],
                 "only comments stand in the document element")

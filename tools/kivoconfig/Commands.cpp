@@ -6,6 +6,7 @@ namespace kivoconfig {
 Work prepareCheck(CLI::App& options, Call& call);
 Work prepareComplete(CLI::App& options, Call& call);
 Work prepareCompletion(CLI::App& options, Call& call);
+Work prepareDump(CLI::App& options, Call& call);
 Work prepareExplain(CLI::App& options, Call& call);
 Work prepareList(CLI::App& options, Call& call);
 Work prepareManual(CLI::App& options, Call& call);
@@ -18,6 +19,7 @@ std::span<Command const> allCommands() {
         {"explain", "Explain values: what a tool reads, where it comes from, and why the rest lost", prepareExplain},
         {"check", "Report all faults in what a tool would be given", prepareCheck},
         {"template", "Write a values file to start from: every setting explained, none given", prepareTemplate},
+        {"dump", "Write the values that a tool would get as a values file", prepareDump},
         {"schema", "Write an XML Schema of a specification's values files, for editors", prepareSchema},
         {"manual", "Write a manual page about a specification", prepareManual},
         {"completion", "Write a script that lets a shell complete a tool's command line", prepareCompletion},

@@ -2,6 +2,7 @@
 
 #include "Commands.h"
 #include "Installation.h"
+#include "settings/CommentedValue.h"
 #include "settings/SettingTexts.h"
 #include "settings/TypeTable.h"
 #include "settings/ValuesFileNames.h"
@@ -101,12 +102,7 @@ private:
         }
         mOut << '\n';
         writeComment(id + ": " + descriptionOf(parameter), factsOf(setting));
-        auto const value = '"' + xmlEscapedInComment(xmlEscaped(exampleOf(setting))) + '"';
-        if (setting.isDirect) {
-            mOut << indent() << "<!-- <" << id << " value=" << value << "/> -->\n";
-        } else {
-            mOut << indent() << "<!-- in the start tag: " << id << '=' << value << " -->\n";
-        }
+        mOut << indent() << commentedValue(id, setting.isDirect, exampleOf(setting)) << '\n';
     }
 
     void writeUnnameable(ParameterItem const& item) {

@@ -12,9 +12,11 @@ using namespace kivo::configuration;
 
 namespace kivoconfig {
 
-void SettingsWalk::walk(Specification const& specification) {
+void SettingsWalk::walk(Specification const& specification) { walkSection(*specification.getParameterGroup()); }
+
+void SettingsWalk::walkSection(ParameterGroup const& section) {
     mSections.clear();
-    specification.getParameterGroup()->accept(*this);
+    section.accept(*this);
 }
 
 bool SettingsWalk::onSectionStart(ParameterGroup const&) { return true; }

@@ -37,6 +37,9 @@ public:
     void walk(kivo::configuration::Specification const& specification);
 
 protected:
+    /// Walks over a section, or a specification's group, as if it was a specification.
+    void walkSection(kivo::configuration::ParameterGroup const& section);
+
     virtual void onSetting(Setting const& setting) = 0;
     /// A section begins, or the specification itself. @return whether to show what is in it, and its end
     virtual bool onSectionStart(kivo::configuration::ParameterGroup const& section);

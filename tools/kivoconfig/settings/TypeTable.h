@@ -17,6 +17,7 @@ struct TypeRow {
     kivo::configuration::Parameter::ValueType type;
     char const* word;    ///< as registry files and manual pages call it
     char const* example; ///< a text of the type; null: there is no typical one
+    bool takesEmpty;     ///< whether an empty text is a value
     WholeNumbers range;  ///< of whole numbers; null for all other types
     char const* base;    ///< type of XML Schema that a schema restricts, or null: any text
     std::array<char const*, 3>
