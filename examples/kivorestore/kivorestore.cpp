@@ -27,6 +27,7 @@ void restore(int argc, char const* const* argv) {
     Specification const& specification = *describeRestore(manager);
 
     auto commandLine = std::make_unique<CommandLineValueProvider>(COMMAND_LINE_PRIORITY);
+    commandLine->setCommandLineStyle(GNU_COMMAND_LINE);
     commandLine->enableProvider(argc, argv, STRICT_RECOGNITION);
     manager.registerProvider(commandLine.release());
     manager.setApplicationValues(restoreValues(), 0);
