@@ -35,12 +35,16 @@ int explain(Specification const& specification) {
 int restore(int argc, char const* const* argv) {
     Manager& manager = *Manager::getInstance();
     Specification const& specification = *describeRestore(manager);
+    manager.setCommandLineStyle(GNU_COMMAND_LINE);
     manager.enableConfiguration(false, nullptr, static_cast<unsigned int>(argc), argv);
     manager.enableEnvironment("KIVORESTORE");
     manager.setApplicationValues(restoreValues(), 0);
 
     // Before settings are asked for, which ends at the first fault.
-    if (std::find(argv, argv + argc, std::string_view("-explain")) != argv + argc) {
+    bool const isExplain = std::any_of(argv, argv + argc, [](std::string_view argument) {
+        return argument == "--explain" || argument == "-explain";
+    });
+    if (isExplain) {
         return explain(specification);
     }
     ValueGroup const settings = manager.getValueGroup(specification.getId(), true, FLAGS);

@@ -100,6 +100,10 @@ void GnuFlags::addNames(Setting const& setting) {
     if (char const* const former = parameter.getFormerName()) {
         addName(section.prefix, former, rank + 1, false);
         mNames.back().isFormer = true;
+        if (section.depth > 0) {
+            addName("", former, WITHOUT_SECTIONS + 1, false);
+            mNames.back().isFormer = true;
+        }
     }
 }
 
@@ -109,14 +113,19 @@ void GnuFlags::addName(std::string const& prefix, std::string const& name, std::
     mNames.push_back({prefix + name, rank, mSettings.size() - 1, prefix.size(), false, canBeShortened && !isHidden});
 }
 
+/// The first name that is not before a text.
+std::vector<GnuFlags::Name>::const_iterator GnuFlags::firstFrom(std::string_view text) const {
+    return std::ranges::lower_bound(mNames, text, CaseInsensitiveLess(), &Name::text);
+}
+
 GnuFlags::Names GnuFlags::findFull(std::string_view name) const {
     Names found;
-    for (auto const& each : std::ranges::equal_range(mNames, name, CaseInsensitiveLess(), &Name::text)) {
-        if (!found.empty() && found.front()->rank != each.rank) {
+    for (auto each = firstFrom(name); each != mNames.end() && equalIgnoringCase(each->text, name); ++each) {
+        if (!found.empty() && found.front()->rank != each->rank) {
             break;
         }
-        if (found.empty() || found.back()->setting != each.setting) {
-            found.push_back(&each);
+        if (found.empty() || found.back()->setting != each->setting) {
+            found.push_back(&*each);
         }
     }
     return found;
@@ -124,15 +133,14 @@ GnuFlags::Names GnuFlags::findFull(std::string_view name) const {
 
 GnuFlags::Names GnuFlags::findShortened(std::string_view text) const {
     Names found;
-    auto const first = std::ranges::lower_bound(mNames, text, CaseInsensitiveLess(), &Name::text);
-    for (auto each = first; each != mNames.end() && beginsIgnoringCase(each->text, text); ++each) {
+    for (auto each = firstFrom(text); each != mNames.end() && beginsIgnoringCase(each->text, text); ++each) {
         if (each->canBeShortened && text.size() > each->prefix) {
             found.push_back(&*each);
         }
     }
     std::ranges::stable_sort(found, {}, &Name::setting);
-    auto const rest = std::ranges::unique(found, {}, &Name::setting);
-    found.erase(rest.begin(), rest.end());
+    auto const isSame = [](Name const* a, Name const* b) { return a->setting == b->setting; };
+    found.erase(std::unique(found.begin(), found.end(), isSame), found.end());
     return found;
 }
 

@@ -75,6 +75,7 @@ private:
 
     std::string obstacleTo(ParameterGroup const& container) const;
     void addNames(Setting const& setting);
+    std::vector<Name>::const_iterator firstFrom(std::string_view text) const;
     void addName(std::string const& prefix, std::string const& name, std::size_t rank, bool canBeShortened);
 
     bool mResolvesNames;
