@@ -8,6 +8,7 @@
 #include "inspection/InspectionImpl.h"
 #include "inspection/InspectionInputsImpl.h"
 #include "inspection/InspectionPipeline.h"
+#include "inspection/MarkRemarks.h"
 #include "inspection/SettingLister.h"
 #include "inspection/ToolSources.h"
 #include "inspection/ValueRemarks.h"
@@ -39,6 +40,7 @@ std::shared_ptr<Inspection::Impl const> Inspection::Impl::make(Specification con
     made->specificationId = specification.getId();
     made->settings = SettingLister(pipeline).list();
     remarkOnValues(pipeline);
+    remarkOnMarks(pipeline);
     made->findings = pipeline.getFindings().take();
     made->isMachineConfigLeftOut = isMachineConfigLeftOut;
     return made;
