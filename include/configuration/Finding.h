@@ -4,6 +4,7 @@
 #include <configuration/Origin.h>
 
 #include <memory>
+#include <string>
 
 namespace kivo::configuration {
 
@@ -37,14 +38,21 @@ public:
     Severity getSeverity() const noexcept;
     /// The name of the rule, in lower case with hyphens. Lives as long as this object, as all texts.
     char const* getRule() const noexcept;
-    /// The message, as it was given: it may hold line ends and control characters of a user.
+    /// The message, as it was given: it may hold line ends and control characters of a user. In place of a secret text
+    /// it has "****"; of what a validator says about one, nothing is left.
     char const* getMessage() const noexcept;
+    /// The message as a request would throw it, with secret texts. Do not show it.
+    char const* revealMessage() const noexcept;
     /// Where what it is about was given or declared. Of an unknown source when it is about something that is missing.
     Origin getOrigin() const;
     /// What was probably meant, or null.
     char const* getSuggestion() const noexcept;
 
 private:
+    friend class FindingList;
+    /// The same finding, but that getMessage() gives another message.
+    KIVO_CONFIGURATION_LOCAL Finding(Finding const& other, std::string const& masked);
+
     class KIVO_CONFIGURATION_LOCAL Impl;
     std::shared_ptr<Impl const> mImpl;
 };

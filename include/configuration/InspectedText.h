@@ -22,8 +22,10 @@ public:
         NOT_USED = 5     ///< a default that is not filled in
     };
 
-    /// The text as it reads, or null for an entry without one. Lives as long as this object.
+    /// The text as it reads, or null for an entry without one; "****" for a secret one. Lives as long as this object.
     char const* getText() const noexcept;
+    /// The text as it reads, even if it is secret. For programs that need it; do not show it.
+    char const* revealText() const noexcept;
     /// Where it was given.
     Origin getOrigin() const;
     /// What became of it.

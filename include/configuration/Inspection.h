@@ -17,6 +17,9 @@ class Specification;
 /// Everything that can be said about the values of a specification: which text each setting has and where it comes
 /// from, which other texts were given and why they did not win, and all faults of all sources.
 ///
+/// Secret texts are shown as "****", in messages, too: InspectedText::getText(), Finding::getMessage(), and all texts
+/// of InspectionReport.h. This is the only difference to the messages of a request.
+///
 /// An inspection works on copies: it writes nothing to the main log, and leaves providers and kept settings as they
 /// are. A fault of a user is a finding, never an exception; a phase that finds one does not keep the next ones from
 /// being run. "help" is a setting like any other. An inspection is a snapshot: what changes later does not change it.

@@ -105,21 +105,25 @@ public:
     char const* getMaximum() const;
 
     /// @name Marks. Set them before the parameter is specialized: specializations take them over when they are made.
-    /// The parameter only keeps them, for programs that show or check settings; values are read as without them.
     /// @{
 
-    /// Marks the values as secret, or takes the mark away.
+    /// Marks the values as secret, or takes the mark away. An Inspection and its reports show a secret text as "****",
+    /// in messages, too. Exceptions, representations and records in the main log show it.
     void setSensitive(bool sensitive);
     /// Whether the values are secret; false unless set.
     bool isSensitive() const;
-    /// Marks the parameter as one that should no longer be used.
+    /// Marks the parameter as one that should no longer be used. Values are taken as before. A request that is given
+    /// one makes a record in the main log, of the category "Kernel", an Inspection a warning, for each:
+    /// "\"<name>\" is deprecated: <advice>".
     /// @param advice what to do instead, for users; copied
     /// @throws kivo::ContractViolationException "advice && strlen(advice) > 0"
     void setDeprecation(char const* advice);
     /// What to do instead, or null when the parameter may be used. Lives until it is replaced.
     char const* getDeprecation() const;
     /// Says what the parameter was called before. In a specification nothing else may have this name, which
-    /// Manager::registerSpecification() checks.
+    /// Manager::registerSpecification() checks. A value of this name, in full, is one of the parameter, whatever source
+    /// gives it, and gets its id. It is remarked on as a deprecated one is: "\"<former>\" is the former name of
+    /// \"<name>\"".
     /// @param formerName a full name, whose letter case is ignored; copied
     /// @throws kivo::ContractViolationException "formerName && strlen(formerName) > 0"
     void setFormerName(char const* formerName);

@@ -15,8 +15,9 @@ namespace kivo::configuration {
 class FindingList {
 public:
     /// @param suggestion what was probably meant; empty: nothing
+    /// @param masked     how reports show the message; empty: as it is
     void add(Finding::Severity severity, Rule rule, std::string const& message, StoredOrigin const& origin,
-             std::string const& suggestion = {});
+             std::string const& suggestion = {}, std::string const& masked = {});
 
     /// Whether it is worth the time to look for what was meant by the next finding.
     bool wantsSuggestion() const;

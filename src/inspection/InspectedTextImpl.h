@@ -13,6 +13,7 @@ public:
     std::optional<std::string> text;
     Origin origin;
     Verdict verdict;
+    bool isSecret;
 };
 
 } // namespace kivo::configuration

@@ -9,6 +9,7 @@
 #include <configuration/Specification.h>
 #include <configuration/ValueProvider.h>
 
+#include "inspection/Masking.h"
 #include "providers/CommandLineArguments.h"
 #include "providers/EnvironmentNames.h"
 #include "providers/EnvironmentVariables.h"
@@ -330,7 +331,8 @@ void InspectionPipeline::take(ParameterErrors const& faults, Finding::Severity s
         }
         bool const isIgnored = rule == Rule::UNKNOWN_SETTING && (mFlags & STRICT_RECOGNITION) == 0;
         auto const suggestion = item && mFindings.wantsSuggestion() ? suggest(rule, *item) : std::string();
-        mFindings.add(isIgnored ? Finding::WARNING_SEVERITY : severity, rule, faults.getError(i), origin, suggestion);
+        mFindings.add(isIgnored ? Finding::WARNING_SEVERITY : severity, rule, faults.getError(i), origin, suggestion,
+                      maskedMessage(faults, i, item));
     }
     mFaulty.insert(faulty.begin(), faulty.end());
 }
@@ -388,6 +390,7 @@ void InspectionPipeline::endPhase(ParameterErrors& errors) {
 void InspectionPipeline::onMatched(ParameterValueGroup& values) {
     ItemNoter noter(*this);
     values.accept(noter);
+    mFormerNames.report(*this);
 }
 
 void InspectionPipeline::onAggregated(ParameterValueGroup const& values) {

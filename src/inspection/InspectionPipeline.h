@@ -4,6 +4,7 @@
 #include <configuration/ParameterValueGroup.h>
 
 #include "inspection/FindingList.h"
+#include "inspection/MarkRemarks.h"
 #include "inspection/Section.h"
 #include "providers/ValuePipeline.h"
 #include "visitors/SettingNames.h"
@@ -91,6 +92,7 @@ private:
     ParameterGroup const* mRoot;
     int mFlags;
     bool mIsOpen;
+    FormerNameRemarks mFormerNames; // listens as long as this lives
     FindingList mFindings;
     std::optional<SettingNames> mNames;                      // made for the first suggestion
     std::vector<GivenItem> mItems;                           // in the order in which they were given

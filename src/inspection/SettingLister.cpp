@@ -142,7 +142,7 @@ void SettingLister::listSetting(Parameter const& parameter, Place const& place, 
     auto setting = std::make_shared<InspectedSetting::Impl>();
     auto const* const value = place.values ? findChildValue(*place.values, parameter.getId()) : nullptr;
     if (value) {
-        setting->values = listValues(*value);
+        setting->values = listValues(parameter, *value);
     }
     setting->alternatives = listAlternatives(parameter, place.section);
     auto const* const standard = parameter.getDefaultValue();
@@ -150,9 +150,9 @@ void SettingLister::listSetting(Parameter const& parameter, Place const& place, 
     for (unsigned long i = 0; standard && !(value && value->isUsingDefaultValue()) && i < standard->getNumberOfValues();
          ++i) {
         bool const isExcluded = !value && place.isFilled && isInChoice;
-        setting->alternatives.push_back(InspectedText(std::make_shared<InspectedText::Impl>(
-            InspectedText::Impl{copyOf(standard->getValue(i, true)), standard->getOrigin(i),
-                                isExcluded ? InspectedText::EXCLUDED : InspectedText::NOT_USED})));
+        setting->alternatives.push_back(InspectedText(std::make_shared<InspectedText::Impl>(InspectedText::Impl{
+            copyOf(standard->getValue(i, true)), standard->getOrigin(i),
+            isExcluded ? InspectedText::EXCLUDED : InspectedText::NOT_USED, parameter.isSensitive()})));
     }
     setting->parameter = &parameter;
     setting->path = place.path;
@@ -161,14 +161,14 @@ void SettingLister::listSetting(Parameter const& parameter, Place const& place, 
     (parameter.isHidden() && !isGiven ? mHidden : mSettings).push_back(InspectedSetting(std::move(setting)));
 }
 
-std::vector<InspectedText> SettingLister::listValues(ParameterValue const& value) {
+std::vector<InspectedText> SettingLister::listValues(Parameter const& parameter, ParameterValue const& value) {
     std::vector<InspectedText> texts;
     for (unsigned long i = 0; i < value.getNumberOfValues(); ++i) {
         if (auto* item = mPipeline.findItem(value.getStoredOrigin(i))) {
             item->wins = true;
         }
-        texts.push_back(InspectedText(std::make_shared<InspectedText::Impl>(
-            InspectedText::Impl{copyOf(value.getValue(i, false)), value.getOrigin(i), InspectedText::WINS})));
+        texts.push_back(InspectedText(std::make_shared<InspectedText::Impl>(InspectedText::Impl{
+            copyOf(value.getValue(i, false)), value.getOrigin(i), InspectedText::WINS, parameter.isSensitive()})));
     }
     return texts;
 }
@@ -181,8 +181,8 @@ std::vector<InspectedText> SettingLister::listAlternatives(Parameter const& para
     auto const& texts = section->textsOf(parameter.getId());
     for (auto const position : texts) {
         if (auto const& item = mPipeline.getItems()[position]; !item.wins) {
-            alternatives.push_back(InspectedText(std::make_shared<InspectedText::Impl>(
-                InspectedText::Impl{item.text, item.origin.toOrigin(), verdictOn(item, texts)})));
+            alternatives.push_back(InspectedText(std::make_shared<InspectedText::Impl>(InspectedText::Impl{
+                item.text, item.origin.toOrigin(), verdictOn(item, texts), parameter.isSensitive()})));
         }
     }
     return alternatives;

@@ -40,7 +40,7 @@ private:
     void assignTexts();
     void listSection(ParameterGroup const& group, Place const& place);
     void listSetting(Parameter const& parameter, Place const& place, bool isInChoice);
-    std::vector<InspectedText> listValues(ParameterValue const& value);
+    std::vector<InspectedText> listValues(Parameter const& parameter, ParameterValue const& value);
     std::vector<InspectedText> listAlternatives(Parameter const& parameter, Section const* section);
     InspectedText::Verdict verdictOn(GivenItem const& item, std::vector<std::size_t> const& texts) const;
 

@@ -8,6 +8,7 @@
 #include <configuration/ParameterValueVisitor.h>
 
 #include "inspection/InspectionPipeline.h"
+#include "inspection/Masking.h"
 #include "schema/FaultCollection.h"
 #include "schema/NameSuggestion.h"
 #include "schema/NumberText.h"
@@ -74,21 +75,26 @@ void remarkOnLabel(FindingList& findings, Text const& text, Finding::Severity se
     try {
         labels->getValue(text.text.c_str());
     } catch (ConfigurationException const& exception) {
+        bool const isSecret = text.parameter.isSensitive();
         findings.add(severity, Rule::UNKNOWN_LABEL, exception.what(), text.origin,
-                     findings.wantsSuggestion() ? findLabel(*labels, text.text) : std::string());
+                     findings.wantsSuggestion() && !isSecret ? findLabel(*labels, text.text) : std::string(),
+                     isSecret ? std::string("symbol \"") + SECRET_MASK + "\" was not found" : std::string());
     }
 }
 
 /// What a text is read as that is accepted, but not meant as anything; empty when there is nothing to say.
 std::string composeRemark(Text const& text) {
     auto const type = text.parameter.getValueType();
-    auto const shown = text.parameter.getName() + (": \"" + text.text) + "\"";
+    auto const shown = text.parameter.getName() + (": \"" + maskedText(text.parameter, text.text)) + "\"";
     switch (type) {
     case Parameter::INT_PARAMETER:
     case Parameter::UINT_PARAMETER:
     case Parameter::DOUBLE_PARAMETER: return text.text.empty() ? shown + " reads as 0" : "";
     case Parameter::BOOLEAN_PARAMETER:
         if (!isPlainBoolean(text.text)) {
+            if (text.parameter.isSensitive()) {
+                return shown + " is a boolean only by accident"; // how it reads is secret, too
+            }
             bool const reading = ParameterValue(&text.parameter, text.text.c_str()).getBooleanValue(0);
             return shown + " reads as " + (reading ? "true" : "false");
         }

@@ -3,6 +3,7 @@
 #include <configuration/InspectedText.h>
 
 #include "inspection/InspectedTextImpl.h"
+#include "values/ValueChecks.h"
 
 #include <utility>
 
@@ -16,7 +17,11 @@ InspectedText& InspectedText::operator=(InspectedText const&) noexcept = default
 
 InspectedText::~InspectedText() = default;
 
-char const* InspectedText::getText() const noexcept { return mImpl->text ? mImpl->text->c_str() : nullptr; }
+char const* InspectedText::getText() const noexcept {
+    return mImpl->isSecret && mImpl->text ? SECRET_MASK : revealText();
+}
+
+char const* InspectedText::revealText() const noexcept { return mImpl->text ? mImpl->text->c_str() : nullptr; }
 
 Origin InspectedText::getOrigin() const { return mImpl->origin; }
 

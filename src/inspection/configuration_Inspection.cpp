@@ -8,6 +8,7 @@
 #include "inspection/InspectionImpl.h"
 #include "inspection/InspectionInputsImpl.h"
 #include "inspection/InspectionPipeline.h"
+#include "inspection/MarkRemarks.h"
 #include "inspection/SettingLister.h"
 #include "inspection/ToolSources.h"
 #include "inspection/ValueRemarks.h"
@@ -41,6 +42,7 @@ std::shared_ptr<Inspection::Impl const> Inspection::Impl::make(Specification con
     made->settings = lister.list();
     made->hiddenSettings = lister.takeHidden();
     remarkOnValues(pipeline);
+    remarkOnMarks(pipeline);
     made->findings = pipeline.getFindings().take();
     made->values = pipeline.getResult();
     made->isMachineConfigLeftOut = isMachineConfigLeftOut;

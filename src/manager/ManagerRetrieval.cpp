@@ -15,6 +15,7 @@
 #include "visitors/FirstPhaseValidationVisitor.h"
 #include "visitors/ParameterMatchingVisitor.h"
 #include "visitors/RunPhase.h"
+#include "visitors/SettingRemarks.h"
 
 namespace kivo::configuration {
 
@@ -42,6 +43,7 @@ Specification* Manager::Impl::findSpecification(char const* name) const {
 
 void Manager::Impl::getValues(Specification const* specification, ParameterValueGroup& result, int flags) const {
     KIVO_REQUIRE(specification != 0);
+    RemarkLog remarks;
     ParameterValueGroup collected(nullptr);
     // By position, since a caller's own provider may register another one during this loop.
     for (std::size_t i = 0; i < mProviders.size(); ++i) {
@@ -64,6 +66,7 @@ void Manager::Impl::getValues(Specification const* specification, ParameterValue
 
 void Manager::Impl::validateValues(Specification const* specification, ParameterValueGroup& values, int flags) const {
     KIVO_REQUIRE(specification != 0);
+    RemarkLog remarks;
     ParameterErrors errors;
     runPhase(values, errors, ParameterMatchingVisitor(*specification, errors, (flags & STRICT_RECOGNITION) != 0));
     if (readsAsTrue(values, HELP)) {

@@ -50,13 +50,9 @@ char const* textOf(std::string const* value) { return value && !value->empty() ?
 void mergeValuesOfOneId(ParameterValueGroup& group) {
     std::unordered_set<ParameterValueItem const*> merged;
     for (unsigned long i = 0; i < group.getNumberOfItems(); ++i) {
-        auto const* later = group.getItem(i);
-        auto* earlier = group.getValue(later->getParameterItemId());
-        if (earlier == later) {
-            continue;
+        if (auto const* later = group.getItem(i); giveTextsToFirst(group, *later)) {
+            merged.insert(later);
         }
-        appendTexts(*earlier, static_cast<ParameterValue const&>(*later));
-        merged.insert(later);
     }
     if (!merged.empty()) {
         ItemTaker::destroy(group, merged);

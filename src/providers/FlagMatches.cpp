@@ -5,9 +5,11 @@
 #include <configuration/Parameter.h>
 #include <configuration/ParameterValueGroup.h>
 
+#include "schema/FormerNames.h"
+
 namespace kivo::configuration {
 
-FlagMatches::FlagMatches(ParameterValueGroup const& flags) {
+FlagMatches::FlagMatches(ParameterValueGroup const& flags) : mSeeksFormerNames(areThereFormerNames()) {
     for (unsigned long i = 0; i < flags.getNumberOfItems(); ++i) {
         if (char const* flag = flags.getItem(i)->getParameterItemId()) {
             auto const& added = mMatches.try_emplace(flag).first->first;
@@ -17,6 +19,11 @@ FlagMatches::FlagMatches(ParameterValueGroup const& flags) {
 }
 
 bool FlagMatches::visitParameter(Parameter const& parameter) {
+    if (char const* former = mSeeksFormerNames ? parameter.getFormerName() : nullptr) {
+        if (auto const found = mMatches.find(std::string_view(former)); found != mMatches.end()) {
+            found->second.isFormerName = true;
+        }
+    }
     if (parameter.isHidden()) {
         return true;
     }

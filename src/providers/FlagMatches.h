@@ -21,6 +21,7 @@ public:
     struct Match {
         Parameter const* first = nullptr;
         unsigned long count = 0;
+        bool isFormerName = false; ///< the whole flag is the former name of a parameter
     };
 
     /// @param flags a group whose values are named by flags as typed
@@ -43,6 +44,7 @@ private:
 
     std::unordered_map<std::string, Match, Hash, Equal> mMatches;
     std::set<std::size_t> mSizes; // of the flags
+    bool mSeeksFormerNames;
 };
 
 } // namespace kivo::configuration

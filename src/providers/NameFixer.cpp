@@ -67,6 +67,9 @@ bool NameFixer::visitParameterValue(ParameterValue& value) {
         return true; // matching reports values without a name
     }
     auto const& match = mMatchesStack.back()[flag];
+    if (match.isFormerName) {
+        return true; // matching replaces it, although it may be the beginning of other names
+    }
     if (match.count == 1) {
         setParameterItemId(value, match.first->getId());
     } else if (match.count > 1) {

@@ -12,7 +12,7 @@ class ParameterErrors;
 class ParameterGroup;
 
 /// Gives every value whose id is the beginning of exactly one parameter's name that parameter's id. A value that names
-/// no parameter keeps its id. Changes ids, never the structure.
+/// no parameter, or that is the former name of one, keeps its id. Changes ids, never the structure.
 class NameFixer final : public ParameterValueVisitor {
 public:
     /// @param rootGroup the schema group of the group that the walk begins at

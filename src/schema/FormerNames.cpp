@@ -10,6 +10,7 @@
 #include <atomic>
 #include <map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace kivo::configuration {
@@ -69,6 +70,23 @@ void checkFormerNames(ParameterGroup const& root) {
                                          parameter->getName(), owner->getName());
         }
     }
+}
+
+Parameter const* FormerNames::find(std::string_view name) {
+    if (areThereFormerNames() && !std::exchange(mIsWalked, true)) {
+        mRoot.accept(*this);
+    }
+    auto const found = mParameters.find(name);
+    return found == mParameters.end() ? nullptr : found->second;
+}
+
+bool FormerNames::visitGroupStart(ParameterGroup const& group) { return mGroups.insert(&group).second; }
+
+bool FormerNames::visitParameter(Parameter const& parameter) {
+    if (char const* former = parameter.getFormerName()) {
+        mParameters.try_emplace(former, &parameter);
+    }
+    return true;
 }
 
 } // namespace kivo::configuration

@@ -1,8 +1,14 @@
 #pragma once
 
-namespace kivo::configuration {
+#include <configuration/ParameterVisitor.h>
 
-class ParameterGroup;
+#include "schema/NameComparison.h"
+
+#include <map>
+#include <string_view>
+#include <unordered_set>
+
+namespace kivo::configuration {
 
 /// Remembers that some parameter of the process has a former name. Tools without any are spared the walk of
 /// checkFormerNames(), which takes about as long as registering the items.
@@ -14,5 +20,25 @@ bool areThereFormerNames() noexcept;
 /// @throws ConfigurationException "Former name \"<former>\" of parameter \"<name>\" is taken by \"<name of the
 /// other>\""
 void checkFormerNames(ParameterGroup const& root);
+
+/// Finds parameters by their former names. Made for one phase of a request, in which nobody changes the schema; the
+/// first question walks over it, unless no parameter of the process has had a former name.
+class FormerNames final : private ParameterVisitor {
+public:
+    /// @param root the group to look in, with all below it; must outlive this object
+    explicit FormerNames(ParameterGroup const& root) : mRoot(root) {}
+
+    /// The parameter that had a name, letter case ignored; null when there is none. It may stand in several places.
+    Parameter const* find(std::string_view name);
+
+private:
+    bool visitGroupStart(ParameterGroup const& group) override;
+    bool visitParameter(Parameter const& parameter) override;
+
+    ParameterGroup const& mRoot;
+    bool mIsWalked = false;
+    std::unordered_set<ParameterGroup const*> mGroups; // each is entered once, however many refer to it
+    std::map<std::string_view, Parameter const*, CaseInsensitiveLess> mParameters;
+};
 
 } // namespace kivo::configuration

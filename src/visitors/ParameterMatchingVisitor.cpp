@@ -11,8 +11,13 @@
 #include "schema/FaultCollection.h"
 #include "schema/ItemKinds.h"
 #include "schema/NameComparison.h"
+#include "values/GroupEditing.h"
+#include "values/ItemTaker.h"
 #include "visitors/SettingNames.h"
+#include "visitors/SettingRemarks.h"
 
+#include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace kivo::configuration {
@@ -45,6 +50,7 @@ ParameterMatchingVisitor::ParameterMatchingVisitor(Specification const& specific
       mErrors(errors),
       mRootGroup(specification.getParameterGroup()),
       mSchemaIndex(*mRootGroup),
+      mFormerNames(*mRootGroup),
       mReportUnrecognized(reportUnrecognized),
       mCollected(collected) {}
 
@@ -100,8 +106,14 @@ bool ParameterMatchingVisitor::bindGroup(ParameterValueGroup& group, ParameterIt
 
 void ParameterMatchingVisitor::visitGroupEnd(ParameterValueGroup&) {
     mGroupStack.pop_back();
-    if (mGroupStack.empty() && !mUnrecognized.empty()) {
+    if (!mGroupStack.empty()) {
+        return;
+    }
+    if (!mUnrecognized.empty()) {
         suggestNames();
+    }
+    if (!mRenamed.empty()) {
+        mergeRenamed();
     }
 }
 
@@ -117,7 +129,7 @@ bool ParameterMatchingVisitor::visitParameterValue(ParameterValue& value) {
                          "Unnamed group cannot contain Parameter \"%s\"", id);
         return true;
     }
-    auto const* item = mSchemaIndex.findById(*group, id);
+    auto const* item = findItem(*group, value);
     if (!item) {
         if (mReportUnrecognized) {
             addUnrecognized(value, id);
@@ -128,7 +140,57 @@ bool ParameterMatchingVisitor::visitParameterValue(ParameterValue& value) {
         mErrors.addFault(Rule::WRONG_KIND, value.getStoredOrigin(0), "\"%s\" is not a parameter", id);
     }
     setItem(value, item);
+    remarkOnUse(value);
     return true;
+}
+
+ParameterItem const* ParameterMatchingVisitor::findItem(ParameterGroup const& group, ParameterValue& value) {
+    auto const* item = mSchemaIndex.findById(group, value.getParameterItemId());
+    return item ? item : rename(group, value);
+}
+
+/// @return null for a value whose id is no former name of a parameter below a group
+ParameterItem const* ParameterMatchingVisitor::rename(ParameterGroup const& group, ParameterValue& value) {
+    auto const* renamed = mFormerNames.find(value.getParameterItemId());
+    auto const* parameter = renamed ? asParameter(mSchemaIndex.findById(group, renamed->getId())) : nullptr;
+    if (!parameter) {
+        return nullptr;
+    }
+    for (unsigned long i = 0; i < value.getNumberOfValues(); ++i) {
+        RemarkListener::tell(makeFormerNameRemark(*parameter, value.getParameterItemId(), value.getStoredOrigin(i)));
+    }
+    setParameterItemId(value, parameter->getId());
+    mRenamed.push_back(&value);
+    return parameter;
+}
+
+void ParameterMatchingVisitor::remarkOnUse(ParameterValue const& value) {
+    auto const* parameter = value.getParameter();
+    if (parameter && parameter->getDeprecation()) {
+        for (unsigned long i = 0; i < value.getNumberOfValues(); ++i) {
+            RemarkListener::tell(makeDeprecationRemark(*parameter, value.getStoredOrigin(i)));
+        }
+    }
+}
+
+/// Nobody walks over the groups any more.
+void ParameterMatchingVisitor::mergeRenamed() {
+    std::unordered_map<ParameterValueGroup*, std::unordered_set<ParameterItem const*>> parameters;
+    for (auto const* value : std::exchange(mRenamed, {})) {
+        if (auto const* item = value->getParameterItem()) {
+            parameters[holderOf(*value)].insert(item);
+        }
+    }
+    for (auto const& [group, renamed] : parameters) {
+        std::unordered_set<ParameterValueItem const*> merged;
+        for (unsigned long i = 0; i < group->getNumberOfItems(); ++i) {
+            auto const* const item = group->getItem(i);
+            if (renamed.contains(item->getParameterItem()) && giveTextsToFirst(*group, *item)) {
+                merged.insert(item);
+            }
+        }
+        ItemTaker::destroy(*group, merged);
+    }
 }
 
 bool ParameterMatchingVisitor::setItem(ParameterValueItem& item, ParameterItem const* parameterItem) {

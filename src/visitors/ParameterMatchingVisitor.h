@@ -2,6 +2,7 @@
 
 #include <configuration/ParameterValueVisitor.h>
 
+#include "schema/FormerNames.h"
 #include "visitors/SchemaIndex.h"
 
 #include <string>
@@ -17,7 +18,9 @@ class Specification;
 /// "An unnamed value group was found", "An unnamed value was found",
 /// "Unexpected unnamed group as parent of the \"%s\" group. (Expected: %s)", "\"%s\" is not a parameter group",
 /// "\"%s\" is a constraint. It cannot be declared explicitly", "Unnamed group cannot contain Parameter \"%s\"",
-/// "\"%s\" is not a recognized parameter", "\"%s\" is not a parameter". Changes bindings, never the structure.
+/// "\"%s\" is not a recognized parameter", "\"%s\" is not a parameter". Changes bindings, not the structure; but a
+/// value that is given by a former name gets the current one, and shares it, at the end of the walk, with a value that
+/// had it already. Remarks on former names and on deprecated parameters.
 class ParameterMatchingVisitor final : public ParameterValueVisitor {
 public:
     /// @param reportUnrecognized whether a value whose id the schema does not know is an error
@@ -55,6 +58,11 @@ private:
         ParameterValue const* value;
     };
 
+    ParameterItem const* findItem(ParameterGroup const& group, ParameterValue& value);
+    ParameterItem const* rename(ParameterGroup const& group, ParameterValue& value);
+    void remarkOnUse(ParameterValue const& value);
+    void mergeRenamed();
+
     void addUnrecognized(ParameterValue const& value, char const* id);
     void suggestNames();
     Section findSection(ParameterValueGroup const* group);
@@ -64,6 +72,8 @@ private:
     /// The schema group of each open value group; null for the unnamed top group and for a group that matched nothing.
     std::vector<ParameterGroup const*> mGroupStack;
     SchemaIndex mSchemaIndex;
+    FormerNames mFormerNames;
+    std::vector<ParameterValue const*> mRenamed;
     std::vector<Unrecognized> mUnrecognized; // the first ones
     bool mReportUnrecognized;
     ParameterErrors* mCollected;

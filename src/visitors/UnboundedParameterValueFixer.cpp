@@ -27,13 +27,14 @@ UnboundedParameterValueFixer::UnboundedParameterValueFixer(Specification const* 
                                                            ParameterErrors* collected)
     : ParameterValueVisitor(false),
       mSpecificationGroup(checked(spec)),
+      mFormerNames(mSpecificationGroup),
       mPurpose(purpose),
       mCollected(collected),
       mSchemaStack{&mSpecificationGroup} {}
 
 bool UnboundedParameterValueFixer::visitGroupStart(ParameterValueGroup& group) {
     auto const* schemaParent = mSchemaStack.back();
-    auto const* item = schemaParent->getItem(group.getParameterItemId(), false);
+    auto const* item = findItem(*schemaParent, group.getParameterItemId());
     if (item && item->getItemType() == ParameterItem::PARAMETER) {
         if (!mCollected) {
             addText(group);
@@ -51,6 +52,13 @@ bool UnboundedParameterValueFixer::visitGroupStart(ParameterValueGroup& group) {
         openCopy(group);
     }
     return true;
+}
+
+/// An element may be named by the former name of a parameter. Its value keeps the name, and matching replaces it.
+ParameterItem const* UnboundedParameterValueFixer::findItem(ParameterGroup const& schemaGroup, char const* id) {
+    auto const* item = schemaGroup.getItem(id, false);
+    auto const* renamed = item ? nullptr : mFormerNames.find(id);
+    return renamed ? asParameter(schemaGroup.getItem(renamed->getId(), false)) : item;
 }
 
 void UnboundedParameterValueFixer::addText(ParameterValueGroup const& element) {

@@ -2,6 +2,7 @@
 
 #include <configuration/ParameterValueVisitor.h>
 
+#include "schema/FormerNames.h"
 #include "schema/SpecificationParameterGroup.h"
 
 #include <memory>
@@ -35,11 +36,13 @@ public:
     unsigned long getChangeCount() const;
 
 private:
+    ParameterItem const* findItem(ParameterGroup const& schemaGroup, char const* id);
     void addText(ParameterValueGroup const& element);
     void addMissingText(ParameterValueGroup const& element, char const* fault);
     void openCopy(ParameterValueGroup const& group);
 
     SpecificationParameterGroup mSpecificationGroup;
+    FormerNames mFormerNames;
     Purpose mPurpose;
     ParameterErrors* mCollected;
     std::unique_ptr<ParameterValueGroup> mResult;

@@ -6,7 +6,9 @@
 #include <configuration/Flags.h>
 #include <configuration/Inspection.h>
 #include <configuration/InspectionReport.h>
+#include <configuration/Memory.h>
 #include <configuration/ParameterEnumDefinition.h>
+#include <configuration/ParameterValidator.h>
 #include <configuration/ValueGroup.h>
 #include <configuration/ValueProvider.h>
 
@@ -54,7 +56,11 @@ std::string explain(FileCase const& row, TemporaryInstallation const& installati
         auto const path = std::string("config/") + file;
         std::filesystem::remove(installation.at(path));
         if (auto const content = row[file]; !content.empty()) {
-            installation.write(path, unescaped(content));
+            auto const written = installation.write(path, unescaped(content));
+            using std::filesystem::perms;
+            permissions(std::filesystem::path(written), row["flags"].find("private") == std::string::npos
+                                                            ? perms::owner_all | perms::others_read
+                                                            : perms::owner_all | perms::group_read);
         }
     }
     auto const flags = row["flags"];
@@ -127,6 +133,41 @@ TEST_F(InspectionTest, ProvidersCannotHideWhatOthersGive) {
               "application: error: An unnamed value group was found [unnamed-item]\n"
               "BUSY: error: the line is busy [failed-provider]\n"
               "2 errors\n");
+}
+
+/// Finds what is wrong with every text, in words of its own.
+class Telling final : public ParameterValidator {
+public:
+    Telling() : ParameterValidator("telling") {}
+    using ParameterValidator::validate;
+    char* validate(char const* text) const override {
+        return *text == 'T' ? throw ConfigurationException("thrown: %s", text)
+                            : cloneString((std::string("told: ") + text).c_str());
+    }
+};
+
+TEST_F(InspectionTest, KeepsSecretsFromReportsButNotFromPrograms) {
+    manager().addValidator(std::make_unique<Telling>().release());
+    auto const& specification = *createTool("tool{a?$^b@c!telling= d?$!telling=}");
+    manager().setApplicationValues(*treeOf("{tool{b=sesame d=Thyme}}"), 0);
+    Inspection const inspection(specification, true, 0);
+    EXPECT_EQ(composeExplanation(inspection, false), R"(a = ****
+    application  ****  wins
+    default      ****  not-used
+d = ****
+    application  ****  wins
+    default      ****  not-used
+application: warning: "b" is the former name of "a" [former-name]; did you mean "a"?
+application: error: a: "****" is refused by the validator "telling" [rejected-value]
+application: error: d: "****" is refused [rejected-value]
+application: warning: "a" is deprecated: c [deprecated]
+2 errors, 2 warnings
+)");
+    EXPECT_EQ(composeValues(inspection.getSettings()[0]), "****\n");
+    EXPECT_STREQ(inspection.getSettings()[0].getValue(0).revealText(), "sesame");
+    EXPECT_STREQ(inspection.getFindings()[1].revealMessage(), "told: sesame\n");
+    EXPECT_STREQ(inspection.getFindings()[2].revealMessage(), "thrown: Thyme");
+    EXPECT_TRUE(installation.mainLog("Kernel").empty());
 }
 
 TEST_F(InspectionTest, FindsAndSuggestsSettings) {

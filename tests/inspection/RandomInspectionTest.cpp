@@ -137,8 +137,18 @@ private:
         if (type == Parameter::ENUM_PARAMETER && !oneIn(8)) {
             parameter->setEnumDefinition(mLabels);
         }
+        mark(*parameter);
         mParameters.push_back(parameter);
         return parameter;
+    }
+    void mark(Parameter& parameter) {
+        parameter.setSensitive(oneIn(3));
+        if (oneIn(8)) {
+            parameter.setDeprecation("use another one");
+        }
+        if (oneIn(3)) {
+            parameter.setFormerName(("old" + std::string(parameter.getId())).c_str());
+        }
     }
     void fill(ParameterGroup& group, int depth) {
         for (auto i = 1 + below(4); i > 0; --i) {
@@ -147,9 +157,13 @@ private:
     }
 
     Parameter const* anyParameter() { return mParameters.empty() ? nullptr : mParameters[below(mParameters.size())]; }
+    std::string idOf(Parameter const& parameter) {
+        char const* const former = oneIn(6) ? parameter.getFormerName() : nullptr;
+        return former ? former : parameter.getId();
+    }
     std::string anyId() {
         auto const* parameter = anyParameter();
-        auto const id = parameter && !oneIn(10) ? std::string(parameter->getId()) : "u" + std::to_string(below(3));
+        auto const id = parameter && !oneIn(10) ? idOf(*parameter) : "u" + std::to_string(below(3));
         return oneIn(20) ? "c" + std::to_string(1 + below(mCount)) : id;
     }
 
@@ -185,10 +199,10 @@ private:
     void giveText(ParameterValueGroup& values, Parameter const& parameter, bool mayBeElement) {
         if (mayBeElement && oneIn(2)) {
             for (auto n = 1 + below(parameter.isUnbounded() ? 3 : 1); n > 0; --n) {
-                child(values, parameter.getId()).addValue(oneIn(30) ? "valu" : "value", text(&parameter).c_str());
+                child(values, idOf(parameter)).addValue(oneIn(30) ? "valu" : "value", text(&parameter).c_str());
             }
-        } else if (!values.getItem(parameter.getId())) {
-            values.addValue(parameter.getId(), text(&parameter).c_str());
+        } else if (auto const id = idOf(parameter); !values.getItem(id.c_str())) {
+            values.addValue(id.c_str(), text(&parameter).c_str());
         }
     }
     static ParameterValueGroup& child(ParameterValueGroup& values, std::string const& id) {
@@ -223,7 +237,8 @@ private:
         std::vector<std::string> arguments{"program"};
         for (auto n = below(6); n > 0; --n) {
             auto const* const parameter = anyParameter();
-            auto flag = parameter && !oneIn(mFaults) ? std::string(parameter->getName()) : anyId();
+            bool const isNamed = parameter && !oneIn(mFaults);
+            auto flag = !isNamed ? anyId() : oneIn(6) ? idOf(*parameter) : std::string(parameter->getName());
             flag.resize(oneIn(4) ? 1 + below(flag.size()) : flag.size());
             if (style == GNU_COMMAND_LINE) {
                 flag = pick({"", "-", "-", "-no-"}) + flag + (oneIn(2) ? "=" + text(parameter) : "");
@@ -262,7 +277,7 @@ private:
 void RandomCase::expectMessages(Inspection const& inspection, std::exception const& thrown) {
     std::set<std::string> found;
     for (auto const& finding : inspection.getFindings()) {
-        found.insert(finding.getMessage());
+        found.insert(finding.revealMessage());
     }
     std::vector<std::string> messages{thrown.what()};
     if (auto const* several = dynamic_cast<ConfigurationParameterException const*>(&thrown)) {
@@ -302,11 +317,11 @@ void RandomCase::compare(Inspection const& inspection, bool required, int flags)
     for (auto const& setting : inspection.getSettings()) {
         EXPECT_FALSE(inspected.contains(prefix + std::string(setting.getName()))) << setting.getName();
         for (unsigned long i = 0; i < setting.getNumberOfValues(); ++i) {
-            inspected[prefix + std::string(setting.getName())].push_back(shown(setting.getValue(i).getText()));
+            inspected[prefix + std::string(setting.getName())].push_back(shown(setting.getValue(i).revealText()));
         }
         for (unsigned long i = 0; i < setting.getNumberOfAlternatives(); ++i) {
             if (setting.getAlternative(i).getVerdict() == InspectedText::MISPLACED) {
-                misplaced.insert(shown(setting.getAlternative(i).getText()));
+                misplaced.insert(shown(setting.getAlternative(i).revealText()));
             }
         }
     }

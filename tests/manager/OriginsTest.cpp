@@ -140,7 +140,11 @@ protected:
             shown = faultsOf([&] { request(row); });
             shown.insert(0, std::exchange(mShown, {}));
         }
-        return std::regex_replace(shown, std::regex(installation.at("") + "(etc|config)/"), "");
+        return withoutFolders(shown);
+    }
+
+    std::string withoutFolders(std::string const& text) const {
+        return std::regex_replace(text, std::regex(installation.at("") + "(etc|config)/"), "");
     }
 
 private:
@@ -192,6 +196,17 @@ private:
 
 TEST_F(Origins, AreThoseOfEveryTextFaultAndDeclaration) {
     checkCases("manager/origins.txt", [&](FileCase const& row) { return run(row); });
+}
+
+TEST_F(Origins, AreInTheRecordsOfMarksThatAreMet) {
+    checkCases("manager/marks.txt", [&](FileCase const& row) {
+        std::filesystem::remove(installation.at("main.log"));
+        auto shown = run(row);
+        for (auto const& record : installation.mainLog("Kernel")) {
+            shown += withoutFolders(record) + '\n';
+        }
+        return shown;
+    });
 }
 
 TEST_F(Origins, AreThoseOfALabelThatCannotBeRead) {

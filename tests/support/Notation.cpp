@@ -46,8 +46,8 @@ Parameter::ValueType typeOf(std::string const& word) {
 }
 
 ParameterItem* makeItem(Node const& node, std::vector<std::unique_ptr<ParameterItem>>& items) {
-    static std::regex const form("([^/:<?*~!=]*)(?:/([^:<?*~!=]*))?(?::([a-z]*))?(?:<([^>]*)>)?"
-                                 "(\\?)?(\\*)?(~)?(?:!([^=]*))?(?:=(.*))?");
+    static std::regex const form("([^/:<?*~$^@!=]*)(?:/([^:<?*~$^@!=]*))?(?::([a-z]*))?(?:<([^>]*)>)?"
+                                 "(\\?)?(\\*)?(~)?([$])?(?:\\^([^@!=]*))?(?:@([^!=]*))?(?:!([^=]*))?(?:=(.*))?");
     std::smatch parts;
     if (!std::regex_match(node.word, parts, form)) {
         throw std::invalid_argument(node.word);
@@ -60,8 +60,16 @@ ParameterItem* makeItem(Node const& node, std::vector<std::unique_ptr<ParameterI
     using G = ParameterGroup;
     if (node.bracket == '\0') {
         items.push_back(std::make_unique<Parameter>(id, name, "Description", optional, unbounded, typeOf(texts[3]),
-                                                    textOrNull(9), textOrNull(4), textOrNull(8), hidden));
-        return items.back().get();
+                                                    textOrNull(12), textOrNull(4), textOrNull(11), hidden));
+        auto& parameter = static_cast<Parameter&>(*items.back());
+        parameter.setSensitive(parts[8].matched);
+        if (parts[9].matched) {
+            parameter.setFormerName(texts[9].c_str());
+        }
+        if (parts[10].matched) {
+            parameter.setDeprecation(texts[10].c_str());
+        }
+        return &parameter;
     }
     items.push_back(std::make_unique<G>(id, name, "Description", optional || node.bracket == '(',
                                         node.bracket == '[' ? G::ITEMS_MUTUALLY_EXCLUSIVE : G::ITEMS_NOT_EXCLUSIVE,

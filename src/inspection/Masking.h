@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace kivo::configuration {
+
+class Parameter;
+class ParameterErrors;
+struct GivenItem;
+
+/// A text as reports show it. @param parameter what it was given for
+std::string maskedText(Parameter const& parameter, std::string const& text);
+
+/// How reports show a fault of a secret text; empty when they show it as it is.
+/// @param item what the fault is about, or null
+std::string maskedMessage(ParameterErrors const& faults, unsigned long index, GivenItem const* item);
+
+} // namespace kivo::configuration
