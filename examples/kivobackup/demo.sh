@@ -18,7 +18,7 @@ cp -- *.xml *.crg "$work/"
 cd -- "$work"
 
 PATH="$build/examples/bin:$build/tools/bin:$PATH"
-unset KIVO_ETC_DIR KIVO_PLUGINS_DIR KIVO_CONFIG_DIR KIVO_MAIN_LOG KIVOBACKUP_CONFIG
+unset KIVO_ETC_DIR KIVO_PLUGINS_DIR KIVO_CONFIG_DIR KIVO_MAIN_LOG KIVOBACKUP_CONFIG COLUMNS
 export KIVO_HOME=installation
 
 title() {

@@ -195,6 +195,22 @@ public:
     /// The help text of a specification; see ValueProvider::composeHelpMessage() and composeUsageMessage().
     char const* composeHelpMessage(char const* providerName, char const* specificationName, unsigned long screenWidth,
                                    unsigned long maxParameterNameWidth) const;
+    /// A text about all settings of a specification that are not hidden, for a tool's help: each with its description,
+    /// default, labels or bounds, whether it is required, deprecated, secret (then without its default), may be given
+    /// several times, and its environment variable, where one is enabled. Its own settings come first, then those of
+    /// each section under a heading; the alternatives of an exclusive choice stand together.
+    ///
+    /// No line ends with a blank. Texts are shown with their controls escaped as in C. Columns are counted as terminals
+    /// show UTF-8, whatever the locale of the process is.
+    /// @param specificationName id of the specification
+    /// @param width             columns of a line; names may be wider, and a line has at least one character. 0: as
+    ///                          many as the terminal on standard output has; where it is none, as the environment
+    ///                          variable COLUMNS says, else 80
+    /// @throws kivo::ContractViolationException "specificationName != 0 && strlen( specificationName) > 0"
+    /// @throws ConfigurationException "Specification \"<name>\" was not found"; what EnvironmentValueProvider throws
+    /// for
+    ///         two settings with one variable
+    char const* composeDetailedHelp(char const* specificationName, unsigned long width) const;
     /// @}
 
     /// @name Installation and files

@@ -11,16 +11,6 @@ namespace kivo::configuration {
 
 namespace {
 
-/// Whether a terminal would obey a character: the control characters of ASCII, and those that Latin-1 and Unicode have
-/// at 128 to 159.
-bool isControl(std::string_view character) {
-    auto const first = static_cast<unsigned char>(character[0]);
-    if (character.size() == 1) {
-        return first < 0x20 || (first >= 0x7F && first < 0xA0);
-    }
-    return first == 0xC2 && static_cast<unsigned char>(character[1]) < 0xA0;
-}
-
 /// Most bytes: they stand for themselves, whatever is around them.
 bool isPlain(char byte) { return byte >= ' ' && byte < 0x7F && byte != '\\'; }
 
@@ -50,7 +40,7 @@ std::string escape(std::string_view text) {
             break;
         }
         auto const character = text.substr(0, sizeOfCharacter(text));
-        if (character == "\\" || isControl(character)) {
+        if (character == "\\" || isControl(characterOf(character))) {
             std::ranges::for_each(character, [&](char byte) { appendEscaped(escaped, byte); });
         } else {
             escaped.append(character);

@@ -74,6 +74,8 @@ public:
     char const* composeMessage(std::string& buffer, char const* providerName, char const* specificationName,
                                ComposeFunction const& compose) const;
 
+    std::string composeDetailedHelp(char const* specificationName, unsigned long width) const;
+
     /// Sorted by priority; those of equal priority in the order of registration, those for the environment last.
     std::vector<std::unique_ptr<ValueProvider>> mProviders;
     static constexpr int APPLICATION_VALUES_PRIORITY = 0;
@@ -91,6 +93,7 @@ public:
     ValidatorExtensionPoint mValidatorExtensionPoint;
     std::string mUsageMessage;
     std::string mHelpMessage;
+    std::string mDetailedHelp;
     /// The last representation of each kind, shared by all managers of the process.
     static std::string smParameterItemRepresentationCache;
     static std::string smParameterValueItemRepresentationCache;

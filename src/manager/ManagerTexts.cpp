@@ -1,11 +1,19 @@
 #include "kernel/kvProcessInit.h"
 
 #include <configuration/CommandLineValueProvider.h>
+#include <configuration/EnvironmentValueProvider.h>
+#include <configuration/ParameterGroup.h>
 
 #include "manager/ManagerImpl.h"
+#include "providers/EnvironmentNames.h"
+#include "providers/EnvironmentVariables.h"
 #include "schema/ContractChecks.h"
+#include "text/DetailedHelp.h"
 #include "text/ParameterItemRepresentationVisitor.h"
 #include "text/ParameterValueItemRepresentationVisitor.h"
+#include "text/TerminalWidth.h"
+
+#include <list>
 
 namespace kivo::configuration {
 
@@ -37,6 +45,33 @@ char const* Manager::composeHelpMessage(char const* providerName, char const* sp
         [&](ValueProvider const& provider, Specification const* specification) {
             return std::string(provider.composeHelpMessage(specification, screenWidth, maxParameterNameWidth));
         });
+}
+
+std::string Manager::Impl::composeDetailedHelp(char const* specificationName, unsigned long width) const {
+    KIVO_REQUIRE_AS("specificationName != 0 && strlen( specificationName) > 0",
+                    specificationName != 0 && strlen(specificationName) > 0);
+    auto const& root = *findSpecification(specificationName)->getParameterGroup();
+    std::list<EnvironmentNames> environments;
+    for (auto const& provider : mProviders) {
+        auto const* const environment = dynamic_cast<EnvironmentValueProvider const*>(provider.get());
+        if (environment && environment->getEnabled()) {
+            environments.emplace_back(root, environment->getVariables().prefix);
+        }
+    }
+    DetailedHelp help([&](std::vector<char const*> const& ids) {
+        std::string variable;
+        for (auto each = environments.begin(); variable.empty() && each != environments.end(); ++each) {
+            variable = each->find(ids);
+        }
+        return variable;
+    });
+    root.accept(help);
+    return help.compose(width > 0 ? width : terminalWidth());
+}
+
+char const* Manager::composeDetailedHelp(char const* specificationName, unsigned long width) const {
+    mImpl->mDetailedHelp = mImpl->composeDetailedHelp(specificationName, width);
+    return mImpl->mDetailedHelp.c_str();
 }
 
 std::string Manager::Impl::smParameterItemRepresentationCache;

@@ -25,4 +25,10 @@ char32_t characterOf(std::string_view text) {
     return character;
 }
 
+bool isControl(char32_t character) {
+    auto const isBetween = [=](char32_t first, char32_t last) { return character >= first && character <= last; };
+    return character < 0x20 || isBetween(0x7F, 0x9F) || character == 0x61C || isBetween(0x200E, 0x200F) ||
+           isBetween(0x2028, 0x202E) || isBetween(0x2066, 0x2069);
+}
+
 } // namespace kivo::configuration

@@ -1,14 +1,18 @@
 #include "support/CaseFile.h"
 #include "support/Exceptions.h"
+#include "support/Latin1Locale.h"
 #include "support/ManagerTest.h"
 #include "support/Notation.h"
+#include "text/ColumnText.h"
 #include "text/HelpVisitor.h"
 #include "text/UsageVisitor.h"
 #include "text/WordWrap.h"
 
 #include <configuration/ApplicationValuesProvider.h>
 
+#include <algorithm>
 #include <climits>
+#include <clocale>
 #include <cstring>
 #include <sstream>
 
@@ -71,6 +75,76 @@ TEST(WordWrap, LosesNothingOfALongTextInLinearTime) {
     EXPECT_EQ(std::erase(joined, '\n'), 1u << 18);
     EXPECT_EQ(joined, word);
     EXPECT_EQ(wrapped(" " + word, 0, 1, 0).size(), 2 * word.size() + 1 + 1);
+}
+
+class DetailedHelpText : public ManagerTest {};
+
+TEST_F(DetailedHelpText, SaysAllAboutSettings) {
+    checkCases("text/detailed-help.txt", [&](FileCase const& row) {
+        installation.write("etc/tool.crg", row["registry"]);
+        manager().reset();
+        if (auto const prefix = row["prefix"]; !prefix.empty()) {
+            manager().enableEnvironment(prefix.c_str());
+        }
+        return std::string(manager().composeDetailedHelp("TOOL", std::stoul(row["width"])));
+    });
+}
+
+/// The first line that is too wide or ends with a blank; only the names of settings may be wide.
+std::string findBadLine(std::string const& help, unsigned long width) {
+    std::istringstream lines(help);
+    for (std::string line; std::getline(lines, line);) {
+        bool const isName = line.find("-p string") != line.npos || line.find("in.q string") != line.npos;
+        if (line.ends_with(' ') || (!isName && columnsOf(line) > width)) {
+            return line;
+        }
+    }
+    return {};
+}
+
+// Every description is shown whole, in lines that fit and do nothing to a terminal, in linear time.
+TEST_F(DetailedHelpText, IsHarmlessWhateverIsDescribed) {
+    auto const& root = *createTool("tool{p?=1 in{q?=2}}")->getParameterGroup();
+    struct Description {
+        char const* part;
+        char const* shown;
+    };
+    for (auto const& [part, shown] : {Description{"x", "x"},
+                                      {"y z\t", "yz"},
+                                      {"\x1b[2J", "\\x1b[2J"},
+                                      {"\u202e", "\\u202e"},
+                                      {"\u6f22", "\u6f22"},
+                                      {"\x9b", "\\x9b"}}) {
+        std::string description, expected;
+        while (description.size() < 100'000) {
+            description += part;
+            expected += shown;
+        }
+        root.getItem(0UL)->setDescription(description.c_str());
+        for (unsigned long const width : {1UL, 33UL, ULONG_MAX}) {
+            std::string help = manager().composeDetailedHelp("tool", width);
+            EXPECT_EQ(findBadLine(help, std::max(width, 2UL)), "") << width;
+            std::erase_if(help, [](char c) { return c == ' ' || c == '\n'; });
+            EXPECT_NE(help.find("-pstring" + expected + "[default:1]"), help.npos) << width << shown;
+        }
+    }
+}
+
+TEST(ColumnText, CountsInUtf8InEveryLocale) {
+    auto const check = [] {
+        EXPECT_EQ(columnsOf("gr\u00f6\u00dfe"), 5u);
+        EXPECT_EQ(columnsOf("\u6f22\u5b57 a\u0301"), 6u);
+        EXPECT_EQ(columnsOf("\xe4\xff\xe2\x82"), 4u);
+        EXPECT_EQ(wrapWords("\u6f22\u5b57 a\u0301b", 3), (std::vector<std::string>{"\u6f22", "\u5b57", "a\u0301b"}));
+    };
+    check();
+    {
+        Latin1Locale const locale;
+        check();
+    }
+    ASSERT_TRUE(std::setlocale(LC_ALL, "C.UTF-8"));
+    check();
+    std::setlocale(LC_ALL, "C");
 }
 
 class Compose : public ManagerTest {
