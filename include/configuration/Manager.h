@@ -131,6 +131,9 @@ public:
     /// @name Values
     /// Of two sources for one setting, the one asked first wins; a setting that may have several values collects those
     /// of all. `flags` are RESOLVE_FLAG_NAMES and STRICT_RECOGNITION.
+    ///
+    /// Settings that are given by a former name, or that are deprecated, make records of the category "Kernel" in the
+    /// kernel's main log, one for each setting in a call that asks the providers.
     /// @{
 
     /// Collects the values of a specification from all enabled providers, checks and completes them.

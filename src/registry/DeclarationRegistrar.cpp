@@ -15,7 +15,6 @@
 
 #include <limits>
 #include <string>
-#include <utility>
 
 namespace kivo::configuration {
 
@@ -140,12 +139,13 @@ void DeclarationRegistrar::add(ParameterDeclaration const& parameter) {
         if (enumeration) {
             made->setEnumDefinition(enumeration);
         }
-        for (auto const& [bound, set] : {std::pair(parameter.minimum, &Parameter::setMinimum),
-                                         std::pair(parameter.maximum, &Parameter::setMaximum)}) {
+        auto const setBound = [&](char const* bound, void (Parameter::*set)(char const*)) {
             if (bound) {
                 atAttribute([&] { return mPlaces.ofAttribute(*mElement, bound); }, [&] { ((*made).*set)(bound); });
             }
-        }
+        };
+        setBound(parameter.minimum, &Parameter::setMinimum);
+        setBound(parameter.maximum, &Parameter::setMaximum);
         made->setSensitive(parameter.isSensitive);
         if (parameter.deprecation) {
             made->setDeprecation(parameter.deprecation);

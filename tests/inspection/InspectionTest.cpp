@@ -148,8 +148,9 @@ public:
 
 TEST_F(InspectionTest, KeepsSecretsFromReportsButNotFromPrograms) {
     manager().addValidator(std::make_unique<Telling>().release());
-    auto const& specification = *createTool("tool{a?$^b@c!telling= d?$!telling=}");
-    manager().setApplicationValues(*treeOf("{tool{b=sesame d=Thyme}}"), 0);
+    auto const& specification = *createTool("tool{a?$^b@c!telling= d?$!telling= n:int?$=1}");
+    static_cast<Parameter*>(manager().getParameterItem("n"))->setMaximum("5");
+    manager().setApplicationValues(*treeOf("{tool{b=sesame d=Thyme n=7}}"), 0);
     Inspection const inspection(specification, true, 0);
     EXPECT_EQ(composeExplanation(inspection, false), R"(a = ****
     application  ****  wins
@@ -157,11 +158,15 @@ TEST_F(InspectionTest, KeepsSecretsFromReportsButNotFromPrograms) {
 d = ****
     application  ****  wins
     default      ****  not-used
+n = ****
+    application  ****  wins
+    default      ****  not-used
 application: warning: "b" is the former name of "a" [former-name]; did you mean "a"?
 application: error: a: "****" is refused by the validator "telling" [rejected-value]
 application: error: d: "****" is refused [rejected-value]
+application: error: n: "****" is greater than the maximum "5" [out-of-range]
 application: warning: "a" is deprecated: c [deprecated]
-2 errors, 2 warnings
+3 errors, 2 warnings
 )");
     EXPECT_EQ(composeValues(inspection.getSettings()[0]), "****\n");
     EXPECT_STREQ(inspection.getSettings()[0].getValue(0).revealText(), "sesame");
