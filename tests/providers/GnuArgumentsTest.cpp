@@ -8,6 +8,7 @@
 #include <configuration/CommandLineValueProvider.h>
 #include <configuration/ConfigurationParameterException.h>
 #include <configuration/Flags.h>
+#include <configuration/ValueGroup.h>
 
 #include <algorithm>
 #include <map>
@@ -101,6 +102,57 @@ TEST_F(GnuArgumentsTest, GiveValuesOrAreRefusedWithTheirPlaces) {
         });
         return faults.empty() ? given : faults;
     });
+}
+
+/// What a specification does not declare can be read like what it does, and ends the request: nothing is missing.
+TEST_F(GnuArgumentsTest, AskForHelpAndForTheVersion) {
+    for (auto const& [flag, request] : {std::pair("-h", "help"), std::pair("--version", "version")}) {
+        manager().reset();
+        EXPECT_EQ(manager().getVersionText(), nullptr);
+        manager().setVersionText("tool 1.0");
+        createTool("tool{name version.more=x}");
+        start({flag});
+        auto const settings = manager().getValueGroup("tool", true, STRICT_RECOGNITION);
+        EXPECT_TRUE(settings.getValue(request).asBoolean());
+        EXPECT_EQ(settings.getValue(request).getOrigin().getArgument(), 1u);
+        EXPECT_TRUE(settings.getValue("name").isNull());
+        EXPECT_STREQ(manager().getVersionText(), "tool 1.0");
+    }
+}
+
+TEST_F(GnuArgumentsTest, BelongToAProviderUntilTheyAreForgotten) {
+    auto const* const tool = createTool("tool{a* b:bool? n:int*}");
+    char const* const arguments[] = {"prog", "--A", "x", "--b", "-a=y", "--n", "-5", "--", "z"};
+    CommandLineValueProvider provider(1);
+    auto const ask = [&] {
+        ParameterValueGroup result(nullptr);
+        auto const faults = faultsOf([&] { provider.getValues(tool, result, 0); });
+        return faults.empty() ? toText(result) : faults;
+    };
+    provider.setCommandLineStyle(GNU_COMMAND_LINE);
+    provider.setArguments(9, arguments, 0);
+    EXPECT_EQ(ask(), "The \"z\" command line argument is not recognized @ argument 8\n");
+    provider.setArguments(8, arguments, STRICT_RECOGNITION);
+    EXPECT_EQ(ask(), "?{tool{a=x,y b=1 n=-5}}");
+    EXPECT_TRUE(provider.removeParameter(tool, "a"));
+    EXPECT_FALSE(provider.removeParameter(tool, "a"));
+    EXPECT_TRUE(provider.removeParameter(tool, "N"));
+    EXPECT_EQ(ask(), "?{tool{b=1}}");
+    provider.reset();
+    EXPECT_EQ(ask(), "?{}");
+    provider.setCommandLineStyle(PLAIN_COMMAND_LINE);
+    provider.setArguments(2, arguments, 0);
+    EXPECT_EQ(ask(), "?{}") << "an unknown flag of the name -A";
+}
+
+/// In time that grows with their number, or the test runs for minutes.
+TEST_F(GnuArgumentsTest, MayBeVeryMany) {
+    createTool("tool{many:bool?* in?{x1:bool? x2:bool?}}");
+    for (auto const& [argument, faults] : {std::pair("--in.x", 1), std::pair("word", 20'000), std::pair("-m", 0)}) {
+        start(std::vector<std::string>(20'000, argument));
+        auto const found = faultsOf([&] { manager().getValueGroup("tool", true, RESOLVE_FLAG_NAMES); });
+        EXPECT_EQ(std::ranges::count(found, '\n'), faults) << argument << ": " << found.substr(0, 200);
+    }
 }
 
 /// A tool of a random shape, with values for some of its settings.

@@ -26,6 +26,10 @@ InspectionInputs::MachineConfig machineConfigOf(Inputs const& inputs) {
 
 } // namespace
 
+void addGnu(CLI::App& options, bool& isGnu) {
+    options.add_flag("--gnu", isGnu, "The tool's command line is in GNU style");
+}
+
 void addInputs(CLI::App& options, Inputs& inputs) {
     options.add_option("--config", inputs.applicationFile, "The values file that the tool itself reads")
         ->check([](std::string const& file) { return std::string(file.empty() ? "the name of a file is empty" : ""); })
@@ -35,13 +39,14 @@ void addInputs(CLI::App& options, Inputs& inputs) {
     options.add_flag("--no-machine", inputs.leavesOutMachineConfig, "Leave machine.config out")->excludes(machine);
     options.add_flag("--strict", inputs.isStrict, "The tool takes names that are not known as errors");
     options.add_flag("--names", inputs.resolvesNames, "The tool takes flags that are shortened");
+    addGnu(options, inputs.isGnu);
     options.footer(
         "After \"--\" stand the arguments of the tool, without its name. Without \"--\" nothing counts as missing.");
 }
 
 bool areGiven(Inputs const& inputs, Call const& call) {
     return call.hasArguments || !inputs.applicationFile.empty() || inputs.takesMachineConfig ||
-           inputs.leavesOutMachineConfig || inputs.isStrict || inputs.resolvesNames;
+           inputs.leavesOutMachineConfig || inputs.isStrict || inputs.resolvesNames || inputs.isGnu;
 }
 
 InspectionInputs composeInputs(Inputs const& inputs, Call const& call) {
@@ -49,6 +54,7 @@ InspectionInputs composeInputs(Inputs const& inputs, Call const& call) {
     composed.setMachineConfig(machineConfigOf(inputs))
         .setApplicationFile(inputs.applicationFile.c_str())
         .setFlags((inputs.isStrict ? STRICT_RECOGNITION : 0) | (inputs.resolvesNames ? RESOLVE_FLAG_NAMES : 0))
+        .setCommandLineStyle(inputs.isGnu ? GNU_COMMAND_LINE : PLAIN_COMMAND_LINE)
         .setOpenCommandLine(!call.hasArguments)
         .setRequired(call.hasArguments);
     if (call.hasArguments) {
