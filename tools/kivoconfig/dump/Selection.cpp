@@ -56,7 +56,7 @@ std::string findObstacle(char const* text) {
 
 void Selection::select(DumpedSection& specification) {
     takeName(toUtf8(specification.group->getId()));
-    selectIn(specification, Demands(specification, mChoices.isCommandLineOpen));
+    selectIn(specification, Demands(specification, mChoices.isCommandLineOpen), false);
     specification.use = Use::VALUE;
 }
 
@@ -65,11 +65,11 @@ void Selection::leaveOut(std::string const& name, std::string const& reason) {
     mHasLeftOut = true;
 }
 
-void Selection::selectIn(DumpedSection& section, Demands const& demands) {
+void Selection::selectIn(DumpedSection& section, Demands const& demands, bool isInside) {
     section.use = section.isGiven ? Use::VALUE : Use::LEFT_OUT;
     mAttributes = 0;
     for (auto& setting : section.settings) {
-        setting.use = useOf(setting, demands);
+        setting.use = useOf(setting, demands, isInside);
         auto const obstacle = setting.use == Use::LEFT_OUT ? std::string() : findObstacle(setting);
         if (!obstacle.empty()) {
             if (setting.use == Use::VALUE) {
@@ -82,7 +82,7 @@ void Selection::selectIn(DumpedSection& section, Demands const& demands) {
     mSquares += squareOfMany(mAttributes);
     for (auto& inner : section.sections) {
         if (canNameSection(inner)) {
-            selectIn(inner, Demands(inner, demands));
+            selectIn(inner, Demands(inner, demands), true);
             section.use = std::max(section.use, inner.use);
         }
     }
@@ -103,12 +103,12 @@ bool Selection::canNameSection(DumpedSection const& section) {
 }
 
 /// Nobody has to know the defaults of hidden settings, and those about help do not belong into files.
-Use Selection::useOf(DumpedSetting const& setting, Demands const& demands) const {
+Use Selection::useOf(DumpedSetting const& setting, Demands const& demands, bool isInside) const {
     if (!setting.value->isUsingDefaultValue()) {
         return Use::VALUE;
     }
     auto const& parameter = setting.getParameter();
-    if (parameter.isHidden() || isAboutHelp(parameter)) {
+    if (parameter.isHidden() || (!isInside && isAboutHelp(parameter))) {
         return Use::LEFT_OUT;
     }
     bool const isValue = mChoices.takesDefaults && !demands.forbid(setting) && passesAsGiven(*setting.value);
