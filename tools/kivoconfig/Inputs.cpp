@@ -53,7 +53,8 @@ InspectionInputs composeInputs(Inputs const& inputs, Call const& call) {
         .setRequired(call.hasArguments);
     if (call.hasArguments) {
         std::vector<char const*> arguments{call.specification.c_str()}; // any name will do for the tool
-        std::ranges::transform(call.arguments, std::back_inserter(arguments), &std::string::c_str);
+        std::ranges::transform(call.arguments, std::back_inserter(arguments),
+                               [](std::string const& each) { return each.c_str(); });
         composed.setArguments(static_cast<unsigned int>(arguments.size()), arguments.data());
     }
     return composed;
