@@ -31,7 +31,7 @@ public:
 private:
     /// @param isInside whether it is a section, not the specification itself
     void selectIn(DumpedSection& section, Demands const& demands, bool isInside);
-    bool canNameSection(DumpedSection const& section);
+    void selectInside(DumpedSection& section, Demands const& around);
     Use useOf(DumpedSetting const& setting, Demands const& demands, bool isInside) const;
     std::string findObstacle(DumpedSetting const& setting);
     bool takeName(std::string const& name);
