@@ -64,7 +64,8 @@ public:
     /// The values as a request gives them, whatever was found: a group without a name that holds the specification's
     /// group, or one for each of its occurrences; nothing when nothing was given and no default applies. Here, hidden
     /// settings are shown, and what is misplaced stands where it was given. A section that no source gave, and that
-    /// only holds defaults, has an unknown origin. Lives as long as this object; not to be changed.
+    /// only holds defaults, has an unknown origin. Secret texts are as they are. Lives as long as this object; not to
+    /// be changed.
     ParameterValueGroup const& getValues() const noexcept;
 
     /// Whether InspectionInputs::MACHINE_CONFIG_TAKEN_IF_ADDRESSED left out a "machine.config" that is there.

@@ -18,7 +18,7 @@ BUILD = sys.argv[2]
 RANDOM = random.Random(int(sys.argv[3]) if len(sys.argv) > 3 else 1)
 SPECIFICATIONS = 12
 FILES = 25  # of each specification
-STARTS = 15  # of a tool of each specification
+STARTS = 8  # of a tool of each specification
 
 # Texts of each type, and others.
 NUMBERS = ["", "5", "+5", " 5", "5 ", "-0", "007", "0" * 40 + "5", "-2147483648", "2147483647", "2147483648", "4294967295",
@@ -119,7 +119,8 @@ def values(section):
         if RANDOM.random() < 0.2 and name + "=" not in attributes:
             attributes += ' %s="%s"' % (name, value_of(setting))
         elif setting["isDirect"] and RANDOM.random() < 0.2:
-            elements += ['<%s value="%s"/>' % (name, value_of(setting))] * RANDOM.choice((1, 1, 1, 2))
+            ignored = RANDOM.choice(("", "", "", ' other="1"'))
+            elements += ['<%s%s value="%s">%s</%s>' % (name, ignored, value_of(setting), ignored and "<x/>", name)] * RANDOM.choice((1, 1, 1, 2))
     elements += [values(inner) for inner in section["sections"] if RANDOM.random() < 0.5]
     RANDOM.shuffle(elements)
     text = RANDOM.choice(("", " text ", "<!-- comment -->"))

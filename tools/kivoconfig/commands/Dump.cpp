@@ -20,6 +20,7 @@
 #include <algorithm>
 #include <iostream>
 #include <memory>
+#include <utility>
 
 using namespace kivo::configuration;
 
@@ -44,19 +45,25 @@ Json toJson(DumpedSetting const& setting) {
 }
 
 Json toJson(DumpedSection const& section) {
-    auto document = Json::object();
+    Json::object_t members; // names differ, so nothing is looked up: that would be slow
     for (auto const& setting : section.settings) {
         if (setting.use == Use::VALUE) {
-            document.emplace(toUtf8(setting.getParameter().getId()), toJson(setting));
+            members.emplace_back(toUtf8(setting.getParameter().getId()), toJson(setting));
         }
     }
+    ParameterGroup const* last = nullptr;
     for (auto const& inner : section.sections) {
-        if (inner.use == Use::VALUE) {
-            auto& member = document[toUtf8(inner.group->getId())];
-            inner.group->isUnbounded() ? member.push_back(toJson(inner)) : void(member = toJson(inner));
+        if (inner.use != Use::VALUE) {
+            continue;
         }
+        bool const isRepeated = inner.group->isUnbounded();
+        if (std::exchange(last, inner.group) != inner.group) {
+            members.emplace_back(toUtf8(inner.group->getId()), isRepeated ? Json::array() : Json());
+        }
+        auto& member = members.back().second;
+        isRepeated ? member.push_back(toJson(inner)) : void(member = toJson(inner));
     }
-    return document;
+    return members;
 }
 
 /// Errors are worth knowing, since the values are as faulty as they were given.

@@ -29,9 +29,9 @@ namespace {
 char const* const LIMITS =
     "For editors, and for checks before a file is used. Nothing is required here, since other sources may give it. "
     "What XML Schema 1.0 cannot say is not checked: that the alternatives of an exclusive choice exclude each other; "
-    "that a setting which takes one value is given once; the bounds of fractions, sizes and durations; what a "
-    "validator refuses. Names have to be spelled as here, although tools take upper and lower case to be the same. "
-    "Settings and sections whose ids are no XML names are missing: a values file cannot give them.";
+    "that a setting which takes one value, or a section, is given once; the bounds of fractions, sizes and durations; "
+    "what a validator refuses. Names have to be spelled as here, although tools take upper and lower case to be the "
+    "same. Settings and sections whose ids are no XML names are missing: a values file cannot give them.";
 
 /// A whole number without the white space that the library allows before it.
 std::string withoutSpace(std::string_view number) {
@@ -98,9 +98,7 @@ private:
         mSections.back().attributes.push_back({id, &setting.parameter, documentation});
         if (setting.isDirect) {
             openElement(id, documentation);
-            mXml.open("xs:attribute", {{"name", "value"}, {"use", "required"}});
-            writeType(setting.parameter);
-            mXml.close();
+            writeValue(setting.parameter);
             closeElement();
         }
     }
@@ -118,6 +116,17 @@ private:
     void closeElement() {
         mXml.close();
         mXml.close();
+    }
+
+    /// Whatever else stands in the element of a setting is ignored.
+    void writeValue(Parameter const& parameter) {
+        mXml.open("xs:sequence");
+        mXml.empty("xs:any", {{"minOccurs", "0"}, {"maxOccurs", "unbounded"}, {"processContents", "skip"}});
+        mXml.close();
+        mXml.open("xs:attribute", {{"name", "value"}, {"use", "required"}});
+        writeType(parameter);
+        mXml.close();
+        mXml.empty("xs:anyAttribute", {{"processContents", "skip"}});
     }
 
     void writeDocumentation(std::vector<std::string> const& paragraphs) {

@@ -92,7 +92,7 @@ private:
 
     void onSetting(Setting const& setting) override {
         auto const& parameter = setting.parameter;
-        if (parameter.isHidden() || isAboutHelp(parameter)) {
+        if (parameter.isHidden() || (getDepth() == 0 && isAboutHelp(parameter))) {
             return;
         }
         auto const id = toUtf8(parameter.getId());

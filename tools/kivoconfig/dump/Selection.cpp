@@ -23,6 +23,9 @@ constexpr std::size_t MAX_NAMES = 20000;
 constexpr std::size_t MAX_ATTRIBUTES = 10000;
 constexpr std::size_t MANY_ATTRIBUTES = 1000;
 
+char const* const NO_NAME = "its id is no XML name";
+char const* const TOO_MANY_NAMES = "there are too many different names for a values file";
+
 std::size_t squareOfMany(std::size_t attributes) { return attributes > MANY_ATTRIBUTES ? attributes * attributes : 0; }
 
 /// Whether a default passes as a given text. One that is not empty was checked when it was declared, but for labels.
@@ -56,7 +59,7 @@ std::string findObstacle(char const* text) {
 
 void Selection::select(DumpedSection& specification) {
     takeName(toUtf8(specification.group->getId()));
-    selectIn(specification, Demands(specification, mChoices.isCommandLineOpen));
+    selectIn(specification, Demands(specification, mChoices.isCommandLineOpen), false);
     specification.use = Use::VALUE;
 }
 
@@ -65,11 +68,11 @@ void Selection::leaveOut(std::string const& name, std::string const& reason) {
     mHasLeftOut = true;
 }
 
-void Selection::selectIn(DumpedSection& section, Demands const& demands) {
+void Selection::selectIn(DumpedSection& section, Demands const& demands, bool isInside) {
     section.use = section.isGiven ? Use::VALUE : Use::LEFT_OUT;
     mAttributes = 0;
     for (auto& setting : section.settings) {
-        setting.use = useOf(setting, demands);
+        setting.use = useOf(setting, demands, isInside);
         auto const obstacle = setting.use == Use::LEFT_OUT ? std::string() : findObstacle(setting);
         if (!obstacle.empty()) {
             if (setting.use == Use::VALUE) {
@@ -81,34 +84,34 @@ void Selection::selectIn(DumpedSection& section, Demands const& demands) {
     }
     mSquares += squareOfMany(mAttributes);
     for (auto& inner : section.sections) {
-        if (canNameSection(inner)) {
-            selectIn(inner, Demands(inner, demands));
-            section.use = std::max(section.use, inner.use);
-        }
+        selectInside(inner, demands);
+        section.use = std::max(section.use, inner.use);
     }
 }
 
-bool Selection::canNameSection(DumpedSection const& section) {
-    if (!mChoices.isForFile) {
-        return true;
-    }
+void Selection::selectInside(DumpedSection& section, Demands const& around) {
     auto const id = toUtf8(section.group->getId());
-    bool const isName = isXmlName(id);
-    bool const canName = isName && takeName(id);
-    if (!canName && (section.isGiven || mChoices.takesDefaults)) {
-        leaveOut(section.prefix.substr(0, section.prefix.size() - 1),
-                 isName ? "there are too many different names for a values file" : "its id is no XML name");
+    auto const name = section.prefix.substr(0, section.prefix.size() - 1);
+    if (mChoices.isForFile && !isXmlName(id)) {
+        if (section.isGiven || mChoices.takesDefaults) {
+            leaveOut(name, NO_NAME);
+        }
+        return;
     }
-    return canName;
+    selectIn(section, Demands(section, around), true);
+    if (mChoices.isForFile && section.use == Use::VALUE && !takeName(id)) {
+        leaveOut(name, TOO_MANY_NAMES);
+        section.use = Use::LEFT_OUT;
+    }
 }
 
 /// Nobody has to know the defaults of hidden settings, and those about help do not belong into files.
-Use Selection::useOf(DumpedSetting const& setting, Demands const& demands) const {
+Use Selection::useOf(DumpedSetting const& setting, Demands const& demands, bool isInside) const {
     if (!setting.value->isUsingDefaultValue()) {
         return Use::VALUE;
     }
     auto const& parameter = setting.getParameter();
-    if (parameter.isHidden() || isAboutHelp(parameter)) {
+    if (parameter.isHidden() || (!isInside && isAboutHelp(parameter))) {
         return Use::LEFT_OUT;
     }
     bool const isValue = mChoices.takesDefaults && !demands.forbid(setting) && passesAsGiven(*setting.value);
@@ -126,7 +129,7 @@ std::string Selection::findObstacle(DumpedSetting const& setting) {
     }
     auto const id = toUtf8(setting.getParameter().getId());
     if (!isXmlName(id)) {
-        return "its id is no XML name";
+        return NO_NAME;
     }
     if (!setting.isDirect && value.getNumberOfValues() > 1) {
         return setting.isMisplaced ? "it has several texts outside its section, where a values file can give one"
@@ -141,7 +144,7 @@ std::string Selection::findObstacle(DumpedSetting const& setting) {
         return "";
     }
     if (!takeName(id)) {
-        return "there are too many different names for a values file";
+        return TOO_MANY_NAMES;
     }
     return setting.isDirect || takeAttribute() ? "" : "there are too many attributes for a values file";
 }

@@ -29,9 +29,10 @@ public:
     bool hasLeftOut() const { return mHasLeftOut; }
 
 private:
-    void selectIn(DumpedSection& section, Demands const& demands);
-    bool canNameSection(DumpedSection const& section);
-    Use useOf(DumpedSetting const& setting, Demands const& demands) const;
+    /// @param isInside whether it is a section, not the specification itself
+    void selectIn(DumpedSection& section, Demands const& demands, bool isInside);
+    void selectInside(DumpedSection& section, Demands const& around);
+    Use useOf(DumpedSetting const& setting, Demands const& demands, bool isInside) const;
     std::string findObstacle(DumpedSetting const& setting);
     bool takeName(std::string const& name);
     bool takeAttribute();

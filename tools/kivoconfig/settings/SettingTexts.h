@@ -21,7 +21,7 @@ std::string valueNameOf(kivo::configuration::Parameter const& parameter);
 /// The labels of an enumeration, as they are; empty for all other types.
 std::vector<std::string> labelsOf(kivo::configuration::Parameter const& parameter);
 
-/// Whether the setting only says how a tool shows its help: help, quiet and notitle.
+/// Whether a setting of the specification itself only says how a tool shows its help: help, quiet and notitle.
 bool isAboutHelp(kivo::configuration::Parameter const& parameter);
 
 } // namespace kivoconfig

@@ -42,9 +42,7 @@ bool TypedWords::onSectionStart(ParameterGroup const& section) {
 void TypedWords::onSectionEnd(ParameterGroup const&) { mPrefixes.pop_back(); }
 
 void TypedWords::onSetting(Setting const& setting) {
-    if (!setting.parameter.isHidden()) {
-        mFlags.push_back({setting, mPrefixes.back() + toUtf8(setting.parameter.getName())});
-    }
+    mFlags.push_back({setting, mPrefixes.back() + toUtf8(setting.parameter.getName())});
 }
 
 bool TypedWords::canBeFlag() const {
@@ -95,7 +93,7 @@ void TypedWords::readFlag(std::string const& flag) {
     }
 }
 
-/// The setting that a flag means: the one of this name, or the only one whose name begins like this.
+/// The setting that a flag means: the one of this name, or the only visible one whose name begins like this.
 TypedWords::Flag const* TypedWords::resolve(std::string const& given) const {
     auto const wanted = folded(given);
     Flag const* found = nullptr;
@@ -105,7 +103,7 @@ TypedWords::Flag const* TypedWords::resolve(std::string const& given) const {
         if (name == wanted) {
             return &flag;
         }
-        if (name.starts_with(wanted)) {
+        if (!flag.setting.parameter.isHidden() && name.starts_with(wanted)) {
             isAmbiguous = found;
             found = &flag;
         }
@@ -124,7 +122,7 @@ std::vector<TypedWords::Flag const*> TypedWords::findFurtherFlags() const {
     std::vector<Flag const*> further;
     for (auto const& flag : mFlags) {
         bool const canBeGiven = flag.setting.parameter.isUnbounded() || !mGiven.contains(&flag);
-        if (canBeGiven && !isExcluded(flag.setting)) {
+        if (!flag.setting.parameter.isHidden() && canBeGiven && !isExcluded(flag.setting)) {
             further.push_back(&flag);
         }
     }

@@ -58,7 +58,7 @@ std::string withoutDoubleHyphens(std::string_view text, std::string_view lead, s
 } // namespace
 
 bool isXmlName(std::string_view text) {
-    bool isName = !text.empty() && isIn(FIRST_OF_NAME, takeCharacter(text));
+    bool isName = !text.empty() && text != "xmlns" && isIn(FIRST_OF_NAME, takeCharacter(text));
     while (isName && !text.empty()) {
         auto const character = takeCharacter(text);
         isName = isIn(FIRST_OF_NAME, character) || isIn(REST_OF_NAME, character);

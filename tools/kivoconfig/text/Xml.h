@@ -5,7 +5,7 @@
 
 namespace kivoconfig {
 
-/// Whether a text can be the name of an element or attribute, without a namespace.
+/// Whether a text can be the name of an element or attribute, without a namespace. "xmlns" cannot.
 bool isXmlName(std::string_view text);
 
 /// Whether XML can carry all characters of a text.
