@@ -35,12 +35,13 @@ int explain(Specification const& specification) {
 int restore(int argc, char const* const* argv) {
     Manager& manager = *Manager::getInstance();
     Specification const& specification = *describeRestore(manager);
+    manager.setCommandLineStyle(GNU_COMMAND_LINE);
     manager.enableConfiguration(false, nullptr, static_cast<unsigned int>(argc), argv);
     manager.enableEnvironment("KIVORESTORE");
     manager.setApplicationValues(restoreValues(), 0);
 
     // Before settings are asked for, which ends at the first fault.
-    if (std::find(argv, argv + argc, std::string_view("-explain")) != argv + argc) {
+    if (std::find(argv, argv + argc, std::string_view("--explain")) != argv + argc) {
         return explain(specification);
     }
     ValueGroup const settings = manager.getValueGroup(specification.getId(), true, FLAGS);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <configuration/CommandLineStyle.h>
 #include <configuration/ConfigurationManagerBase.h>
 #include <configuration/Export.h>
 #include <configuration/ParameterItem.h>
@@ -58,7 +59,8 @@ public:
     static void shutdown();
 
     /// Discards what is registered, destroys the providers and cached values, and loads the default validators and the
-    /// default registry again. All handles become invalid.
+    /// default registry again. All handles become invalid. The command line is PLAIN_COMMAND_LINE again, and there is
+    /// no version text.
     void reset();
 
     /// @name Registration. The manager takes ownership.
@@ -141,7 +143,8 @@ public:
     ///         specification without its root group
     ///
     /// When a source asks for "help", the sources after it are not asked. The group then holds "help" (with "quiet" and
-    /// "notitle", if they are set) and what was collected before, unchecked and without defaults.
+    /// "notitle", if they are set) and what was collected before, unchecked and without defaults. The same happens when
+    /// the command line asks for the version (see setVersionText()): the group then holds "version".
     void getValues(Specification const* specification, ParameterValueGroup& result, int flags);
     /// As above, by name.
     /// @throws ConfigurationException "Specification \"<name>\" was not found", "Duplicate specification \"<name>\""
@@ -195,7 +198,8 @@ public:
     /// A text about all settings of a specification that are not hidden, for a tool's help: each with its description,
     /// default, labels or bounds, whether it is required, deprecated, secret (then without its default), may be given
     /// several times, and its environment variable, where one is enabled. Its own settings come first, then those of
-    /// each section under a heading; the alternatives of an exclusive choice stand together.
+    /// each section under a heading; alternatives of an exclusive choice stand together. Flags are written in the style
+    /// of the tool's command line; a setting that no flag can give has its full name.
     ///
     /// No line ends with a blank. Texts are shown with their controls escaped as in C. Columns are counted as terminals
     /// show UTF-8, whatever the locale of the process is.
@@ -204,8 +208,7 @@ public:
     ///                          many as the terminal on standard output has; where it is none, as the environment
     ///                          variable COLUMNS says, else 80
     /// @throws kivo::ContractViolationException "specificationName != 0 && strlen( specificationName) > 0"
-    /// @throws ConfigurationException "Specification \"<name>\" was not found"; what EnvironmentValueProvider throws
-    /// for
+    /// @throws ConfigurationException "Specification \"<name>\" was not found"; as EnvironmentValueProvider for
     ///         two settings with one variable
     char const* composeDetailedHelp(char const* specificationName, unsigned long width) const;
     /// @}
@@ -213,6 +216,17 @@ public:
     /// @name Installation and files
     /// @{
 
+    /// Says how the command lines of the next calls of enableConfiguration() are written. PLAIN_COMMAND_LINE at first.
+    void setCommandLineStyle(CommandLineStyle style);
+    /// Sets what "--version" prints, for the next calls of enableConfiguration(). The flag is known where the command
+    /// line is in GNU style and the specification has no setting "version".
+    ///
+    /// "--version" ends a request as help does: the settings hold a bool "version" that is true, nothing is checked,
+    /// and there are no defaults. The tool looks for it and prints getVersionText().
+    /// @param text copied; null or empty: there is no such flag, as at first
+    void setVersionText(char const* text);
+    /// The text that was set, or null. Lives until the next call of setVersionText() or reset().
+    char const* getVersionText() const;
     /// Replaces all providers by those of a tool's start: the files that "-loadConfiguration" names on the command
     /// line, in their order; the command line without them; the application's file; the installation's
     /// "machine.config". That is also their precedence: a "-loadConfiguration" file wins over the command line. Kept
@@ -221,6 +235,8 @@ public:
     /// @param applicationConfigFile path of a values file, or null
     /// @param argc                  number of arguments
     /// @param argv                  the arguments; null: no command line
+    ///
+    /// In GNU style, "--loadConfiguration" and "--loadConfiguration=<file>" name files, too, unless they follow "--".
     /// @throws ConfigurationException "Missing value for the -loadConfiguration parameter",
     ///         "File \"<path>\" was not found"; what reading a file and CommandLineValueProvider throw. The providers
     ///         set up before the failure stay.

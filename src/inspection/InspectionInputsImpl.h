@@ -16,6 +16,7 @@ public:
     MachineConfig machineConfig = MACHINE_CONFIG_LEFT_OUT;
     std::string applicationFile;
     std::vector<std::string> arguments; // empty: no command line
+    CommandLineStyle style = PLAIN_COMMAND_LINE;
     std::optional<EnvironmentVariables> environment;
     bool isCommandLineOpen = false;
     int flags = 0;

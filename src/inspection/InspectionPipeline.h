@@ -10,12 +10,14 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
 namespace kivo::configuration {
 
+struct GnuArguments;
 class Specification;
 class ValueProvider;
 struct EnvironmentVariables;
@@ -35,6 +37,8 @@ public:
     void takeFaults(ParameterErrors const& faults);
     /// Adds a command line. @param arguments as parseArguments() gives them
     void addArguments(ParameterValueGroup const& arguments);
+    /// Adds a command line in GNU style. Requests for help and for the version are passed over.
+    void addArguments(GnuArguments const& arguments);
     /// Adds environment variables, and says which of them belong to no setting.
     void addEnvironment(EnvironmentVariables const& environment);
     /// Adds the tree of a values file. @param isFixed whether its repeated elements are values
@@ -75,6 +79,7 @@ private:
     static ParameterValueGroup separate(ParameterValueGroup const& tree, StoredOrigin const& origin);
     void send(ParameterValueGroup const& values, bool isFile);
     void take(ParameterErrors const& faults, Finding::Severity severity);
+    void noteMisgiven(GivenItem const& item);
     std::string suggest(Rule rule, GivenItem const& item);
     std::string suggestElement(GivenItem& element);
     Section& enterRoot();
@@ -90,7 +95,9 @@ private:
     std::optional<SettingNames> mNames;                      // made for the first suggestion
     std::vector<GivenItem> mItems;                           // in the order in which they were given
     std::unordered_map<void const*, std::size_t> mPositions; // by the identity of the item's origin
-    std::unordered_set<void const*> mFaulty; // identities of origins of what a phase before found fault with
+    std::unordered_set<void const*> mFaulty;   // identities of origins of what a phase before found fault with
+    bool mHasMisgiven = false;                 // whether a section was given as a setting, or the other way round
+    std::unordered_set<std::string> mMisgiven; // what would be said if such sections were missing
     std::vector<std::unique_ptr<Section>> mRootSections;
     std::vector<std::unique_ptr<Section>> mEmptyRoots; // occurrences that gave nothing
     std::size_t mSource = 0;

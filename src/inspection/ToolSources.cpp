@@ -13,6 +13,7 @@
 #include "manager/ContextMgr.h"
 #include "manager/ToolStart.h"
 #include "providers/CommandLineArguments.h"
+#include "providers/GnuArguments.h"
 #include "providers/XmlValuesFile.h"
 #include "registry/xml/XmlFile.h"
 #include "registry/xml/XmlScope.h"
@@ -77,12 +78,12 @@ bool addMachineConfig(InspectionPipeline& pipeline, InspectionInputs::MachineCon
 
 } // namespace
 
-bool addToolSources(InspectionPipeline& pipeline, std::vector<std::string> const& arguments,
+bool addToolSources(InspectionPipeline& pipeline, std::vector<std::string> const& arguments, CommandLineStyle style,
                     std::optional<EnvironmentVariables> const& environment, std::string const& applicationFile,
                     InspectionInputs::MachineConfig machineConfig) {
     ContextMgr const context;
     XmlScope const scope;
-    auto const split = splitArguments(arguments);
+    auto const split = splitArguments(arguments, style);
     for (auto const& file : split.files) {
         ParameterErrors faults;
         bool const isNamed =
@@ -92,7 +93,9 @@ bool addToolSources(InspectionPipeline& pipeline, std::vector<std::string> const
             addNamedFile(pipeline, file.name, file.flag);
         }
     }
-    if (!arguments.empty()) {
+    if (!arguments.empty() && style == GNU_COMMAND_LINE) {
+        pipeline.addArguments(GnuArguments{split.kept, split.keptIndexes, true});
+    } else if (!arguments.empty()) {
         addArguments(pipeline, split);
     }
     if (environment) {
@@ -112,7 +115,12 @@ void addProviders(InspectionPipeline& pipeline, Manager& manager, int flags) {
             continue;
         }
         if (type == typeid(CommandLineValueProvider)) {
-            pipeline.addArguments(static_cast<CommandLineValueProvider&>(provider).getArguments());
+            auto const& commandLine = static_cast<CommandLineValueProvider&>(provider);
+            if (auto const* const arguments = commandLine.getGnuArguments()) {
+                pipeline.addArguments(*arguments);
+            } else {
+                pipeline.addArguments(commandLine.getArguments());
+            }
         } else if (type == typeid(XmlFileValueProvider)) {
             pipeline.addFile(provider.getDataCache(), static_cast<XmlFileValueProvider&>(provider).isFixed());
         } else if (type == typeid(ApplicationValuesProvider)) {

@@ -15,9 +15,10 @@ class Manager;
 
 /// Gives a pipeline the sources that a tool would have, in the order in which a request asks them.
 /// @param arguments     the tool's name first; empty: no command line
+/// @param style         of the arguments
 /// @param machineConfig when the installation's file counts
 /// @return whether MACHINE_CONFIG_TAKEN_IF_ADDRESSED left the installation's file out
-bool addToolSources(InspectionPipeline& pipeline, std::vector<std::string> const& arguments,
+bool addToolSources(InspectionPipeline& pipeline, std::vector<std::string> const& arguments, CommandLineStyle style,
                     std::optional<EnvironmentVariables> const& environment, std::string const& applicationFile,
                     InspectionInputs::MachineConfig machineConfig);
 

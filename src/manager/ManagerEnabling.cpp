@@ -43,13 +43,15 @@ void Manager::Impl::enableConfiguration(bool allowMachineConfig, char const* app
     ContextMgr const context;
     XmlScope const scope;
     mProviders.clear();
-    auto const split = splitArguments(arguments);
+    auto const split = splitArguments(arguments, mCommandLineStyle);
     for (auto const& file : split.files) {
         loadAndLogConfigurationFile(nameOf(file), false, file.flag);
     }
     if (!arguments.empty()) {
         VectorWrapper const kept(split.kept);
         auto& provider = addProvider<CommandLineValueProvider>(mNextProviderPriority++);
+        provider.setCommandLineStyle(mCommandLineStyle);
+        provider.setVersionFlag(!mVersionText.empty());
         provider.setOriginalIndexes(split.keptIndexes);
         provider.enableProvider(kept.size(), kept, 0);
     }

@@ -81,6 +81,8 @@ public:
     static constexpr int APPLICATION_VALUES_PRIORITY = 0;
     /// The priority of the next provider that enableConfiguration() or loadConfigurationFile() makes.
     int mNextProviderPriority = 1;
+    CommandLineStyle mCommandLineStyle = PLAIN_COMMAND_LINE;
+    std::string mVersionText; // empty: none
     KeyedRegistry<Specification> mSpecifications{"specification"};
     KeyedRegistry<ParameterEnumDefinition> mEnumDefinitions{"enumeration"};
     KeyedRegistry<ParameterItem> mParameterItems{"item"};

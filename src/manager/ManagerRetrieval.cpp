@@ -20,7 +20,7 @@ namespace kivo::configuration {
 
 namespace {
 
-/// When the user asked for help, the tool gets the collected values as they are.
+/// When the user asked for help, or for the version, the tool gets the collected values as they are.
 void addHelpRequest(Specification const& specification, ParameterValueGroup const& collected,
                     ParameterValueGroup& result) {
     auto group = std::make_unique<ParameterValueGroup>(specification.getParameterGroup());
@@ -55,7 +55,7 @@ void Manager::Impl::getValues(Specification const* specification, ParameterValue
             break;
         }
     }
-    if (readsAsTrue(collected, HELP)) {
+    if (readsAsTrue(collected, HELP) || asksForVersion(collected)) {
         addHelpRequest(*specification, collected, result);
     } else {
         ValuePipeline(*specification, flags).complete(collected, result);

@@ -8,39 +8,80 @@
 #include "kernel/kvFiles.h"
 #include "manager/InstallationPaths.h"
 #include "providers/CommandLineArguments.h"
+#include "providers/GnuArguments.h"
 #include "schema/LocatedException.h"
 #include "schema/NameComparison.h"
+
+#include <algorithm>
+#include <utility>
 
 namespace kivo::configuration {
 
 namespace {
 
-constexpr char const* LOAD_CONFIGURATION_FLAG = "-loadConfiguration";
+constexpr char const* LOAD_CONFIGURATION_FLAG = "loadConfiguration";
 constexpr char const* MACHINE_CONFIGURATION_FILE_NAME = "machine.config";
+
+/// Collects the arguments of a tool, one after the other.
+class ArgumentCollector {
+public:
+    explicit ArgumentCollector(std::vector<std::string> const& arguments) : mArguments(arguments) { keep(0, 1); }
+
+    void keep(std::size_t index, std::size_t count) {
+        for (auto i = index; i < index + count; ++i) {
+            mSplit.kept.push_back(mArguments[i]);
+            mSplit.keptIndexes.push_back(i);
+        }
+    }
+    void addFile(std::string_view name, std::size_t index) {
+        mSplit.files.push_back({std::string(name), StoredOrigin::ofCommandLine().at(index)});
+    }
+    ToolArguments take() { return std::move(mSplit); }
+
+private:
+    std::vector<std::string> const& mArguments;
+    ToolArguments mSplit;
+};
+
+bool namesFile(std::string_view flag) { return equalIgnoringCase(flag, LOAD_CONFIGURATION_FLAG); }
+
+void collectPlain(std::vector<std::string> const& arguments, ArgumentCollector& collector) {
+    for (auto const& [argument, value, index] : pairArguments(arguments)) {
+        if (isFlag(*argument) && namesFile(std::string_view(*argument).substr(1))) {
+            collector.addFile(value ? *value : "", index);
+        } else {
+            collector.keep(index, value ? 2 : 1);
+        }
+    }
+}
+
+void collectGnu(std::vector<std::string> const& arguments, ArgumentCollector& collector) {
+    auto const end =
+        static_cast<std::size_t>(std::find(arguments.begin() + 1, arguments.end(), END_OF_FLAGS) - arguments.begin());
+    for (std::size_t i = 1; i < end; ++i) {
+        auto const flag = parseGnuFlag(arguments[i]);
+        if (!flag || !namesFile(flag->name)) {
+            collector.keep(i, 1);
+        } else if (flag->value) {
+            collector.addFile(*flag->value, i);
+        } else {
+            bool const hasValue = i + 1 < end && !parseGnuFlag(arguments[i + 1]);
+            collector.addFile(hasValue ? arguments[i + 1] : "", i);
+            i += hasValue ? 1 : 0;
+        }
+    }
+    collector.keep(end, arguments.size() - end);
+}
 
 } // namespace
 
-ToolArguments splitArguments(std::vector<std::string> const& arguments) {
-    ToolArguments split;
+ToolArguments splitArguments(std::vector<std::string> const& arguments, CommandLineStyle style) {
     if (arguments.empty()) {
-        return split;
+        return {};
     }
-    auto const keep = [&](std::string const& argument, unsigned long index) {
-        split.kept.push_back(argument);
-        split.keptIndexes.push_back(index);
-    };
-    keep(arguments[0], 0);
-    for (auto const& [argument, value, index] : pairArguments(arguments)) {
-        if (equalIgnoringCase(*argument, LOAD_CONFIGURATION_FLAG)) {
-            split.files.push_back({value ? *value : "", StoredOrigin::ofCommandLine().at(index)});
-            continue;
-        }
-        keep(*argument, index);
-        if (value) {
-            keep(*value, index + 1);
-        }
-    }
-    return split;
+    ArgumentCollector collector(arguments);
+    (style == GNU_COMMAND_LINE ? collectGnu : collectPlain)(arguments, collector);
+    return collector.take();
 }
 
 std::string const& nameOf(ToolArguments::File const& file) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <configuration/CommandLineStyle.h>
+
 #include "schema/StoredOrigin.h"
 
 #include <optional>
@@ -22,7 +24,7 @@ struct ToolArguments {
 };
 
 /// @param arguments the program's name first; there may be none at all
-ToolArguments splitArguments(std::vector<std::string> const& arguments);
+ToolArguments splitArguments(std::vector<std::string> const& arguments, CommandLineStyle style);
 
 /// The name of the file that a "-loadConfiguration" flag names.
 /// @throws ConfigurationException "Missing value for the -loadConfiguration parameter"

@@ -67,6 +67,8 @@ Manager::~Manager() = default;
 void Manager::reset() {
     mImpl->clearCaches();
     mImpl->mNextProviderPriority = 1;
+    mImpl->mCommandLineStyle = PLAIN_COMMAND_LINE;
+    mImpl->mVersionText.clear();
     mImpl->registerDefaultValidators();
     mImpl->loadDefaultConfigurationRegistry();
 }
@@ -176,6 +178,14 @@ ValueGroupIterator Manager::getValueGroupIterator(char const* name, int flags) c
 
 void Manager::setApplicationValues(ParameterValueGroup const& values, int flags) {
     mImpl->setApplicationValues(values, flags);
+}
+
+void Manager::setCommandLineStyle(CommandLineStyle style) { mImpl->mCommandLineStyle = style; }
+
+void Manager::setVersionText(char const* text) { mImpl->mVersionText = text ? text : ""; }
+
+char const* Manager::getVersionText() const {
+    return mImpl->mVersionText.empty() ? nullptr : mImpl->mVersionText.c_str();
 }
 
 void Manager::enableConfiguration(bool allowMachineConfig, char const* applicationConfigFile, unsigned int argc,

@@ -98,11 +98,12 @@ std::unique_ptr<ParameterValueGroup> parseArguments(std::vector<std::string> con
                                                     std::vector<unsigned long> const& originalIndexes, int flags,
                                                     ParameterErrors* collected) {
     auto values = makeArguments();
-    for (auto const& [argument, value, index] : pairArguments(arguments)) {
-        auto const origin =
-            StoredOrigin::ofCommandLine().at(index < originalIndexes.size() ? originalIndexes[index] : index);
-        runOrCollect(collected, ruleOf(*argument), origin,
-                     [&] { values->addValueAt(nameOf(*argument, origin, flags).c_str(), textOf(value), origin); });
+    for (auto const& pair : pairArguments(arguments)) {
+        auto const origin = StoredOrigin::ofCommandLine().at(
+            pair.index < originalIndexes.size() ? originalIndexes[pair.index] : pair.index);
+        runOrCollect(collected, ruleOf(*pair.argument), origin, [&] {
+            values->addValueAt(nameOf(*pair.argument, origin, flags).c_str(), textOf(pair.value), origin);
+        });
     }
     return values;
 }

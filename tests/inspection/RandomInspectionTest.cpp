@@ -219,12 +219,15 @@ private:
     }
     void makeTree(ParameterValueGroup& top) { give(child(top, "tool"), *mRoot, mFaults, false); }
 
-    std::vector<std::string> makeArguments() {
+    std::vector<std::string> makeArguments(CommandLineStyle style) {
         std::vector<std::string> arguments{"program"};
         for (auto n = below(6); n > 0; --n) {
             auto const* const parameter = anyParameter();
             auto flag = parameter && !oneIn(mFaults) ? std::string(parameter->getName()) : anyId();
             flag.resize(oneIn(4) ? 1 + below(flag.size()) : flag.size());
+            if (style == GNU_COMMAND_LINE) {
+                flag = pick({"", "-", "-", "-no-"}) + flag + (oneIn(2) ? "=" + text(parameter) : "");
+            }
             arguments.push_back(oneIn(4 * mFaults) ? flag : "-" + flag);
             if (!oneIn(4)) {
                 arguments.push_back(text(parameter));
@@ -325,7 +328,8 @@ void RandomCase::compare(Inspection const& inspection, bool required, int flags)
 void RandomCase::check() {
     mFaults = oneIn(2) ? 4 : 1000;
     auto& manager = *Manager::getInstance();
-    auto const arguments = makeArguments();
+    auto const style = oneIn(3) ? GNU_COMMAND_LINE : PLAIN_COMMAND_LINE;
+    auto const arguments = makeArguments(style);
     std::vector<char const*> argv;
     for (auto const& argument : arguments) {
         argv.push_back(argument.c_str());
@@ -338,11 +342,13 @@ void RandomCase::check() {
     bool const required = oneIn(2);
 
     auto const inspection = Inspection(*specification, InspectionInputs()
+                                                           .setCommandLineStyle(style)
                                                            .setArguments(argc, argv.data())
                                                            .setApplicationFile(file.c_str())
                                                            .setMachineConfig(hasMachineConfig)
                                                            .setFlags(flags)
                                                            .setRequired(required));
+    manager.setCommandLineStyle(style);
     try {
         manager.enableConfiguration(hasMachineConfig, file.c_str(), argc, argv.data());
     } catch (std::exception const& thrown) {

@@ -65,8 +65,12 @@ CLI::Option* addSpecification(CLI::App& options, Call& call) {
     return added->required();
 }
 
-void addJson(CLI::App& options, Call& call) {
-    options.add_flag("--json", call.isJson, "Print one JSON document instead of text");
+CLI::Option* addJson(CLI::App& options, Call& call) {
+    return options.add_flag("--json", call.isJson, "Print one JSON document instead of text");
+}
+
+void addFatalWarnings(CLI::App& options, Call& call) {
+    options.add_flag("--fatal-warnings", call.areWarningsFatal, "End with 1 for warnings, too");
 }
 
 ExitStatus answer(std::vector<std::string> words, Call& call) {

@@ -20,12 +20,15 @@ struct Call {
     bool hasArguments = false;               ///< whether there is a "--"
     std::string specification = {};          ///< as it was written
     bool isJson = false;
+    bool areWarningsFatal = false;
 };
 
 /// Adds the argument SPEC, which is required.
 CLI::Option* addSpecification(CLI::App& options, Call& call);
 /// Adds the option --json.
-void addJson(CLI::App& options, Call& call);
+CLI::Option* addJson(CLI::App& options, Call& call);
+/// Adds the option --fatal-warnings.
+void addFatalWarnings(CLI::App& options, Call& call);
 
 /// Does what the command line of kivoconfig asks for.
 /// @throws CallFault, RegistryFault, std::ios_base::failure; what the library throws

@@ -2,12 +2,13 @@
 
 #include "Call.h"
 #include "Faults.h"
-#include "Origins.h"
+#include "Findings.h"
 #include "text/Characters.h"
 #include "text/CodePage.h"
-#include "text/Json.h"
 
 #include <sstream>
+
+using namespace kivo::configuration;
 
 namespace kivoconfig {
 
@@ -23,11 +24,8 @@ void reportRegistryFault(RegistryFault const& fault, Call& call) {
     std::istringstream lines(fault.what());
     for (std::string line; std::getline(lines, line);) {
         if (call.isJson) {
-            Json finding{{"severity", "error"}, {"rule", RULE}, {"message", toUtf8(line)}};
-            if (fault.getOrigin().isKnown()) {
-                finding["origin"] = toJson(fault.getOrigin());
-            }
-            findings.push_back(std::move(finding));
+            findings.push_back(
+                toJson(Finding(Finding::ERROR_SEVERITY, RULE, line.c_str(), fault.getOrigin(), nullptr)));
         } else {
             call.out << toLocal(printable(toUtf8(place + "error: " + line))) << " [" << RULE << "]\n";
         }

@@ -1,24 +1,22 @@
 // The command kivoconfig: answers questions about the settings of an installation's tools.
 
 #include "Call.h"
+#include "Complaints.h"
 #include "ExitStatus.h"
 #include "Faults.h"
 #include "RegistryReport.h"
 #include "StandardOutput.h"
-#include "text/Characters.h"
-#include "text/CodePage.h"
 
 #include <cerrno>
 #include <clocale>
 #include <csignal>
 #include <cstring>
-#include <iostream>
+#include <string>
+#include <vector>
 
 using namespace kivoconfig;
 
 namespace {
-
-void complain(std::string const& text) { std::cerr << "kivoconfig: " << toLocal(printable(toUtf8(text))) << '\n'; }
 
 /// Says what is wrong: call it where an exception is handled.
 ExitStatus reportFault(Call& call, StandardOutput const& output) {

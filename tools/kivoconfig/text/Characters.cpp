@@ -91,6 +91,16 @@ std::string printable(std::string_view text) {
     return result;
 }
 
+std::string printableLines(std::string_view text) {
+    std::string result;
+    while (!text.empty()) {
+        auto const end = std::min(text.find('\n'), text.size());
+        result.append(printable(text.substr(0, end))).append("\n");
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return result;
+}
+
 std::string collapsed(std::string_view text) {
     std::string result;
     for (char const c : text) {

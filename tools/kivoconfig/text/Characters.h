@@ -25,6 +25,9 @@ bool isControl(char32_t character);
 /// A text for people to read, in one line: controls as escapes of C, such as "\x1b" and "\u202e".
 std::string printable(std::string_view text);
 
+/// A text for people to read, each of its lines as printable() has it. The last one, too, ends with a line feed.
+std::string printableLines(std::string_view text);
+
 /// A text in one line: white space becomes single blanks.
 std::string collapsed(std::string_view text);
 

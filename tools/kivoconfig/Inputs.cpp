@@ -1,0 +1,91 @@
+#include "Inputs.h"
+
+#include "Call.h"
+#include "Complaints.h"
+
+#include <configuration/ConfigurationException.h>
+#include <configuration/Flags.h>
+#include <configuration/Specification.h>
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+
+using namespace kivo::configuration;
+
+namespace kivoconfig {
+
+namespace {
+
+InspectionInputs::MachineConfig machineConfigOf(Inputs const& inputs) {
+    if (inputs.takesMachineConfig) {
+        return InspectionInputs::MACHINE_CONFIG_TAKEN;
+    }
+    return inputs.leavesOutMachineConfig ? InspectionInputs::MACHINE_CONFIG_LEFT_OUT
+                                         : InspectionInputs::MACHINE_CONFIG_TAKEN_IF_ADDRESSED;
+}
+
+/// What is wrong with a prefix; empty when nothing is.
+std::string checkPrefix(std::string const& prefix) {
+    if (prefix.empty()) {
+        return "the prefix of environment variables is empty";
+    }
+    try {
+        InspectionInputs().setEnvironment(prefix.c_str());
+        return {};
+    } catch (ConfigurationException const& fault) {
+        return fault.what();
+    }
+}
+
+} // namespace
+
+void addInputs(CLI::App& options, Inputs& inputs) {
+    options.add_option("--config", inputs.applicationFile, "The values file that the tool itself reads")
+        ->check([](std::string const& file) { return std::string(file.empty() ? "the name of a file is empty" : ""); })
+        ->type_name("FILE");
+    auto* const machine = options.add_flag("--machine", inputs.takesMachineConfig,
+                                           "Take machine.config in, even if it is for another specification");
+    options.add_flag("--no-machine", inputs.leavesOutMachineConfig, "Leave machine.config out")->excludes(machine);
+    options.add_flag("--strict", inputs.isStrict, "The tool takes names that are not known as errors");
+    options.add_flag("--names", inputs.resolvesNames, "The tool takes flags that are shortened");
+    options
+        .add_option("--environment", inputs.environmentPrefix, "The tool reads environment variables of this prefix")
+        ->check(checkPrefix)
+        ->type_name("PREFIX");
+    options.footer(
+        "After \"--\" stand the arguments of the tool, without its name. Without \"--\" nothing counts as missing.");
+}
+
+bool areGiven(Inputs const& inputs, Call const& call) {
+    return call.hasArguments || !inputs.applicationFile.empty() || inputs.takesMachineConfig ||
+           inputs.leavesOutMachineConfig || inputs.isStrict || inputs.resolvesNames ||
+           !inputs.environmentPrefix.empty();
+}
+
+InspectionInputs composeInputs(Inputs const& inputs, Call const& call) {
+    InspectionInputs composed;
+    composed.setMachineConfig(machineConfigOf(inputs))
+        .setApplicationFile(inputs.applicationFile.c_str())
+        .setFlags((inputs.isStrict ? STRICT_RECOGNITION : 0) | (inputs.resolvesNames ? RESOLVE_FLAG_NAMES : 0))
+        .setEnvironment(inputs.environmentPrefix.c_str())
+        .setOpenCommandLine(!call.hasArguments)
+        .setRequired(call.hasArguments);
+    if (call.hasArguments) {
+        std::vector<char const*> arguments{call.specification.c_str()}; // any name will do for the tool
+        std::ranges::transform(call.arguments, std::back_inserter(arguments), &std::string::c_str);
+        composed.setArguments(static_cast<unsigned int>(arguments.size()), arguments.data());
+    }
+    return composed;
+}
+
+Inspection inspect(Specification const& specification, Inputs const& inputs, Call const& call) {
+    Inspection inspection(specification, composeInputs(inputs, call));
+    if (inspection.isMachineConfigLeftOut()) {
+        complain(std::string("note: machine.config is not for \"") + specification.getId() +
+                 "\" and was left out; --machine takes it in");
+    }
+    return inspection;
+}
+
+} // namespace kivoconfig
