@@ -22,6 +22,9 @@ CASES = [
     ("tool -full true -keyFile note<tab>", "tool -full true -keyFile notes.txt "),
     ("tool -loadConfiguration sub<tab>", "tool -loadConfiguration subfolder/"),
     ("tool -keyFile a=b:note<tab>", "tool -keyFile a=b:notes.txt "),
+    ("gnu --compression=b<tab>", "gnu --compression=best "),
+    ("gnu --retention.d<tab>", "gnu --retention.days "),
+    ("gnu --keyFile=note<tab>", "gnu --keyFile=notes.txt "),
     ("other -grade a:b<tab>", "other -grade a:b=c "),
     ("other -grade very<tab>", "other -grade very\\ good "),
     ("other -folder s<tab>", "other -folder subfolder/"),
@@ -38,10 +41,12 @@ SHELLS = {
 SET_UP = {
     "bash": "bind 'set enable-bracketed-paste off'; bind 'set bell-style none'; show() { printf '\\n<%s>\\n' \"$READLINE_LINE\"; READLINE_LINE=; };"
             " bind -x '\"\\C-o\": show'; source {own}; source <(kivoconfig completion bash tool kivobackup);"
-            " source <(kivoconfig completion bash other names); PS1=; echo rea''dy",
+            " source <(kivoconfig completion bash other names);"
+            " source <(kivoconfig completion bash gnu kivobackup --gnu); PS1=; echo rea''dy",
     "zsh": "unsetopt zle_bracketed_paste prompt_cr prompt_sp beep; PS1=; fpath=({folder} $fpath); autoload -U compinit && compinit -u -D;"
            " zstyle ':completion:*' list-prompt ''; show() {{ print -r -- $'\\n'\"<$BUFFER>\"; BUFFER=; }}; zle -N show; bindkey '^O' show;"
-           " source <(kivoconfig completion zsh tool kivobackup); source <(kivoconfig completion zsh other names); echo rea''dy",
+           " source <(kivoconfig completion zsh tool kivobackup); source <(kivoconfig completion zsh other names);"
+           " source <(kivoconfig completion zsh gnu kivobackup --gnu); echo rea''dy",
 }
 
 

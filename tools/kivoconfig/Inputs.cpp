@@ -40,6 +40,10 @@ std::string checkPrefix(std::string const& prefix) {
 
 } // namespace
 
+void addGnu(CLI::App& options, bool& isGnu) {
+    options.add_flag("--gnu", isGnu, "The tool's command line is in GNU style");
+}
+
 void addInputs(CLI::App& options, Inputs& inputs) {
     options.add_option("--config", inputs.applicationFile, "The values file that the tool itself reads")
         ->check([](std::string const& file) { return std::string(file.empty() ? "the name of a file is empty" : ""); })
@@ -49,6 +53,7 @@ void addInputs(CLI::App& options, Inputs& inputs) {
     options.add_flag("--no-machine", inputs.leavesOutMachineConfig, "Leave machine.config out")->excludes(machine);
     options.add_flag("--strict", inputs.isStrict, "The tool takes names that are not known as errors");
     options.add_flag("--names", inputs.resolvesNames, "The tool takes flags that are shortened");
+    addGnu(options, inputs.isGnu);
     options
         .add_option("--environment", inputs.environmentPrefix, "The tool reads environment variables of this prefix")
         ->check(checkPrefix)
@@ -59,7 +64,7 @@ void addInputs(CLI::App& options, Inputs& inputs) {
 
 bool areGiven(Inputs const& inputs, Call const& call) {
     return call.hasArguments || !inputs.applicationFile.empty() || inputs.takesMachineConfig ||
-           inputs.leavesOutMachineConfig || inputs.isStrict || inputs.resolvesNames ||
+           inputs.leavesOutMachineConfig || inputs.isStrict || inputs.resolvesNames || inputs.isGnu ||
            !inputs.environmentPrefix.empty();
 }
 
@@ -68,6 +73,7 @@ InspectionInputs composeInputs(Inputs const& inputs, Call const& call) {
     composed.setMachineConfig(machineConfigOf(inputs))
         .setApplicationFile(inputs.applicationFile.c_str())
         .setFlags((inputs.isStrict ? STRICT_RECOGNITION : 0) | (inputs.resolvesNames ? RESOLVE_FLAG_NAMES : 0))
+        .setCommandLineStyle(inputs.isGnu ? GNU_COMMAND_LINE : PLAIN_COMMAND_LINE)
         .setEnvironment(inputs.environmentPrefix.c_str())
         .setOpenCommandLine(!call.hasArguments)
         .setRequired(call.hasArguments);

@@ -2,6 +2,7 @@
 // means. A line that begins with the tab asks the shell for names of files or directories.
 
 #include "Commands.h"
+#include "Inputs.h"
 #include "Installation.h"
 #include "settings/SettingTexts.h"
 #include "settings/TypedWords.h"
@@ -11,6 +12,7 @@
 
 #include <configuration/Parameter.h>
 
+#include <memory>
 #include <sstream>
 
 using namespace kivo::configuration;
@@ -24,13 +26,22 @@ constexpr std::size_t DESCRIPTION_WIDTH = 72;
 /// The candidates, as they are printed: all of them or, when something is wrong, none.
 class Candidates {
 public:
-    explicit Candidates(TypedWords const& words) : mWords(words) {}
+    Candidates(TypedWords const& words, bool isGnu) : mWords(words), mIsGnu(isGnu) {}
 
     void addFlags() {
-        for (auto const* setting : mWords.findFurtherFlags()) {
-            addFlag(flagOf(setting->parameter), descriptionOf(setting->parameter));
+        bool declaresHelp = false;
+        for (auto const* flag : mWords.findFurtherFlags()) {
+            auto const& parameter = flag->setting.parameter;
+            addFlag(flag->name, descriptionOf(parameter));
+            if (mIsGnu && isSwitch(parameter) && parameter.isOptional() && mWords.getLast().size() > 2) {
+                addFlag("no-" + flag->name, descriptionOf(parameter));
+            }
+            declaresHelp = declaresHelp || folded(flag->name) == "help";
         }
-        addFlag(FILE_FLAG, "Read values from this file");
+        if (mIsGnu && !declaresHelp) {
+            addFlag("help", "Ask for help");
+        }
+        addFlag(FILE_FLAG + 1, "Read values from this file");
     }
 
     void addValues() {
@@ -39,8 +50,9 @@ public:
             mText << "\tfiles\n";
         } else if (setting) {
             for (auto const& label : labelsOf(setting->parameter)) {
-                if (label.starts_with(mWords.getLast()) && !label.starts_with('-')) {
-                    add(label, "");
+                bool const isFlag = label.starts_with('-') && mWords.getJoined().empty();
+                if (label.starts_with(mWords.getLast()) && !isFlag) {
+                    add(mWords.getJoined() + label, "");
                 }
             }
             auto const valueName = folded(valueNameOf(setting->parameter));
@@ -51,7 +63,8 @@ public:
     std::string getText() const { return toLocal(mText.str()); }
 
 private:
-    void addFlag(std::string const& flag, std::string const& description) {
+    void addFlag(std::string const& name, std::string const& description) {
+        auto const flag = mWords.getDashes() + name;
         if (folded(flag).starts_with(folded(mWords.getLast()))) {
             add(flag, description);
         }
@@ -66,16 +79,18 @@ private:
     }
 
     TypedWords const& mWords;
+    bool mIsGnu;
     std::ostringstream mText;
 };
 
-std::string findCandidates(Call const& call) {
+std::string findCandidates(Call const& call, bool isGnu) {
     std::vector<std::string> words;
     for (auto const& argument : call.arguments) {
         words.push_back(toUtf8(argument));
     }
-    TypedWords const typed(findSpecification(call.specification), std::move(words));
-    Candidates candidates(typed);
+    auto const style = isGnu ? GNU_COMMAND_LINE : PLAIN_COMMAND_LINE;
+    TypedWords const typed(findSpecification(call.specification), style, std::move(words));
+    Candidates candidates(typed, isGnu);
     if (typed.canBeValue()) {
         candidates.addValues();
     }
@@ -88,9 +103,11 @@ std::string findCandidates(Call const& call) {
 } // namespace
 
 Work prepareComplete(CLI::App& options, Call& call) {
+    auto const isGnu = std::make_shared<bool>(false);
     addSpecification(options, call);
-    return [&call] {
-        call.out << findCandidates(call);
+    addGnu(options, *isGnu);
+    return [&call, isGnu] {
+        call.out << findCandidates(call, *isGnu);
         return NO_ERROR_FOUND;
     };
 }

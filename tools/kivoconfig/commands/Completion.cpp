@@ -3,6 +3,7 @@
 
 #include "Commands.h"
 #include "Faults.h"
+#include "Inputs.h"
 #include "Installation.h"
 #include "completion/Scripts.h"
 
@@ -55,18 +56,20 @@ Work prepareCompletion(CLI::App& options, Call& call) {
     struct Arguments {
         std::string shell;
         std::string tool;
+        bool isGnu = false;
     };
     auto const given = std::make_shared<Arguments>();
     options.add_option("SHELL", given->shell, "bash or zsh")->required()->check(CLI::IsMember({"bash", "zsh"}));
     options.add_option("TOOL", given->tool, "Name by which the tool is called")->required();
     addSpecification(options, call);
+    addGnu(options, given->isGnu);
     return [&call, given] {
         requirePlainName(given->tool);
         findSpecification(call.specification);
         std::string script = given->shell == "bash" ? BASH_SCRIPT : ZSH_SCRIPT;
         replaceAll(script, "%FUNCTION%", functionOf(given->tool));
         replaceAll(script, "%TOOL%", given->tool);
-        replaceAll(script, "%SPEC%", shellQuoted(call.specification));
+        replaceAll(script, "%SPEC%", shellQuoted(call.specification) + (given->isGnu ? " --gnu" : ""));
         call.out << script;
         return NO_ERROR_FOUND;
     };

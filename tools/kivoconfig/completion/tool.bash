@@ -18,17 +18,20 @@
     done
 
     # Of the word that is typed, bash replaces only what follows the last split.
-    local typed=${words[-1]} kept=${words[-1]} candidate
+    local typed=${words[-1]} kept=${words[-1]} candidate joined=
     [[ $rest != *[!=:]* ]] || kept=${typed%"$rest"}
     COMPREPLY=()
     while IFS= read -r candidate; do
         case $candidate in
         $'\tfiles' | $'\tdirectories')
             compopt -o filenames
+            # The name of a file may follow "--flag=".
+            [[ $typed != -*=* ]] || joined=${typed%%=*}=
             [[ $candidate == $'\tfiles' ]] && i=-f || i=-d
             while IFS= read -r candidate; do
+                candidate=$joined$candidate
                 COMPREPLY+=("${candidate#"$kept"}")
-            done < <(compgen "$i" -- "$typed")
+            done < <(compgen "$i" -- "${typed#"$joined"}")
             ;;
         *)
             printf -v candidate %q "${candidate%%$'\t'*}"

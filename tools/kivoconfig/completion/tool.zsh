@@ -7,8 +7,8 @@
     for line in "${(@f)$(kivoconfig complete %SPEC% -- "${(@Q)words[2,CURRENT-1]}" "${(Q)PREFIX}" 2>/dev/null)}"; do
         case $line in
         ('') ;;
-        ($'\tfiles') _files ;;
-        ($'\tdirectories') _files -/ ;;
+        ($'\tfiles') compset -P '-*='; _files ;;
+        ($'\tdirectories') compset -P '-*='; _files -/ ;;
         (*$'\t'*) candidates+=("${${line%%$'\t'*}//:/\\:}:${line#*$'\t'}") ;;
         (*) candidates+=("${line//:/\\:}") ;;
         esac

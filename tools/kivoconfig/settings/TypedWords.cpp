@@ -4,6 +4,7 @@
 #include "text/CodePage.h"
 
 #include <configuration/Parameter.h>
+#include <configuration/ParameterGroup.h>
 #include <configuration/Specification.h>
 
 #include <algorithm>
@@ -12,53 +13,101 @@ using namespace kivo::configuration;
 
 namespace kivoconfig {
 
-TypedWords::TypedWords(Specification const& specification, std::vector<std::string> words) {
+TypedWords::TypedWords(Specification const& specification, CommandLineStyle style, std::vector<std::string> words)
+    : mStyle(style) {
     walk(specification);
     if (!words.empty()) {
         mLast = std::move(words.back());
         words.pop_back();
     }
     std::ranges::for_each(words, [this](std::string const& word) { read(word); });
-}
-
-bool TypedWords::onSectionStart(ParameterGroup const&) { return getDepth() == 0; }
-
-void TypedWords::onSetting(Setting const& setting) {
-    if (!setting.parameter.isHidden()) {
-        mFlags.push_back(setting);
+    auto const sign = isGnu() && mLast.starts_with('-') && !mIsAfterFlags ? mLast.find('=') : std::string::npos;
+    if (sign != std::string::npos) {
+        mJoined = mLast.substr(0, sign + 1);
+        readFlag(mLast.substr(0, sign));
+        mLast.erase(0, sign + 1);
     }
 }
 
-/// A flag of a bool needs no value.
-bool TypedWords::isAfterSwitch() const {
-    return mSettingBefore && mSettingBefore->parameter.getValueType() == Parameter::BOOLEAN_PARAMETER;
+/// The settings of sections are given in GNU style only, and not where the section repeats.
+bool TypedWords::onSectionStart(ParameterGroup const& section) {
+    bool const isRoot = getDepth() == 0;
+    if (!isRoot && (!isGnu() || section.isUnbounded())) {
+        return false;
+    }
+    mPrefixes.push_back(isRoot ? "" : mPrefixes.back() + toUtf8(section.getId()) + '.');
+    return true;
+}
+
+void TypedWords::onSectionEnd(ParameterGroup const&) { mPrefixes.pop_back(); }
+
+void TypedWords::onSetting(Setting const& setting) {
+    if (!setting.parameter.isHidden()) {
+        mFlags.push_back({setting, mPrefixes.back() + toUtf8(setting.parameter.getName())});
+    }
+}
+
+bool TypedWords::canBeFlag() const {
+    if (!mJoined.empty() || mIsAfterFlags) {
+        return false;
+    }
+    bool const isAfterSwitch = mFlagBefore && isSwitch(mFlagBefore->setting.parameter);
+    return mLast.starts_with('-') || !mHasFlagBefore || isAfterSwitch;
+}
+
+bool TypedWords::canBeValue() const {
+    return !mJoined.empty() || (mHasFlagBefore && !mIsAfterFlags && !mLast.starts_with('-'));
+}
+
+char const* TypedWords::getDashes() const {
+    bool const isOne = mLast.size() > 1 && mLast.starts_with('-') && mLast[1] != '-';
+    return isGnu() && !isOne ? "--" : "-";
 }
 
 void TypedWords::read(std::string const& word) {
-    mHasFlagBefore = word.starts_with('-');
-    mIsAfterFileFlag = folded(word) == folded(FILE_FLAG);
-    mSettingBefore = mHasFlagBefore ? resolve(word) : nullptr;
-    if (mSettingBefore) {
-        mGiven.insert(mSettingBefore);
-        for (auto const& alternative : mSettingBefore->alternatives) {
+    auto const end = isGnu() ? word.find('=') : std::string::npos;
+    mIsAfterFlags = mIsAfterFlags || (isGnu() && word == "--");
+    mHasFlagBefore = word.starts_with('-') && !mIsAfterFlags;
+    mIsAfterFileFlag = false;
+    mFlagBefore = nullptr;
+    if (mHasFlagBefore) {
+        readFlag(word.substr(0, end));
+        bool const isComplete =
+            end != std::string::npos || (isGnu() && mFlagBefore && isSwitch(mFlagBefore->setting.parameter) &&
+                                         mFlagBefore->setting.parameter.isOptional());
+        mHasFlagBefore = !isComplete;
+    }
+}
+
+/// @param flag with its dashes
+void TypedWords::readFlag(std::string const& flag) {
+    auto const name = flag.substr(isGnu() && flag.starts_with("--") ? 2 : 1);
+    mIsAfterFileFlag = '-' + folded(name) == folded(FILE_FLAG);
+    mFlagBefore = resolve(name);
+    if (!mFlagBefore && isGnu() && folded(name).starts_with("no-")) {
+        mFlagBefore = resolve(name.substr(3));
+    }
+    if (mFlagBefore) {
+        mGiven.insert(mFlagBefore);
+        for (auto const& alternative : mFlagBefore->setting.alternatives) {
             mChosen.emplace(alternative.choice, alternative.position);
         }
     }
 }
 
 /// The setting that a flag means: the one of this name, or the only one whose name begins like this.
-Setting const* TypedWords::resolve(std::string const& flag) const {
-    auto const wanted = folded(flag);
-    Setting const* found = nullptr;
+TypedWords::Flag const* TypedWords::resolve(std::string const& given) const {
+    auto const wanted = folded(given);
+    Flag const* found = nullptr;
     bool isAmbiguous = false;
-    for (auto const& setting : mFlags) {
-        auto const name = folded(flagOf(setting.parameter));
+    for (auto const& flag : mFlags) {
+        auto const name = folded(flag.name);
         if (name == wanted) {
-            return &setting;
+            return &flag;
         }
         if (name.starts_with(wanted)) {
             isAmbiguous = found;
-            found = &setting;
+            found = &flag;
         }
     }
     return isAmbiguous ? nullptr : found;
@@ -71,17 +120,17 @@ bool TypedWords::isExcluded(Setting const& setting) const {
     });
 }
 
-std::vector<Setting const*> TypedWords::findFurtherFlags() const {
-    std::vector<Setting const*> further;
-    for (auto const& setting : mFlags) {
-        bool const canBeGiven = setting.parameter.isUnbounded() || !mGiven.contains(&setting);
-        if (canBeGiven && !isExcluded(setting)) {
-            further.push_back(&setting);
+std::vector<TypedWords::Flag const*> TypedWords::findFurtherFlags() const {
+    std::vector<Flag const*> further;
+    for (auto const& flag : mFlags) {
+        bool const canBeGiven = flag.setting.parameter.isUnbounded() || !mGiven.contains(&flag);
+        if (canBeGiven && !isExcluded(flag.setting)) {
+            further.push_back(&flag);
         }
     }
     return further;
 }
 
-std::string flagOf(Parameter const& parameter) { return '-' + toUtf8(parameter.getName()); }
+bool isSwitch(Parameter const& parameter) { return parameter.getValueType() == Parameter::BOOLEAN_PARAMETER; }
 
 } // namespace kivoconfig
