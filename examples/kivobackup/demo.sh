@@ -64,13 +64,13 @@ show 0 'kivobackup -help'
 show 0 'kivobackup -help -quiet'
 
 title "A tool that describes its settings in code, and sets some itself"
-show 0 'kivorestore -source backup1::/srv/kivo -database sales -quiet -help'
+show 0 'kivorestore --source backup1::/srv/kivo --database sales --quiet --help'
 export KIVO_HOME=minimal
-show 0 'kivorestore -source backup1::/srv/kivo -database sales -tab orders -tab lines -trans "#1-2-3-4" -over -mem 0.5'
-show 2 'kivorestore -source /srv/kivo -database sales -s 8'
-show 2 'kivorestore -source /srv/kivo -streams many -memory -overwrite -rename 2nd'
-show 2 'kivorestore -source /srv/kivo -database sales -onError panic'
-show 1 'kivorestore -source /srv/kivo -streams many -niceness 5 -onErorr retry -explain'
+show 0 'kivorestore --source backup1::/srv/kivo --database sales --tab orders --tab lines --trans "#1-2-3-4" --over --mem 0.5'
+show 2 'kivorestore --source /srv/kivo --database sales --s 8'
+show 2 'kivorestore --source /srv/kivo --streams many --memory --overwrite --rename 2nd'
+show 2 'kivorestore --source /srv/kivo --database sales --onError panic'
+show 1 'kivorestore --source /srv/kivo --streams many --niceness 5 --onErorr retry --explain'
 export KIVO_HOME=installation
 
 title "Faults in the two file formats, and what the main log says afterwards"

@@ -110,7 +110,7 @@ void addCommon(ParameterGroup& root) {
     add(root, "explain", "Print where each setting comes from and what is wrong, and do nothing else",
         Parameter::BOOLEAN_PARAMETER, {});
     add(root, "help", "Print this text and do nothing else", Parameter::BOOLEAN_PARAMETER, {});
-    add(root, "quiet", "With -help: print only the usage", Parameter::BOOLEAN_PARAMETER, {});
+    add(root, "quiet", "With --help: print only the usage", Parameter::BOOLEAN_PARAMETER, {});
 }
 
 ParameterValueGroup& addSection(ParameterValueGroup& parent, char const* id) {

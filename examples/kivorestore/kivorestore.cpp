@@ -41,10 +41,10 @@ int restore(int argc, char const* const* argv) {
     manager.setApplicationValues(restoreValues(), 0);
 
     // Before settings are asked for, which ends at the first fault.
-    bool const isExplain = std::any_of(argv, argv + argc, [](std::string_view argument) {
+    auto const asksForExplanation = [](std::string_view argument) {
         return argument == "--explain" || argument == "-explain";
-    });
-    if (isExplain) {
+    };
+    if (std::any_of(argv, argv + argc, asksForExplanation)) {
         return explain(specification);
     }
     ValueGroup const settings = manager.getValueGroup(specification.getId(), true, FLAGS);

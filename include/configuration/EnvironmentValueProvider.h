@@ -32,8 +32,8 @@ public:
     /// @throws ConfigurationException "Settings \"<name>\" and \"<name>\" have the same environment variable
     ///         \"<variable>\"": two ids of the specification differ only in characters that become underscores. It is
     ///         thrown whether or not the variable is set
-    /// @throws ConfigurationParameterException "\"<name>\" cannot be set in the environment: the section \"<section>\"
-    ///         repeats"
+    /// @throws ConfigurationParameterException "\"<name>\" cannot be given in the environment: \"<section>\" may be
+    ///         repeated"
     bool getValues(Specification const* specification, ParameterValueGroup& result, int flags) override;
     void reset() override;
     using ValueProvider::setArguments;

@@ -37,13 +37,13 @@ public:
     /// @param argc number of arguments
     /// @param argv the arguments, argv[0] the name of the tool; null: no command line
     InspectionInputs& setArguments(unsigned int argc, char const* const* argv);
+    /// How the arguments are written; PLAIN_COMMAND_LINE at first. In GNU_COMMAND_LINE, "--version" is no fault: a tool
+    /// may know it.
+    InspectionInputs& setCommandLineStyle(CommandLineStyle style);
     /// The environment variables that begin with a prefix, as they are now; see EnvironmentValueProvider.
     /// @param prefix null or empty: the environment does not count
     /// @throws what EnvironmentValueProvider::setArguments() throws; nothing is changed then
     InspectionInputs& setEnvironment(char const* prefix);
-    /// How the arguments are written; PLAIN_COMMAND_LINE at first. In GNU_COMMAND_LINE, "--version" is no fault: a tool
-    /// may know it.
-    InspectionInputs& setCommandLineStyle(CommandLineStyle style);
     /// Whether more may come on the command line than setArguments() says. If so, nothing is reported as missing, and
     /// defaults are shown as they will apply once anything is given. Off at first.
     InspectionInputs& setOpenCommandLine(bool open);

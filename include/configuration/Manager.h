@@ -201,7 +201,8 @@ public:
     /// A text about all settings of a specification that are not hidden, for a tool's help: each with its description,
     /// default, labels or bounds, whether it is required, deprecated, secret (then without its default), may be given
     /// several times, and its environment variable, where one is enabled. Its own settings come first, then those of
-    /// each section under a heading; the alternatives of an exclusive choice stand together.
+    /// each section under a heading; alternatives of an exclusive choice stand together. Flags are written in the style
+    /// of the tool's command line; a setting that no flag can give has its full name.
     ///
     /// No line ends with a blank. Texts are shown with their controls escaped as in C. Columns are counted as terminals
     /// show UTF-8, whatever the locale of the process is.
@@ -210,8 +211,7 @@ public:
     ///                          many as the terminal on standard output has; where it is none, as the environment
     ///                          variable COLUMNS says, else 80
     /// @throws kivo::ContractViolationException "specificationName != 0 && strlen( specificationName) > 0"
-    /// @throws ConfigurationException "Specification \"<name>\" was not found"; what EnvironmentValueProvider throws
-    /// for
+    /// @throws ConfigurationException "Specification \"<name>\" was not found"; as EnvironmentValueProvider for
     ///         two settings with one variable
     char const* composeDetailedHelp(char const* specificationName, unsigned long width) const;
     /// @}

@@ -203,6 +203,15 @@ void InspectionPipeline::addArguments(ParameterValueGroup const& arguments) {
     send(values, false);
 }
 
+void InspectionPipeline::addArguments(GnuArguments const& arguments) {
+    ParameterErrors faults;
+    auto split = splitGnuArguments(arguments, mSpecification, mFlags, faults);
+    takeFaults(faults);
+    ParameterValueGroup values(nullptr);
+    values.addItem(split.values.release());
+    send(separate(values, StoredOrigin::ofCommandLine()), false);
+}
+
 void InspectionPipeline::addEnvironment(EnvironmentVariables const& environment) {
     EnvironmentNames const names(*mRoot, environment.prefix);
     for (auto const& variable : environment.variables) {
@@ -218,15 +227,6 @@ void InspectionPipeline::addEnvironment(EnvironmentVariables const& environment)
     values.addItem(names.assign(environment.variables, faults).release());
     takeFaults(faults);
     send(separate(values, StoredOrigin(Origin::ENVIRONMENT_SOURCE, "")), false);
-}
-
-void InspectionPipeline::addArguments(GnuArguments const& arguments) {
-    ParameterErrors faults;
-    auto split = splitGnuArguments(arguments, mSpecification, mFlags, faults);
-    takeFaults(faults);
-    ParameterValueGroup values(nullptr);
-    values.addItem(split.values.release());
-    send(separate(values, StoredOrigin::ofCommandLine()), false);
 }
 
 void InspectionPipeline::addFile(ParameterValueGroup const& tree, bool isFixed) {

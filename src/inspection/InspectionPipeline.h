@@ -38,10 +38,10 @@ public:
     void takeFaults(ParameterErrors const& faults);
     /// Adds a command line. @param arguments as parseArguments() gives them
     void addArguments(ParameterValueGroup const& arguments);
-    /// Adds environment variables, and says which of them belong to no setting.
-    void addEnvironment(EnvironmentVariables const& environment);
     /// Adds a command line in GNU style. Requests for help and for the version are passed over.
     void addArguments(GnuArguments const& arguments);
+    /// Adds environment variables, and says which of them belong to no setting.
+    void addEnvironment(EnvironmentVariables const& environment);
     /// Adds the tree of a values file. @param isFixed whether its repeated elements are values
     void addFile(ParameterValueGroup const& tree, bool isFixed);
     /// Adds the application's own values.

@@ -37,13 +37,13 @@ InspectionInputs& InspectionInputs::setArguments(unsigned int argc, char const* 
     return *this;
 }
 
-InspectionInputs& InspectionInputs::setEnvironment(char const* prefix) {
-    mImpl->environment = prefix && *prefix != '\0' ? std::optional(readEnvironment(prefix)) : std::nullopt;
+InspectionInputs& InspectionInputs::setCommandLineStyle(CommandLineStyle style) {
+    mImpl->style = style;
     return *this;
 }
 
-InspectionInputs& InspectionInputs::setCommandLineStyle(CommandLineStyle style) {
-    mImpl->style = style;
+InspectionInputs& InspectionInputs::setEnvironment(char const* prefix) {
+    mImpl->environment = prefix && *prefix != '\0' ? std::optional(readEnvironment(prefix)) : std::nullopt;
     return *this;
 }
 

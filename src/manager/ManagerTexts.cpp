@@ -58,7 +58,7 @@ std::string Manager::Impl::composeDetailedHelp(char const* specificationName, un
             environments.emplace_back(root, environment->getVariables().prefix);
         }
     }
-    DetailedHelp help([&](std::vector<char const*> const& ids) {
+    DetailedHelp help(mCommandLineStyle, [&](std::vector<char const*> const& ids) {
         std::string variable;
         for (auto each = environments.begin(); variable.empty() && each != environments.end(); ++each) {
             variable = each->find(ids);

@@ -124,7 +124,7 @@ std::unique_ptr<ParameterValueGroup> EnvironmentNames::assign(std::vector<Enviro
         StoredOrigin const origin(Origin::ENVIRONMENT_SOURCE, variable->name);
         if (mSections[name.section].isRepeated) {
             faults.addFault(Rule::MISPLACED_SETTING, origin,
-                            R"("%s" cannot be set in the environment: the section "%s" repeats)",
+                            R"("%s" cannot be given in the environment: "%s" may be repeated)",
                             fullNameOf(name).c_str(), pathOf(name.section).c_str());
             continue;
         }

@@ -119,7 +119,7 @@ void appendHanging(std::string& text, std::string_view paragraph, std::size_t in
 bool DetailedHelp::visitGroupStart(ParameterGroup const& group) {
     if (mOpen.empty()) {
         mSections.push_back({"Settings:", {}, {}});
-        mOpen.push_back({0, {}});
+        mOpen.push_back({0, true, {}});
         return true;
     }
     if (group.getGroupType() == ParameterGroup::CONSTRAINT) {
@@ -142,7 +142,9 @@ bool DetailedHelp::visitGroupStart(ParameterGroup const& group) {
     if (group.isUnbounded()) {
         facts.push_back(bracketed(REPEATABLE));
     }
-    mOpen.push_back({mSections.size(), {}});
+    auto const& around = mOpen.back();
+    bool const isReachable = around.isReachable && around.constraints.empty() && !group.isUnbounded();
+    mOpen.push_back({mSections.size(), isReachable, {}});
     mSections.push_back({heading, std::move(facts), {}});
     return true;
 }
@@ -194,14 +196,13 @@ void DetailedHelp::writeHeadings() {
 
 /// A flag as it is written; or the full name of a setting that no flag can give.
 std::string DetailedHelp::nameOf(Parameter const& parameter) const {
-    if (mIds.empty()) {
-        return "-" + toOneLine(parameter.getName()) + placeholderOf(parameter);
-    }
-    std::string name;
+    bool const isGnu = mStyle == GNU_COMMAND_LINE;
+    bool const isFlag = isGnu ? mOpen.back().isReachable : mIds.empty();
+    std::string name = isFlag ? (isGnu ? "--" : "-") : "";
     for (char const* id : mIds) {
         name.append(toOneLine(id)).append(".");
     }
-    return name + toOneLine(parameter.getId()) + placeholderOf(parameter);
+    return name + toOneLine(isFlag ? parameter.getName() : parameter.getId()) + placeholderOf(parameter);
 }
 
 std::vector<std::string> DetailedHelp::factsOf(Parameter const& parameter) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <configuration/CommandLineStyle.h>
 #include <configuration/ParameterVisitor.h>
 
 #include <cstddef>
@@ -19,7 +20,9 @@ public:
     /// it, without the root, and its own.
     using FindVariable = std::function<std::string(std::vector<char const*> const& ids)>;
 
-    explicit DetailedHelp(FindVariable findVariable) : mFindVariable(std::move(findVariable)) {}
+    /// @param style in which the tool reads its command line
+    DetailedHelp(CommandLineStyle style, FindVariable findVariable)
+        : mStyle(style), mFindVariable(std::move(findVariable)) {}
 
     bool visitGroupStart(ParameterGroup const& group) override;
     void visitGroupMiddle(ParameterGroup const& group) override;
@@ -52,6 +55,7 @@ private:
     };
     struct OpenSection {
         std::size_t position; ///< in the list of all
+        bool isReachable;     ///< neither it nor a section around it repeats or stands in a constraint
         std::vector<Constraint> constraints;
     };
 
@@ -60,6 +64,7 @@ private:
     std::vector<std::string> factsOf(Parameter const& parameter);
     bool takesDefault(Parameter const& parameter);
 
+    CommandLineStyle mStyle;
     FindVariable mFindVariable;
     std::vector<Section> mSections; // the root first, in the order of the walk
     std::vector<OpenSection> mOpen;

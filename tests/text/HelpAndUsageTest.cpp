@@ -86,6 +86,7 @@ TEST_F(DetailedHelpText, SaysAllAboutSettings) {
         if (auto const prefix = row["prefix"]; !prefix.empty()) {
             manager().enableEnvironment(prefix.c_str());
         }
+        manager().setCommandLineStyle(row["style"] == "gnu" ? GNU_COMMAND_LINE : PLAIN_COMMAND_LINE);
         return std::string(manager().composeDetailedHelp("TOOL", std::stoul(row["width"])));
     });
 }

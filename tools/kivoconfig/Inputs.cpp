@@ -3,6 +3,7 @@
 #include "Call.h"
 #include "Complaints.h"
 
+#include <configuration/ConfigurationException.h>
 #include <configuration/Flags.h>
 #include <configuration/Specification.h>
 
@@ -24,6 +25,19 @@ InspectionInputs::MachineConfig machineConfigOf(Inputs const& inputs) {
                                          : InspectionInputs::MACHINE_CONFIG_TAKEN_IF_ADDRESSED;
 }
 
+/// What is wrong with a prefix; empty when nothing is.
+std::string checkPrefix(std::string const& prefix) {
+    if (prefix.empty()) {
+        return "the prefix of environment variables is empty";
+    }
+    try {
+        InspectionInputs().setEnvironment(prefix.c_str());
+        return {};
+    } catch (ConfigurationException const& fault) {
+        return fault.what();
+    }
+}
+
 } // namespace
 
 void addGnu(CLI::App& options, bool& isGnu) {
@@ -40,13 +54,18 @@ void addInputs(CLI::App& options, Inputs& inputs) {
     options.add_flag("--strict", inputs.isStrict, "The tool takes names that are not known as errors");
     options.add_flag("--names", inputs.resolvesNames, "The tool takes flags that are shortened");
     addGnu(options, inputs.isGnu);
+    options
+        .add_option("--environment", inputs.environmentPrefix, "The tool reads environment variables of this prefix")
+        ->check(checkPrefix)
+        ->type_name("PREFIX");
     options.footer(
         "After \"--\" stand the arguments of the tool, without its name. Without \"--\" nothing counts as missing.");
 }
 
 bool areGiven(Inputs const& inputs, Call const& call) {
     return call.hasArguments || !inputs.applicationFile.empty() || inputs.takesMachineConfig ||
-           inputs.leavesOutMachineConfig || inputs.isStrict || inputs.resolvesNames || inputs.isGnu;
+           inputs.leavesOutMachineConfig || inputs.isStrict || inputs.resolvesNames || inputs.isGnu ||
+           !inputs.environmentPrefix.empty();
 }
 
 InspectionInputs composeInputs(Inputs const& inputs, Call const& call) {
@@ -55,6 +74,7 @@ InspectionInputs composeInputs(Inputs const& inputs, Call const& call) {
         .setApplicationFile(inputs.applicationFile.c_str())
         .setFlags((inputs.isStrict ? STRICT_RECOGNITION : 0) | (inputs.resolvesNames ? RESOLVE_FLAG_NAMES : 0))
         .setCommandLineStyle(inputs.isGnu ? GNU_COMMAND_LINE : PLAIN_COMMAND_LINE)
+        .setEnvironment(inputs.environmentPrefix.c_str())
         .setOpenCommandLine(!call.hasArguments)
         .setRequired(call.hasArguments);
     if (call.hasArguments) {

@@ -25,7 +25,8 @@ struct Inputs {
     bool leavesOutMachineConfig = false; ///< with neither, it is taken if it is for the specification
     bool isStrict = false;
     bool resolvesNames = false;
-    bool isGnu = false; ///< the style of the arguments
+    bool isGnu = false;                 ///< the style of the arguments
+    std::string environmentPrefix = {}; ///< empty: the tool reads no environment variables
 };
 
 /// Adds the option "--gnu", which says how the arguments of the tool in question are written.
