@@ -23,7 +23,11 @@ TypedWords::TypedWords(Specification const& specification, std::vector<std::stri
 
 bool TypedWords::onSectionStart(ParameterGroup const&) { return getDepth() == 0; }
 
-void TypedWords::onSetting(Setting const& setting) { mFlags.push_back(setting); }
+void TypedWords::onSetting(Setting const& setting) {
+    if (!setting.parameter.isHidden()) {
+        mFlags.push_back(setting);
+    }
+}
 
 /// A flag of a bool needs no value.
 bool TypedWords::isAfterSwitch() const {
@@ -42,7 +46,7 @@ void TypedWords::read(std::string const& word) {
     }
 }
 
-/// The setting that a flag means: the one of this name, or the only visible one whose name begins like this.
+/// The setting that a flag means: the one of this name, or the only one whose name begins like this.
 Setting const* TypedWords::resolve(std::string const& flag) const {
     auto const wanted = folded(flag);
     Setting const* found = nullptr;
@@ -52,7 +56,7 @@ Setting const* TypedWords::resolve(std::string const& flag) const {
         if (name == wanted) {
             return &setting;
         }
-        if (!setting.parameter.isHidden() && name.starts_with(wanted)) {
+        if (name.starts_with(wanted)) {
             isAmbiguous = found;
             found = &setting;
         }
@@ -71,7 +75,7 @@ std::vector<Setting const*> TypedWords::findFurtherFlags() const {
     std::vector<Setting const*> further;
     for (auto const& setting : mFlags) {
         bool const canBeGiven = setting.parameter.isUnbounded() || !mGiven.contains(&setting);
-        if (!setting.parameter.isHidden() && canBeGiven && !isExcluded(setting)) {
+        if (canBeGiven && !isExcluded(setting)) {
             further.push_back(&setting);
         }
     }
