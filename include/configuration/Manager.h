@@ -221,6 +221,7 @@ public:
     /// @}
 
 private:
+    friend class OwnRegistry;
     friend class ParameterGroup;
     friend class ParameterRegistration;
 

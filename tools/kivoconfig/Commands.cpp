@@ -5,6 +5,7 @@ namespace kivoconfig {
 // Each is defined in a file of its own, commands/<Command>.cpp.
 Work prepareComplete(CLI::App& options, Call& call);
 Work prepareCompletion(CLI::App& options, Call& call);
+Work prepareLint(CLI::App& options, Call& call);
 Work prepareList(CLI::App& options, Call& call);
 Work prepareManual(CLI::App& options, Call& call);
 Work prepareSchema(CLI::App& options, Call& call);
@@ -13,6 +14,7 @@ Work prepareTemplate(CLI::App& options, Call& call);
 std::span<Command const> allCommands() {
     static constexpr Command COMMANDS[] = {
         {"list", "List the specifications of the installation", prepareList},
+        {"lint", "Say what is wrong with registry files, or doubtful", prepareLint},
         {"template", "Write a values file to start from: every setting explained, none given", prepareTemplate},
         {"schema", "Write an XML Schema of a specification's values files, for editors", prepareSchema},
         {"manual", "Write a manual page about a specification", prepareManual},
