@@ -17,7 +17,7 @@ namespace {
 
 /// So many items of all specifications are looked at. A few groups that many specifications refer to could add up to
 /// any number.
-constexpr unsigned long MAX_ITEMS = 10000000;
+constexpr unsigned long MAX_ITEMS = 2000000;
 
 std::string quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
 
@@ -70,7 +70,8 @@ private:
     RegistryContents& mContents;
     std::map<std::string_view, Parameter const*, CaseInsensitiveLess> mDeclared;
     std::unordered_set<Parameter const*> mUsed;
-    std::unordered_set<Parameter const*> mSigned; // that was told
+    std::unordered_set<ParameterGroup const*> mUsedGroups; // whose parameters all are in mUsed
+    std::unordered_set<Parameter const*> mSigned;          // that was told
     unsigned long mItems = 0;
     ParameterGroup const* mRoot = nullptr;
     std::vector<Flag> mFlags;
@@ -170,25 +171,27 @@ void SpecificationWalk::compareFlags() {
                                   : flag != mFlags.begin() && isBegun(flag - 1) ? &*(flag - 1)
                                                                                 : nullptr;
         if (flag->isUsable && other) {
+            auto const relation = equalIgnoringCase(flag->name, other->name)
+                                      ? std::string(" is the name")
+                                      : " begins the name " + quoted(other->name);
             warn(Rule::UNUSABLE_FLAG,
-                 quoted(flag->name) + " begins the name " + quoted(other->name) + " of another setting of " +
-                     quoted(mRoot->getName()) + ": where names are resolved, it can never be a flag",
+                 quoted(flag->name) + relation + " of another setting of " + quoted(mRoot->getName()) +
+                     ": where names are resolved, it can never be a flag",
                  flag->place);
         }
     }
 }
 
-/// Marks what a group refers to as used, as deep as that is cheap.
+/// Marks what a group refers to as used. Each group is entered once, however many refer to it.
 void SpecificationWalk::use(ParameterGroup const& group) {
     std::vector<ParameterGroup const*> groups{&group};
-    std::unordered_set<ParameterGroup const*> known{&group};
     while (!groups.empty()) {
         auto const& each = *groups.back();
         groups.pop_back();
         for (unsigned long i = 0; i < each.getNumberOfItems(); ++i) {
             auto const* const item = each.getItem(i);
             if (auto const* const inner = asGroup(item)) {
-                known.insert(inner).second ? groups.push_back(inner) : void();
+                mUsedGroups.insert(inner).second ? groups.push_back(inner) : void();
             } else if (auto const declared = mDeclared.find(item->getId()); declared != mDeclared.end()) {
                 mUsed.insert(declared->second);
             }

@@ -81,7 +81,8 @@ void remarkOnUnreadFiles(FindingList& findings) {
 }
 
 void remarkOnFileName(FindingList& findings, char const* path) {
-    if (!std::string_view(path).ends_with(REGISTRY_FILE_EXTENSION)) {
+    std::string_view const name = path;
+    if (!name.empty() && !name.ends_with(REGISTRY_FILE_EXTENSION)) {
         add(findings, path, "no tool reads this file: names of registry files end in \".crg\", in lower case");
     }
 }

@@ -6,6 +6,8 @@ _kivoconfig() {
         words="$(kivoconfig --help | sed -n '/^Commands:/,/^$/s/^  \([a-z]*\).*/\1/p') --help --version"
     elif [[ $typed == -* ]]; then
         words="$(kivoconfig "$command" --help 2>/dev/null | grep -o -E -- '--[a-z][a-z-]*')"
+    elif [[ $command == lint ]]; then
+        words="" # names of files
     elif [[ $command == completion ]] && ((COMP_CWORD == 2)); then
         words="bash zsh"
     elif [[ $command == completion ]] && ((COMP_CWORD == 3)); then

@@ -7,6 +7,8 @@ _kivoconfig() {
         compadd -- ${(f)"$(kivoconfig --help | sed -n '/^Commands:/,/^$/s/^  \([a-z]*\).*/\1/p')"} --help --version
     elif [[ $PREFIX == -* ]]; then
         compadd -- ${(f)"$(kivoconfig $command --help 2>/dev/null | grep -o -E -- '--[a-z][a-z-]*')"}
+    elif [[ $command == lint ]]; then
+        _files -g '*.crg'
     elif [[ $command == completion ]] && ((CURRENT == 3)); then
         compadd bash zsh
     elif [[ $command == completion ]] && ((CURRENT == 4)); then
