@@ -17,7 +17,7 @@ namespace {
 
 /// So many items of all specifications are looked at. A few groups that many specifications refer to could add up to
 /// any number.
-constexpr unsigned long MAX_ITEMS = 2000000;
+constexpr unsigned long MAX_ITEMS = 1000000;
 
 std::string quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
 
