@@ -191,7 +191,7 @@ void PlainXmlReader::collectAttributes(char const** attributes) {
     mAttributes.clear();
     for (; *attributes && !mIsStopped; attributes += 2) {
         auto const number = static_cast<std::uint32_t>(mAttributes.size());
-        auto const& [name, value, _] = mAttributes.emplace_back(attributes[0], attributes[1], number);
+        auto const& [name, value, _] = mAttributes.emplace_back(GivenAttribute{attributes[0], attributes[1], number});
         require(!name.starts_with("xmlns"), "it has a namespace");
         require(!mAreTextsAscii || isAscii(value), "a text has a character beyond ASCII, where UTF-8 is not the "
                                                    "locale's character set");
