@@ -17,7 +17,7 @@ cp -- ../../etc/kivobase.crg "$work/minimal/etc/"
 cp -- *.xml *.crg "$work/"
 cd -- "$work"
 
-PATH="$build/examples/bin:$PATH"
+PATH="$build/examples/bin:$build/tools/bin:$PATH"
 unset KIVO_ETC_DIR KIVO_PLUGINS_DIR KIVO_CONFIG_DIR KIVO_MAIN_LOG KIVOBACKUP_CONFIG
 export KIVO_HOME=installation
 
@@ -78,5 +78,11 @@ show 2 'kivobackup -loadConfiguration faulty.xml'
 show 0 'cp faulty.crg installation/etc/'
 show 2 'kivobackup -database sales -target /srv/kivo'
 show 0 'cat main.log'
+
+title "Where a value comes from, and what is wrong: a machine's configuration with mistakes"
+show 0 'rm installation/etc/faulty.crg; sed "s/parallel=\"2\"/paralel=\"2\"/; s/best/bset/; s/14/two weeks/" installation/config/machine.config >faulty.config'
+show 0 'mv faulty.config installation/config/machine.config; cat installation/config/machine.config'
+show 1 'kivoconfig explain kivobackup --changed --config nightly.xml -- -database sales -target /srv/kivo -loadConfiguration careful.xml -parallel 16'
+show 1 'kivoconfig check kivobackup --strict -- -database sales -target /srv/kivo -parallel many'
 
 printf '\n== Everything shown was as expected: %d commands, faulty ones among them, ended as they should\n' "$shown"

@@ -18,6 +18,7 @@ public:
 
     std::string specificationId;
     std::vector<InspectedSetting> settings;
+    std::vector<InspectedSetting> hiddenSettings; // that were not given
     std::vector<Finding> findings;
     bool isMachineConfigLeftOut = false;
 };

@@ -267,7 +267,7 @@ void InspectionPipeline::complete(bool isRequired) {
     runOrCollect(&faults, Rule::WRONG_KIND, StoredOrigin(), [&] { readsAsTrue(mCollected, HELP); });
     takeFaults(faults);
     ValuePipeline::complete(mCollected, mResult);
-    if (mResult.getNumberOfItems() == 0 && isRequired && !mIsOpen) {
+    if (mResult.getNumberOfItems() == 0 && isRequired && !mIsOpen && !mHasMisgiven) {
         mFindings.add(Finding::ERROR_SEVERITY, Rule::MISSING_GROUP,
                       std::string("The \"") + mSpecification.getId() + "\" group was not found", StoredOrigin());
     }
@@ -282,7 +282,8 @@ void InspectionPipeline::take(ParameterErrors const& faults, Finding::Severity s
     for (unsigned long i = 0; i < faults.getNumberOfErrors(); ++i) {
         auto const& origin = faults.getStoredOrigin(i);
         auto const rule = faults.getRule(i);
-        if (mFaulty.contains(origin.identity()) || (mIsOpen && isMissingItem(rule))) {
+        bool const isAboutSameFault = mFaulty.contains(origin.identity()) || mMisgiven.contains(faults.getError(i));
+        if (isAboutSameFault || (mIsOpen && isMissingItem(rule))) {
             continue;
         }
         bool const isSaidAgain = rule == Rule::WRONG_KIND && i + 1 < faults.getNumberOfErrors() &&
@@ -295,11 +296,24 @@ void InspectionPipeline::take(ParameterErrors const& faults, Finding::Severity s
             faulty.push_back(origin.identity());
         }
         auto const* item = findItem(origin);
+        if (item && rule == Rule::WRONG_KIND) {
+            noteMisgiven(*item);
+        }
         bool const isIgnored = rule == Rule::UNKNOWN_SETTING && (mFlags & STRICT_RECOGNITION) == 0;
         auto const suggestion = item && mFindings.wantsSuggestion() ? suggest(rule, *item) : std::string();
         mFindings.add(isIgnored ? Finding::WARNING_SEVERITY : severity, rule, faults.getError(i), origin, suggestion);
     }
     mFaulty.insert(faulty.begin(), faulty.end());
+}
+
+/// What was given as a setting though it is a section, or the other way round, is not missing, too.
+void InspectionPipeline::noteMisgiven(GivenItem const& item) {
+    mHasMisgiven = true;
+    auto const* meant = item.section ? item.section->getGroup().getItem(item.id.c_str(), false) : nullptr;
+    if (meant && meant->getItemType() == ParameterItem::PARAMETER_GROUP) {
+        auto const& section = static_cast<ParameterGroup const&>(*meant);
+        mMisgiven.insert(SecondPhaseValidationVisitor::composeMissingSection(section));
+    }
 }
 
 std::string InspectionPipeline::suggest(Rule rule, GivenItem const& item) {

@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -72,6 +73,7 @@ private:
     static ParameterValueGroup separate(ParameterValueGroup const& tree, StoredOrigin const& origin);
     void send(ParameterValueGroup const& values, bool isFile);
     void take(ParameterErrors const& faults, Finding::Severity severity);
+    void noteMisgiven(GivenItem const& item);
     std::string suggest(Rule rule, GivenItem const& item);
     std::string suggestElement(GivenItem& element);
     Section& enterRoot();
@@ -87,7 +89,9 @@ private:
     std::optional<SettingNames> mNames;                      // made for the first suggestion
     std::vector<GivenItem> mItems;                           // in the order in which they were given
     std::unordered_map<void const*, std::size_t> mPositions; // by the identity of the item's origin
-    std::unordered_set<void const*> mFaulty; // identities of origins of what a phase before found fault with
+    std::unordered_set<void const*> mFaulty;   // identities of origins of what a phase before found fault with
+    bool mHasMisgiven = false;                 // whether a section was given as a setting, or the other way round
+    std::unordered_set<std::string> mMisgiven; // what would be said if such sections were missing
     std::vector<std::unique_ptr<Section>> mRootSections;
     std::vector<std::unique_ptr<Section>> mEmptyRoots; // occurrences that gave nothing
     std::size_t mSource = 0;

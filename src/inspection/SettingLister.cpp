@@ -146,9 +146,7 @@ void SettingLister::listSetting(Parameter const& parameter, Place const& place, 
     }
     setting->alternatives = listAlternatives(parameter, place.section);
     auto const* const standard = parameter.getDefaultValue();
-    if (parameter.isHidden() && setting->alternatives.empty() && (!value || value->isUsingDefaultValue())) {
-        return;
-    }
+    bool const isGiven = !setting->alternatives.empty() || (value && !value->isUsingDefaultValue());
     for (unsigned long i = 0; standard && !(value && value->isUsingDefaultValue()) && i < standard->getNumberOfValues();
          ++i) {
         bool const isExcluded = !value && place.isFilled && isInChoice;
@@ -160,7 +158,7 @@ void SettingLister::listSetting(Parameter const& parameter, Place const& place, 
     setting->path = place.path;
     setting->path.emplace_back(parameter.getId());
     setting->name = joined(setting->path);
-    mSettings.push_back(InspectedSetting(std::move(setting)));
+    (parameter.isHidden() && !isGiven ? mHidden : mSettings).push_back(InspectedSetting(std::move(setting)));
 }
 
 std::vector<InspectedText> SettingLister::listValues(ParameterValue const& value) {

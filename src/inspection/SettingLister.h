@@ -21,7 +21,10 @@ public:
     /// @param pipeline completed
     explicit SettingLister(InspectionPipeline& pipeline) : mPipeline(pipeline) {}
 
+    /// All settings but hidden ones that were not given. Call it once.
     std::vector<InspectedSetting> list();
+    /// The others, when list() was called.
+    std::vector<InspectedSetting> takeHidden() { return std::move(mHidden); }
 
 private:
     /// A section that is listed: what was given in it, and what the result holds for it.
@@ -43,6 +46,7 @@ private:
 
     InspectionPipeline& mPipeline;
     std::vector<InspectedSetting> mSettings;
+    std::vector<InspectedSetting> mHidden;
 };
 
 } // namespace kivo::configuration

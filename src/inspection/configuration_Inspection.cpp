@@ -37,7 +37,9 @@ std::shared_ptr<Inspection::Impl const> Inspection::Impl::make(Specification con
     pipeline.complete(isRequired);
     auto made = std::make_shared<Impl>();
     made->specificationId = specification.getId();
-    made->settings = SettingLister(pipeline).list();
+    SettingLister lister(pipeline);
+    made->settings = lister.list();
+    made->hiddenSettings = lister.takeHidden();
     remarkOnValues(pipeline);
     made->findings = pipeline.getFindings().take();
     made->isMachineConfigLeftOut = isMachineConfigLeftOut;
@@ -76,14 +78,19 @@ unsigned long Inspection::getNumberOfFindings(Finding::Severity severity) const 
 std::vector<InspectedSetting> Inspection::findSettings(char const* name) const {
     KIVO_REQUIRE(name != 0);
     std::vector<InspectedSetting> found;
-    auto const keep = [&](auto nameOf) {
-        std::ranges::copy_if(mImpl->settings, std::back_inserter(found),
-                             [&](InspectedSetting const& setting) { return equalIgnoringCase(nameOf(setting), name); });
+    auto const fullNameOf = [](InspectedSetting const& setting) { return setting.getName(); };
+    auto const lastPartOf = [](InspectedSetting const& setting) { return setting.getParameter().getId(); };
+    auto const keep = [&](std::vector<InspectedSetting> const& settings, auto partOf) {
+        if (found.empty()) {
+            std::ranges::copy_if(settings, std::back_inserter(found), [&](InspectedSetting const& setting) {
+                return equalIgnoringCase(partOf(setting), name);
+            });
+        }
     };
-    keep([](InspectedSetting const& setting) { return setting.getName(); });
-    if (found.empty()) {
-        keep([](InspectedSetting const& setting) { return setting.getParameter().getId(); });
-    }
+    keep(mImpl->settings, fullNameOf);
+    keep(mImpl->hiddenSettings, fullNameOf);
+    keep(mImpl->settings, lastPartOf);
+    keep(mImpl->hiddenSettings, lastPartOf);
     return found;
 }
 

@@ -120,13 +120,16 @@ void SecondPhaseValidationVisitor::visitGroupEnd(ParameterGroup const& schemaGro
     }
     if (!valueGroup) {
         if (!schemaGroup.isOptional() && schemaGroup.getGroupType() == ParameterGroup::CONTAINER) {
-            mErrors.addFault(Rule::MISSING_SECTION, StoredOrigin(), "Required group \"%s\" was not found",
-                             schemaGroup.getName());
+            mErrors.addFault(Rule::MISSING_SECTION, StoredOrigin(), "%s", composeMissingSection(schemaGroup).c_str());
         }
     } else if (schemaGroup.itemsAreExclusive() && valueGroup->getNumberOfItems() > 1) {
         mErrors.addFault(Rule::EXCLUSIVE_SETTINGS, latestOf(*valueGroup), "%s",
                          composeExclusiveMessage(schemaGroup).c_str());
     }
+}
+
+std::string SecondPhaseValidationVisitor::composeMissingSection(ParameterGroup const& section) {
+    return std::string("Required group \"") + section.getName() + "\" was not found";
 }
 
 void SecondPhaseValidationVisitor::reportMissingParameters() {

@@ -36,6 +36,8 @@ public:
     /// Whether one of the open schema groups is not optional.
     bool isGroupRequiredInCurrentNesting() const;
 
+    /// What is said about a required section that nobody gave.
+    static std::string composeMissingSection(ParameterGroup const& section);
     static std::string generateInvalidValueMessage(char const* parameterName, char const* valueText,
                                                    char const* typeName);
     static void validate(char const* parameterName, char const* valueText, Parameter::ValueType valueType,

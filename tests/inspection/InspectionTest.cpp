@@ -94,8 +94,35 @@ TEST_F(InspectionTest, LeavesSourcesAndSettingsAsTheyAreAndLogsNothing) {
     EXPECT_EQ(installation.mainLog("Configuration"), records);
 }
 
+/// A provider of the caller's own whose source does not answer.
+class BusyProvider final : public ValueProvider {
+public:
+    BusyProvider() : ValueProvider(1) {}
+    char const* getName() const override { return "BUSY"; }
+    using ValueProvider::setArguments;
+    void setArguments(ParameterValueGroup const&, int) override {}
+    bool getValues(Specification const*, ParameterValueGroup&, int) override {
+        throw ConfigurationException("the line is busy");
+    }
+};
+
+TEST_F(InspectionTest, ProvidersCannotHideWhatOthersGive) {
+    auto const& specification = *createTool("tool{a?=1 b?=2}");
+    auto* const busy = std::make_unique<BusyProvider>().release();
+    manager().registerProvider(busy);
+    busy->enableProvider(ParameterValueGroup(nullptr), 0);
+    auto unnamed = treeOf("tool{a=3}");
+    unnamed->addItem(std::make_unique<ParameterValueGroup>(nullptr).release());
+    manager().setApplicationValues(*unnamed, 0);
+    EXPECT_EQ(composeExplanation(Inspection(specification, true, 0), true),
+              "a = 3\n    application  3  wins\n    default      1  not-used\n"
+              "application: error: An unnamed value group was found [unnamed-item]\n"
+              "BUSY: error: the line is busy [failed-provider]\n"
+              "2 errors\n");
+}
+
 TEST_F(InspectionTest, FindsAndSuggestsSettings) {
-    auto const& specification = *createTool("tool{level?=1 in{level?=2 days?=3}}");
+    auto const& specification = *createTool("tool{level?=1 in{level?=2 days?=3} days?~=4 trace?~=5}");
     Inspection const inspection(specification, InspectionInputs().setOpenCommandLine(true));
     auto const namesOf = [&](char const* name) {
         std::string names;
@@ -105,7 +132,9 @@ TEST_F(InspectionTest, FindsAndSuggestsSettings) {
         return names;
     };
     EXPECT_EQ(namesOf("LEVEL"), "level ");
-    EXPECT_EQ(namesOf("days"), "in.days ");
+    EXPECT_EQ(namesOf("days"), "days ");
+    EXPECT_EQ(namesOf("in.days"), "in.days ");
+    EXPECT_EQ(namesOf("trace"), "trace ");
     EXPECT_EQ(namesOf("in.dayz"), "");
     EXPECT_EQ(inspection.suggestSetting("in.dayz"), "in.days");
     EXPECT_EQ(inspection.suggestSetting("nothing"), "");

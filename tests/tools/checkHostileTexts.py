@@ -54,12 +54,34 @@ def run(*command, status=0):
     return done.stdout.decode("utf-8")
 
 
-def kivoconfig(*arguments):
-    text = run("kivoconfig", *arguments)
+def kivoconfig(*arguments, status=0):
+    text = run("kivoconfig", *arguments, status=status)
     found = CONTROLS.search(text)
     if found:
         sys.exit("kivoconfig %s prints the control %r" % (" ".join(arguments), found.group()))
     return text
+
+
+def explain(schema):
+    """Values, names and paths of users, in a file and as arguments."""
+    attributes = "".join(' p%d="%s"' % (i, attribute(text)) for i, text in enumerate(TEXTS))
+    unknown = "".join('<Parameter value="%s"/>' % attribute(text) for text in TEXTS)
+    name = "a\x1b[31m\u202e%s\n.xml"
+    with open(name, "w", encoding="utf-8") as file:
+        file.write('<?xml version="1.1" encoding="UTF-8"?><hostile%s>%s</hostile>' % (attributes, unknown))
+    inputs = ["--config", name, "--", *[text for text in TEXTS if len(text) < 100000], "-loadConfiguration", "\x1b[0m"]
+    text = kivoconfig("explain", "hostile", *inputs, status=1)
+    require("p9 = \\x1b[31m red \\x07 \\x08\\x7f\n" in text, "controls are shown as escapes")
+    require(text.endswith(" warnings\n"), "the number of findings is the last line")
+    findings = kivoconfig("check", "hostile", *inputs, status=1)
+    require(text.endswith(findings), "explain and check have the same findings")
+    with open("document", "w", encoding="utf-8") as file:
+        file.write(kivoconfig("explain", "hostile", "--json", *inputs, status=1))
+    run("jsonschema", "-i", "document", schema)
+    with open("document", encoding="utf-8") as file:
+        given = {setting["name"]: setting["values"][0]["text"] for setting in json.load(file)["settings"] if setting["values"]}
+    for i, expected in enumerate(TEXTS):
+        require(given["p%d" % i] == expected, "JSON gives text %d as it is: %r" % (i, given["p%d" % i][:100]))
 
 
 def require(condition, what):
@@ -103,6 +125,8 @@ def main():
         page = html.unescape(run("mandoc", "-T", "html", "page"))
         for text in ("\\fB bold \\n(.g", ".Sh NAME", "'br", "<x y='z'/>", "\\x1b[31m red"):
             require(text in page, "the page shows " + text)
+
+        explain(schema=sys.argv[1] + "/tools/kivoconfig/kivoconfig.schema.json")
 
         candidates = kivoconfig("complete", "hostile", "--", "-p").splitlines()
         require(all(re.fullmatch("-p[0-9]+[^\t]*(\t[^\t]{1,80})?", line) for line in candidates), "one candidate a line")

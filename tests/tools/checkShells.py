@@ -29,6 +29,11 @@ CASES = [
     ("kivoconfig temp<tab>kivob<tab>", "kivoconfig template kivobackup "),
     ("kivoconfig list --j<tab>", "kivoconfig list --json "),
     ("kivoconfig completion z<tab>", "kivoconfig completion zsh "),
+    ("kivoconfig explain kivobackup --ch<tab>", "kivoconfig explain kivobackup --changed "),
+    ("kivoconfig explain kivobackup --setting retention.d<tab>", "kivoconfig explain kivobackup --setting retention.days "),
+    ("kivoconfig check kivobackup --config note<tab>", "kivoconfig check kivobackup --config notes.txt "),
+    ("kivoconfig check kivobackup -- -compression b<tab>", "kivoconfig check kivobackup -- -compression best "),
+    ("kivoconfig check kivobackup -- -keyFile note<tab>", "kivoconfig check kivobackup -- -keyFile notes.txt "),
 ]
 
 SHELLS = {

@@ -65,8 +65,8 @@ CLI::Option* addSpecification(CLI::App& options, Call& call) {
     return added->required();
 }
 
-void addJson(CLI::App& options, Call& call) {
-    options.add_flag("--json", call.isJson, "Print one JSON document instead of text");
+CLI::Option* addJson(CLI::App& options, Call& call) {
+    return options.add_flag("--json", call.isJson, "Print one JSON document instead of text");
 }
 
 void addFatalWarnings(CLI::App& options, Call& call) {

@@ -26,7 +26,7 @@ struct Call {
 /// Adds the argument SPEC, which is required.
 CLI::Option* addSpecification(CLI::App& options, Call& call);
 /// Adds the option --json.
-void addJson(CLI::App& options, Call& call);
+CLI::Option* addJson(CLI::App& options, Call& call);
 /// Adds the option --fatal-warnings.
 void addFatalWarnings(CLI::App& options, Call& call);
 

@@ -3,8 +3,10 @@
 namespace kivoconfig {
 
 // Each is defined in a file of its own, commands/<Command>.cpp.
+Work prepareCheck(CLI::App& options, Call& call);
 Work prepareComplete(CLI::App& options, Call& call);
 Work prepareCompletion(CLI::App& options, Call& call);
+Work prepareExplain(CLI::App& options, Call& call);
 Work prepareLint(CLI::App& options, Call& call);
 Work prepareList(CLI::App& options, Call& call);
 Work prepareManual(CLI::App& options, Call& call);
@@ -15,6 +17,8 @@ std::span<Command const> allCommands() {
     static constexpr Command COMMANDS[] = {
         {"list", "List the specifications of the installation", prepareList},
         {"lint", "Say what is wrong with registry files, or doubtful", prepareLint},
+        {"explain", "Explain values: what a tool reads, where it comes from, and why the rest lost", prepareExplain},
+        {"check", "Report all faults in what a tool would be given", prepareCheck},
         {"template", "Write a values file to start from: every setting explained, none given", prepareTemplate},
         {"schema", "Write an XML Schema of a specification's values files, for editors", prepareSchema},
         {"manual", "Write a manual page about a specification", prepareManual},

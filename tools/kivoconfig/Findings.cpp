@@ -32,11 +32,15 @@ Json toJson(std::vector<Finding> const& findings) {
     return documents;
 }
 
+void writeFindings(std::ostream& out, std::vector<Finding> const& findings) {
+    out << toLocal(printableLines(toUtf8(composeFindings(findings))));
+}
+
 void reportFindings(std::vector<Finding> const& findings, Call& call) {
     if (call.isJson) {
         writeJson(call.out, {{"version", JSON_VERSION}, {"findings", toJson(findings)}});
     } else {
-        call.out << toLocal(printableLines(toUtf8(composeFindings(findings))));
+        writeFindings(call.out, findings);
     }
 }
 

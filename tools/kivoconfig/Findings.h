@@ -16,7 +16,9 @@ Json toJson(kivo::configuration::Finding const& finding);
 /// Findings, each once, in the order in which text shows them.
 Json toJson(std::vector<kivo::configuration::Finding> const& findings);
 
-/// Reports findings, and nothing else: one a line, then their number; or a JSON document.
+/// Writes findings as text: one a line, then their number; nothing if there are none.
+void writeFindings(std::ostream& out, std::vector<kivo::configuration::Finding> const& findings);
+/// Reports findings, and nothing else, as text or as a JSON document.
 void reportFindings(std::vector<kivo::configuration::Finding> const& findings, Call& call);
 
 /// What the command ends with that found this.

@@ -35,6 +35,8 @@ void addInputs(CLI::App& options, Inputs& inputs) {
     options.add_flag("--no-machine", inputs.leavesOutMachineConfig, "Leave machine.config out")->excludes(machine);
     options.add_flag("--strict", inputs.isStrict, "The tool takes names that are not known as errors");
     options.add_flag("--names", inputs.resolvesNames, "The tool takes flags that are shortened");
+    options.footer(
+        "After \"--\" stand the arguments of the tool, without its name. Without \"--\" nothing counts as missing.");
 }
 
 bool areGiven(Inputs const& inputs, Call const& call) {
@@ -51,7 +53,8 @@ InspectionInputs composeInputs(Inputs const& inputs, Call const& call) {
         .setRequired(call.hasArguments);
     if (call.hasArguments) {
         std::vector<char const*> arguments{call.specification.c_str()}; // any name will do for the tool
-        std::ranges::transform(call.arguments, std::back_inserter(arguments), &std::string::c_str);
+        std::ranges::transform(call.arguments, std::back_inserter(arguments),
+                               [](std::string const& each) { return each.c_str(); });
         composed.setArguments(static_cast<unsigned int>(arguments.size()), arguments.data());
     }
     return composed;

@@ -2,6 +2,7 @@
 
 #include "Commands.h"
 #include "Installation.h"
+#include "Origins.h"
 #include "text/Characters.h"
 #include "text/CodePage.h"
 #include "text/Columns.h"
@@ -18,7 +19,8 @@ namespace {
 void writeText(std::ostream& out) {
     Columns columns;
     for (auto const* specification : allSpecifications()) {
-        columns.addRow({printable(toUtf8(specification->getId())), printable(toUtf8(specification->getDescription()))});
+        columns.addRow({printable(toUtf8(specification->getId())), printable(toUtf8(specification->getDescription())),
+                        printable(toUtf8(specification->getDeclarationOrigin().toString()))});
     }
     columns.write(out);
 }
@@ -26,8 +28,9 @@ void writeText(std::ostream& out) {
 void writeDocument(std::ostream& out) {
     auto specifications = Json::array();
     for (auto const* specification : allSpecifications()) {
-        specifications.push_back(
-            {{"name", toUtf8(specification->getId())}, {"description", toUtf8(specification->getDescription())}});
+        specifications.push_back({{"name", toUtf8(specification->getId())},
+                                  {"description", toUtf8(specification->getDescription())},
+                                  {"origin", toJson(specification->getDeclarationOrigin())}});
     }
     writeJson(out, {{"version", JSON_VERSION}, {"specifications", specifications}});
 }

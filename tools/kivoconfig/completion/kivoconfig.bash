@@ -1,20 +1,34 @@
 # Lets bash complete the command line of kivoconfig.
 
 _kivoconfig() {
-    local typed=${COMP_WORDS[COMP_CWORD]} command=${COMP_WORDS[1]} words
+    local typed=${COMP_WORDS[COMP_CWORD]} command=${COMP_WORDS[1]} words i
     if ((COMP_CWORD == 1)); then
-        words="$(kivoconfig --help | sed -n '/^Commands:/,/^$/s/^  \([a-z]*\).*/\1/p') --help --version"
-    elif [[ $typed == -* ]]; then
-        words="$(kivoconfig "$command" --help 2>/dev/null | grep -o -E -- '--[a-z][a-z-]*')"
-    elif [[ $command == lint ]]; then
+        words="$(kivoconfig --help | sed -n '/^Commands:/,/^$/s/^  \([a-z]*\).*/\1/p')"$'\n--help\n--version'
+    elif [[ $command == lint && $typed != -* ]]; then
         words="" # names of files
     elif [[ $command == completion ]] && ((COMP_CWORD == 2)); then
-        words="bash zsh"
+        words=$'bash\nzsh'
     elif [[ $command == completion ]] && ((COMP_CWORD == 3)); then
         words="$(compgen -c -- "$typed")"
     else
-        words="$(kivoconfig list 2>/dev/null | sed 's/ .*//')"
+        for ((i = 2; i < COMP_CWORD; i++)); do
+            [[ ${COMP_WORDS[i]} != -- ]] || break
+        done
+        if ((i < COMP_CWORD)); then # the arguments of the tool in question
+            words="$(kivoconfig complete "${COMP_WORDS[2]}" -- "${COMP_WORDS[@]:i+1:COMP_CWORD-i}" 2>/dev/null | cut -f 1)"
+        elif [[ ${COMP_WORDS[COMP_CWORD - 1]} == --setting ]]; then
+            words="$(kivoconfig explain "${COMP_WORDS[2]}" --no-machine 2>/dev/null | sed '/^ /d; / \[/d; s/ = .*//')"
+        elif [[ ${COMP_WORDS[COMP_CWORD - 1]} == --config ]]; then
+            return
+        elif [[ $typed == -* ]]; then
+            words="$(kivoconfig "$command" --help 2>/dev/null | grep -o -E -- '--[a-z][a-z-]*' | sort -u)"
+        else
+            words="$(kivoconfig list 2>/dev/null | sed 's/ .*//')"
+        fi
     fi
-    mapfile -t COMPREPLY < <(compgen -W "$words" -- "$typed")
+    COMPREPLY=()
+    while IFS= read -r i; do
+        [[ -z $i || $i != "$typed"* ]] || COMPREPLY+=("$(printf %q "$i")")
+    done <<<"$words"
 }
 complete -o default -F _kivoconfig kivoconfig

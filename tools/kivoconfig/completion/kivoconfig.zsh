@@ -3,10 +3,18 @@
 
 _kivoconfig() {
     local command=$words[2]
+    local -i separator=$words[(i)--]
     if ((CURRENT == 2)); then
         compadd -- ${(f)"$(kivoconfig --help | sed -n '/^Commands:/,/^$/s/^  \([a-z]*\).*/\1/p')"} --help --version
+    elif ((separator < CURRENT)); then # the arguments of the tool in question
+        compadd -- ${(f)"$(kivoconfig complete $words[3] -- ${(Q)words[separator+1,CURRENT]} 2>/dev/null | cut -f 1)"} ||
+            _files
+    elif [[ $words[CURRENT-1] == --setting ]]; then
+        compadd -- ${(f)"$(kivoconfig explain $words[3] --no-machine 2>/dev/null | sed '/^ /d; / \[/d; s/ = .*//')"}
+    elif [[ $words[CURRENT-1] == --config ]]; then
+        _files
     elif [[ $PREFIX == -* ]]; then
-        compadd -- ${(f)"$(kivoconfig $command --help 2>/dev/null | grep -o -E -- '--[a-z][a-z-]*')"}
+        compadd -- ${(uf)"$(kivoconfig $command --help 2>/dev/null | grep -o -E -- '--[a-z][a-z-]*')"}
     elif [[ $command == lint ]]; then
         _files -g '*.crg'
     elif [[ $command == completion ]] && ((CURRENT == 3)); then
