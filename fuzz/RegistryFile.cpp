@@ -1,13 +1,16 @@
 // The whole input is the main registry file of an installation that a manager starts from. Every specification that
-// comes of it is described in all ways and asked for its defaults.
+// comes of it is described in all ways and asked for its defaults. Before, the file is inspected, which has to find an
+// error exactly when the manager does not start.
 
 #include "Harness.h"
 
 #include <configuration/Manager.h>
 #include <configuration/ParameterGroup.h>
 #include <configuration/ParameterValueGroup.h>
+#include <configuration/RegistryInspection.h>
 #include <configuration/Specification.h>
 
+#include <cstdlib>
 #include <set>
 
 namespace kivo::fuzz {
@@ -55,7 +58,10 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
 
     std::string const content(data, data + size);
     environment.write("etc/kivobase.crg", content);
-    attempt([] { Manager::getInstance(); }); // when it throws, what was loaded before stays
+    bool const isFaulty = RegistryInspection().getNumberOfFindings(Finding::ERROR_SEVERITY) > 0;
+    if (attempt([] { Manager::getInstance(); }) == isFaulty) { // when it throws, what was loaded before stays
+        std::abort();
+    }
     Manager& manager = *Manager::getInstance();
     for (auto const& id : quotedTexts(content)) {
         Specification const* specification = nullptr;

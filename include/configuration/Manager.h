@@ -265,6 +265,7 @@ public:
     /// @}
 
 private:
+    friend class OwnRegistry;
     friend class ParameterGroup;
     friend class ParameterRegistration;
 

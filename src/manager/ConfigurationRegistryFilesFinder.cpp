@@ -2,16 +2,12 @@
 
 #include "manager/ConfigurationRegistryFilesFinder.h"
 
+#include "manager/RegistryFiles.h"
+
 namespace kivo::configuration {
 
-namespace {
-
-constexpr char const* CONFIGURATION_REGISTRY_FILE_EXTENSION = ".crg";
-
-} // namespace
-
 bool ConfigurationRegistryFilesFinder::visitFile(char const* path) {
-    if (endsWith(path, CONFIGURATION_REGISTRY_FILE_EXTENSION)) {
+    if (endsWith(path, REGISTRY_FILE_EXTENSION)) {
         mPaths.emplace(path);
     }
     return true;

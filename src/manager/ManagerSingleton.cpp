@@ -3,6 +3,7 @@
 #include <configuration/Manager.h>
 
 #include "manager/ManagerImpl.h"
+#include "manager/OwnRegistry.h"
 
 #include <cstdlib>
 #include <memory>
@@ -76,6 +77,15 @@ void Manager::shutdown() {
     // Cleared last: what the manager destroys may call getInstance(), which must not lock again.
     std::unique_ptr<Manager>(smInstance.load(std::memory_order_acquire)).reset();
     smInstance.store(nullptr, std::memory_order_release);
+}
+
+OwnRegistry::OwnRegistry() : mManager(std::make_unique<Manager>()) {
+    mOfProcess = Manager::smInstance.exchange(mManager.get(), std::memory_order_acq_rel);
+}
+
+OwnRegistry::~OwnRegistry() {
+    mManager.reset(); // while it is still the one that getInstance() gives, as in shutdown()
+    Manager::smInstance.store(mOfProcess, std::memory_order_release);
 }
 
 } // namespace kivo::configuration

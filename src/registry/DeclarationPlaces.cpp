@@ -14,22 +14,31 @@ StoredOrigin DeclarationPlaces::of(XmlElement const& element) const {
     return mFile.at(position.line, position.column);
 }
 
-XmlPosition DeclarationPlaces::positionOf(XmlElement const& element, char const* text) const {
-    auto const attribute = std::ranges::find(element.getAttributes(), text, &XmlAttribute::value);
-    return mDocument.getPosition(element, *attribute);
-}
-
-StoredOrigin DeclarationPlaces::ofAttribute(XmlElement const& element, char const* text) const {
-    auto const position = positionOf(element, text);
-    return mFile.at(position.line, position.column);
-}
-
 StoredOrigin DeclarationPlaces::ofDefault(XmlElement const& element, char const* text) const {
     if (!text) {
         return {};
     }
     auto const position = positionOf(element, text);
     return mDefaults.at(position.line, position.column);
+}
+
+StoredOrigin DeclarationPlaces::of(XmlElement const& element, char const* text) const {
+    auto const position = positionOf(element, text);
+    return mFile.at(position.line, position.column);
+}
+
+std::vector<StoredOrigin> DeclarationPlaces::ofAttributes(XmlElement const& element) const {
+    std::vector<StoredOrigin> places;
+    for (auto const& position : mDocument.getAttributePositions(element)) {
+        places.push_back(mFile.at(position.line, position.column));
+    }
+    return places;
+}
+
+XmlPosition DeclarationPlaces::positionOf(XmlElement const& element, char const* text) const {
+    auto const attributes = element.getAttributes();
+    auto const attribute = std::ranges::find(attributes, text, &XmlAttribute::value);
+    return attribute == attributes.end() ? mDocument.getPosition(element) : mDocument.getPosition(element, *attribute);
 }
 
 } // namespace kivo::configuration

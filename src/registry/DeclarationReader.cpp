@@ -4,24 +4,32 @@
 
 #include <configuration/ConfigurationException.h>
 
+#include "registry/UnknownName.h"
 #include "schema/NameComparison.h"
+#include "schema/NameSuggestion.h"
 #include "schema/ValueTypes.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
 
 namespace kivo::configuration {
 
 namespace {
 
-[[noreturn]] void refuse(char const* text, char const* attribute) {
-    throw ConfigurationException("\"%s\" is not a acceptable value for the \"%s\" attribute", text, attribute);
+ConfigurationException composeRefusal(char const* text, char const* attribute) {
+    return ConfigurationException("\"%s\" is not a acceptable value for the \"%s\" attribute", text, attribute);
 }
+
+/// What stands for a text that is absent.
+constexpr char const* STAND_IN = "?";
 
 /// The attributes of one element.
 class Attributes {
 public:
-    explicit Attributes(XmlElement const& element) : mAttributes(element.getAttributes()) {}
+    /// @param isStandIn whether something stands for what would be refused
+    explicit Attributes(XmlElement const& element, bool isStandIn = false)
+        : mAttributes(element.getAttributes()), mIsStandIn(isStandIn) {}
 
     /// The text of an attribute, null when it is absent.
     char const* getOptional(std::string_view name) const {
@@ -32,6 +40,9 @@ public:
     /// The text of an attribute that must be there; it may be empty.
     char const* getRequired(char const* name) const {
         auto const* const text = getOptional(name);
+        if (mIsStandIn) {
+            return text && *text != '\0' ? text : STAND_IN;
+        }
         if (!text) {
             throw ConfigurationException("Expected attribute \"%s\" was not found", name);
         }
@@ -42,9 +53,19 @@ public:
     char const* getNotEmpty(char const* name) const {
         auto const* const text = getOptional(name);
         if (text && *text == '\0') {
-            refuse(text, name);
+            return mIsStandIn ? nullptr : throw composeRefusal(text, name);
         }
         return text;
+    }
+
+    /// The type that an attribute says, which must be there.
+    Parameter::ValueType getType(char const* name) const {
+        auto const* const word = getRequired(name);
+        auto const type = findValueType(word);
+        if (!type && !mIsStandIn) {
+            throw UnknownName(UnknownName::Kind::VALUE_TYPE, word, composeRefusal(word, name));
+        }
+        return type.value_or(Parameter::STRING_PARAMETER);
     }
 
     /// Whether an attribute says true; nothing when it is absent.
@@ -55,15 +76,8 @@ public:
 
 private:
     std::span<XmlAttribute const> mAttributes;
+    bool mIsStandIn;
 };
-
-Parameter::ValueType valueTypeOf(char const* word) {
-    auto const type = findValueType(word);
-    if (!type) {
-        refuse(word, "type");
-    }
-    return *type;
-}
 
 // One function for each element. Members are initialised in the order in which their attributes are asked for.
 
@@ -83,7 +97,7 @@ Declaration::Details readParameter(Attributes const& attributes) {
         .id = attributes.getRequired("id"),
         .name = attributes.getRequired("name"),
         .description = attributes.getRequired("description"),
-        .type = valueTypeOf(attributes.getRequired("type")),
+        .type = attributes.getType("type"),
         .valueName = attributes.getOptional("valueName"),
         .defaultValue = attributes.getOptional("default"),
         .validator = attributes.getOptional("validator"),
@@ -160,23 +174,37 @@ constexpr SectionKind SECTIONS[] = {
     {"Specifications", Content::SPECIFICATIONS},
 };
 
+// The attributes that the functions above ask for.
+constexpr bool FLAG = true;
+constexpr AttributeFormat ID[] = {{"id"}};
+constexpr AttributeFormat VALUE[] = {{"label"}, {"value"}};
+constexpr AttributeFormat PARAMETER[] = {{"id"},         {"name"},     {"description"},    {"type"}, {"enumType"},
+                                         {"valueName"},  {"default"},  {"validator"},      {"min"},  {"max"},
+                                         {"deprecated"}, {"formerly"}, {"sensitive", FLAG}};
+constexpr AttributeFormat GROUP[] = {{"id"}, {"name"}, {"description"}};
+constexpr AttributeFormat CONTAINER[] = {{"id"}, {"name"}, {"description"}, {"optional", FLAG}, {"unbounded", FLAG}};
+constexpr AttributeFormat CHOICE[] = {{"id"}, {"name"}, {"description"}, {"optional", FLAG}};
+constexpr AttributeFormat REFERENCE[] = {
+    {"id"}, {"description"}, {"default"}, {"optional", FLAG}, {"unbounded", FLAG}, {"hidden", FLAG}};
+
 struct ElementKind {
     Content place;
     char const* name;
     Declaration::Details (*read)(Attributes const& attributes);
     Content children;
+    std::span<AttributeFormat const> attributes;
 };
 
 constexpr ElementKind ELEMENTS[] = {
-    {Content::ENUMERATIONS, "Enumeration", readEnumeration, Content::ENUMERATION_VALUES},
-    {Content::ENUMERATION_VALUES, "Value", readEnumerationValue, Content::NOTHING},
-    {Content::PARAMETERS, "Parameter", readParameter, Content::NOTHING},
-    {Content::GROUPS, "Group", readGroup, Content::ITEMS},
-    {Content::SPECIFICATIONS, "Specification", readSpecification, Content::ITEMS},
-    {Content::ITEMS, "Container", readContainer, Content::ITEMS},
-    {Content::ITEMS, "MutuallyExclusive", readExclusiveChoice, Content::ITEMS},
-    {Content::ITEMS, "ParameterRef", readParameterReference, Content::NOTHING},
-    {Content::ITEMS, "GroupRef", readGroupReference, Content::NOTHING},
+    {Content::ENUMERATIONS, "Enumeration", readEnumeration, Content::ENUMERATION_VALUES, ID},
+    {Content::ENUMERATION_VALUES, "Value", readEnumerationValue, Content::NOTHING, VALUE},
+    {Content::PARAMETERS, "Parameter", readParameter, Content::NOTHING, PARAMETER},
+    {Content::GROUPS, "Group", readGroup, Content::ITEMS, GROUP},
+    {Content::SPECIFICATIONS, "Specification", readSpecification, Content::ITEMS, CONTAINER},
+    {Content::ITEMS, "Container", readContainer, Content::ITEMS, CONTAINER},
+    {Content::ITEMS, "MutuallyExclusive", readExclusiveChoice, Content::ITEMS, CHOICE},
+    {Content::ITEMS, "ParameterRef", readParameterReference, Content::NOTHING, REFERENCE},
+    {Content::ITEMS, "GroupRef", readGroupReference, Content::NOTHING, ID},
 };
 
 /// Namespace prefixes do not matter.
@@ -184,27 +212,77 @@ bool isNamed(XmlElement const& element, std::string_view name) { return element.
 
 void validateTagName(XmlElement const& element, char const* name) {
     if (!isNamed(element, name)) {
-        throw ConfigurationException("Expected \"%s\" tag but found \"%s\"", name, element.getLocalName());
+        throw UnknownName(UnknownName::Kind::ELEMENT, element.getLocalName(),
+                          ConfigurationException("Expected \"%s\" tag but found \"%s\"", name, element.getLocalName()));
     }
 }
 
-ElementKind const& kindOf(XmlElement const& element, Content place) {
+ElementKind const* findKind(XmlElement const& element, Content place) {
     auto const* const kind = std::ranges::find_if(ELEMENTS, [&](ElementKind const& candidate) {
         return candidate.place == place && isNamed(element, candidate.name);
     });
-    if (kind != std::end(ELEMENTS)) {
+    return kind == std::end(ELEMENTS) ? nullptr : kind;
+}
+
+/// Whether elements of several kinds may stand in a place, which the message about any other one depends on.
+bool isForSeveralKinds(Content place) { return place == Content::SPECIFICATIONS || place == Content::ITEMS; }
+
+ElementKind const& onlyKind(Content place) { return *std::ranges::find(ELEMENTS, place, &ElementKind::place); }
+
+ElementKind const& kindOf(XmlElement const& element, Content place) {
+    if (auto const* const kind = findKind(element, place)) {
         return *kind;
     }
-    if (place != Content::SPECIFICATIONS && place != Content::ITEMS) {
-        validateTagName(element, std::ranges::find(ELEMENTS, place, &ElementKind::place)->name);
+    if (!isForSeveralKinds(place)) {
+        validateTagName(element, onlyKind(place).name);
     }
-    throw ConfigurationException("\"%s\" is not a valid element", element.getLocalName());
+    throw UnknownName(UnknownName::Kind::ELEMENT, element.getLocalName(),
+                      ConfigurationException("\"%s\" is not a valid element", element.getLocalName()));
+}
+
+/// What an element is meant to be: as its name says, or nearly says, or the only thing that can stand there.
+ElementKind const* meantKind(XmlElement const& element, Content place) {
+    if (auto const* const kind = findKind(element, place)) {
+        return kind;
+    }
+    if (place != Content::ITEMS) {
+        return &onlyKind(place);
+    }
+    ClosestName closest(element.getLocalName());
+    for (auto const& format : getElementFormats(place)) {
+        closest.offer(format.name);
+    }
+    return closest.get() ? std::ranges::find(ELEMENTS, closest.get(), &ElementKind::name) : nullptr;
+}
+
+// What stands for a declaration: nothing in it can be refused but its id.
+
+Declaration::Details weakened(ParameterDeclaration parameter) {
+    parameter.defaultValue = ""; // fits every type, and is enough for an optional reference
+    parameter.validator = parameter.enumType = parameter.minimum = parameter.maximum = nullptr;
+    return parameter;
+}
+
+Declaration::Details weakened(EnumerationValueDeclaration const& value) {
+    return EnumerationValueDeclaration{.label = value.label, .value = "0"};
+}
+
+Declaration::Details weakened(ParameterReference const& reference) {
+    ParameterReference plain{};
+    plain.id = reference.id;
+    return plain;
+}
+
+template <class Details>
+Declaration::Details weakened(Details const& details) {
+    return details;
 }
 
 } // namespace
 
+void validateRoot(XmlElement const& root) { validateTagName(root, ROOT_NAME); }
+
 std::vector<Section> readSections(XmlElement const& root) {
-    validateTagName(root, "ConfigurationRegistry");
     std::vector<Section> sections;
     auto const* element = root.getFirstChild();
     for (auto const& kind : SECTIONS) {
@@ -219,6 +297,31 @@ std::vector<Section> readSections(XmlElement const& root) {
 Declaration readDeclaration(XmlElement const& element, Content place) {
     auto const& kind = kindOf(element, place);
     return {element, kind.children, kind.read(Attributes(element))};
+}
+
+std::optional<Declaration> readStandIn(XmlElement const& element, Content place) {
+    auto const* const kind = meantKind(element, place);
+    if (!kind) {
+        return std::nullopt;
+    }
+    auto const details = kind->read(Attributes(element, true));
+    return Declaration{element, kind->children, std::visit([](auto const& each) { return weakened(each); }, details)};
+}
+
+std::vector<ElementFormat> getElementFormats(Content place) {
+    std::vector<ElementFormat> formats;
+    for (auto const& kind : ELEMENTS) {
+        if (kind.place == place) {
+            formats.push_back({kind.name, kind.attributes, kind.children});
+        }
+    }
+    return formats;
+}
+
+std::vector<char const*> getSectionNames() {
+    std::vector<char const*> names;
+    std::ranges::transform(SECTIONS, std::back_inserter(names), &SectionKind::name);
+    return names;
 }
 
 } // namespace kivo::configuration

@@ -9,6 +9,8 @@
 #include <configuration/Specification.h>
 
 #include "registry/DeclarationPlaces.h"
+#include "registry/DeclarationRecord.h"
+#include "registry/UnknownName.h"
 #include "schema/ItemKinds.h"
 #include "schema/NumberText.h"
 #include "schema/ParameterRegistration.h"
@@ -32,7 +34,8 @@ int enumerationNumber(char const* text) {
 ParameterEnumDefinition const& findEnumeration(char const* id) {
     auto const* const enumeration = Manager::getInstance()->getEnumDefinition(id);
     if (!enumeration) {
-        throw ConfigurationException("The \"%s\" enumeration was not found", id);
+        throw UnknownName(UnknownName::Kind::ENUMERATION, id,
+                          ConfigurationException("The \"%s\" enumeration was not found", id));
     }
     return *enumeration;
 }
@@ -40,7 +43,8 @@ ParameterEnumDefinition const& findEnumeration(char const* id) {
 Parameter& findParameter(char const* id) {
     auto* const parameter = asParameter(Manager::getInstance()->getParameterItem(id, ParameterItem::PARAMETER));
     if (!parameter) {
-        throw ConfigurationException("Parameter \"%s\" was not found", id);
+        throw UnknownName(UnknownName::Kind::PARAMETER, id,
+                          ConfigurationException("Parameter \"%s\" was not found", id));
     }
     return *parameter;
 }
@@ -49,7 +53,7 @@ Parameter& findParameter(char const* id) {
 ParameterGroup& findGroup(char const* id) {
     auto* const group = asGroup(Manager::getInstance()->getParameterItem(id, ParameterItem::PARAMETER_GROUP));
     if (!group) {
-        throw ConfigurationException("Group\"%s\" was not found", id);
+        throw UnknownName(UnknownName::Kind::GROUP, id, ConfigurationException("Group\"%s\" was not found", id));
     }
     if (group->getGroupType() != ParameterGroup::CONSTRAINT || group->itemsAreExclusive()) {
         throw ConfigurationException("\"%s\" is not a group", id);
@@ -77,7 +81,8 @@ auto atAttribute(Place placeOfAttribute, Act act) {
 
 } // namespace
 
-DeclarationRegistrar::DeclarationRegistrar(DeclarationPlaces const& places) : mPlaces(places) {}
+DeclarationRegistrar::DeclarationRegistrar(DeclarationPlaces const& places, DeclarationRecord* record)
+    : mPlaces(places), mRecord(record) {}
 
 /// Places are found before anything is made: that can fail, and must not leave a declaration that is half done.
 void DeclarationRegistrar::open(Declaration const& declaration) {
@@ -94,6 +99,9 @@ void DeclarationRegistrar::close(Declaration const& declaration) {
         auto const& group = *mOpenGroups.back();
         mOpenGroups.pop_back();
         if (std::holds_alternative<SpecificationDeclaration>(declaration.details)) {
+            if (mRecord) {
+                mRecord->specifications.push_back(&group);
+            }
             registerSpecification(group, mPlaces.of(declaration.element));
         }
     }
@@ -124,7 +132,7 @@ void DeclarationRegistrar::add(ParameterDeclaration const& parameter) {
     constexpr bool isOptional = false;
     constexpr bool isUnbounded = false;
     constexpr bool isHidden = false;
-    ParameterRegistration::add(parameter.id, [&] {
+    auto const* const added = ParameterRegistration::add(parameter.id, [&] {
         auto made = atAttribute([&] { return defaultPlace; },
                                 [&] {
                                     return std::make_unique<Parameter>(
@@ -141,7 +149,7 @@ void DeclarationRegistrar::add(ParameterDeclaration const& parameter) {
         }
         auto const setBound = [&](char const* bound, void (Parameter::*set)(char const*)) {
             if (bound) {
-                atAttribute([&] { return mPlaces.ofAttribute(*mElement, bound); }, [&] { ((*made).*set)(bound); });
+                atAttribute([&] { return mPlaces.of(*mElement, bound); }, [&] { ((*made).*set)(bound); });
             }
         };
         setBound(parameter.minimum, &Parameter::setMinimum);
@@ -155,6 +163,9 @@ void DeclarationRegistrar::add(ParameterDeclaration const& parameter) {
         }
         return made;
     });
+    if (mRecord) {
+        mRecord->parameters.push_back(added);
+    }
 }
 
 void DeclarationRegistrar::add(GroupDeclaration const& group) {
@@ -235,6 +246,9 @@ void DeclarationRegistrar::addToOpenGroup(ParameterItem* item) {
     if (!mOpenGroups.empty()) {
         mOpenGroups.back()->addItem(item);
         ++mUnfoldedItems;
+        if (mRecord) {
+            mRecord->itemPlaces[mOpenGroups.back()].push_back(mPlace);
+        }
     }
 }
 

@@ -12,6 +12,7 @@
 namespace kivo::configuration {
 
 class DeclarationPlaces;
+struct DeclarationRecord;
 class ParameterItem;
 
 /// Registers what the declarations of one file say, with the factories that code uses. References may name whatever is
@@ -22,7 +23,8 @@ class ParameterItem;
 class DeclarationRegistrar {
 public:
     /// @param places must outlive this object
-    explicit DeclarationRegistrar(DeclarationPlaces const& places);
+    /// @param record receives what is declared; null, or it must outlive this object
+    explicit DeclarationRegistrar(DeclarationPlaces const& places, DeclarationRecord* record = nullptr);
 
     /// Registers what an element declares, except for enumerations and specifications: close() does that.
     /// @throws ConfigurationException what the declaration refers to does not exist or may not be used here, or an
@@ -52,6 +54,7 @@ private:
     UnfoldedSize const& checkReference(ParameterGroup const& group);
 
     DeclarationPlaces const& mPlaces;
+    DeclarationRecord* mRecord;
     XmlElement const* mElement = nullptr; // of the declaration that is opened
     StoredOrigin mPlace;
 

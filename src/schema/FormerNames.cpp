@@ -4,6 +4,7 @@
 
 #include <configuration/ConfigurationException.h>
 
+#include "schema/FaultCollection.h"
 #include "schema/ItemKinds.h"
 #include "schema/NameComparison.h"
 
@@ -57,7 +58,7 @@ void noteFormerName() noexcept { formerNamesExist.store(true, std::memory_order_
 
 bool areThereFormerNames() noexcept { return formerNamesExist.load(std::memory_order_relaxed); }
 
-void checkFormerNames(ParameterGroup const& root) {
+void checkFormerNames(ParameterGroup const& root, ParameterErrors* collected) {
     Contents const contents(root);
     Names formerNames;
     for (auto const* parameter : contents.renamed) {
@@ -66,8 +67,10 @@ void checkFormerNames(ParameterGroup const& root) {
         auto const* const owner =
             taken != contents.names.end() ? taken->second : formerNames.try_emplace(former, parameter).first->second;
         if (taken != contents.names.end() || !equalIgnoringCase(owner->getId(), parameter->getId())) {
-            throw ConfigurationException("Former name \"%s\" of parameter \"%s\" is taken by \"%s\"", former,
-                                         parameter->getName(), owner->getName());
+            runOrCollect(collected, Rule::INVALID_REGISTRY, {}, [&] {
+                throw ConfigurationException("Former name \"%s\" of parameter \"%s\" is taken by \"%s\"", former,
+                                             parameter->getName(), owner->getName());
+            });
         }
     }
 }

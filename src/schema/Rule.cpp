@@ -48,6 +48,23 @@ constexpr RuleName RULES[] = {
     {Rule::UNKNOWN_VARIABLE, "unknown-variable"},       // of no setting, but with the tool's prefix
     {Rule::UNNAMED_ITEM, "unnamed-item"},               // a value or a group without a name
     {Rule::WRONG_KIND, "wrong-kind"},                   // a setting where a section belongs, or the other way round
+
+    {Rule::DIFFERENT_NAME, "different-name"},                   // an id and a name that differ
+    {Rule::DOUBTFUL_BOOLEAN, "doubtful-boolean"},               // neither true nor false
+    {Rule::INVALID_REGISTRY, "invalid-registry"},               // a declaration that is refused
+    {Rule::LETTER_CASE, "letter-case"},                         // an id that is written in two ways
+    {Rule::REPEATED_NAME, "repeated-name"},                     // two items of one name in a container
+    {Rule::REQUIRED_DEPRECATED, "required-deprecated"},         // a setting that has to be given, but should not
+    {Rule::REQUIRED_HIDDEN, "required-hidden"},                 // a setting that has to be given, but is not shown
+    {Rule::SIGNED_NUMBER, "signed-number"},                     // negative values that no command line can give
+    {Rule::SLOW_FILE, "slow-file"},                             // a file that is not plain XML
+    {Rule::UNCHECKED_SPECIFICATION, "unchecked-specification"}, // too large to look at
+    {Rule::UNKNOWN_ATTRIBUTE, "unknown-attribute"},             // not read
+    {Rule::UNREAD_ELEMENT, "unread-element"},                   // what stands where nothing is read
+    {Rule::UNREAD_FILE, "unread-file"},                         // a file that is not loaded
+    {Rule::UNUSABLE_FLAG, "unusable-flag"},                     // the beginning of another setting's name
+    {Rule::UNUSED_PARAMETER, "unused-parameter"},               // in no specification
+    {Rule::UNWRITABLE_NAME, "unwritable-name"},                 // no XML name
 };
 
 } // namespace

@@ -36,7 +36,25 @@ enum class Rule : unsigned char {
     UNKNOWN_SETTING,
     UNKNOWN_VARIABLE,
     UNNAMED_ITEM,
-    WRONG_KIND
+    WRONG_KIND,
+
+    // Of registry files.
+    DIFFERENT_NAME,
+    DOUBTFUL_BOOLEAN,
+    INVALID_REGISTRY,
+    LETTER_CASE,
+    REPEATED_NAME,
+    REQUIRED_DEPRECATED,
+    REQUIRED_HIDDEN,
+    SIGNED_NUMBER,
+    SLOW_FILE,
+    UNCHECKED_SPECIFICATION,
+    UNKNOWN_ATTRIBUTE,
+    UNREAD_ELEMENT,
+    UNREAD_FILE,
+    UNUSABLE_FLAG,
+    UNUSED_PARAMETER,
+    UNWRITABLE_NAME
 };
 
 /// The name of a rule as users read it, such as "unknown-setting".

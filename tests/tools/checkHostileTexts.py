@@ -102,6 +102,7 @@ def main():
             file.write(registry())
 
         require(len(kivoconfig("list").splitlines()) == 1, "a specification is a line")
+        require(kivoconfig("lint").endswith(" warnings\n"), "there are no errors")
         described = json.loads(kivoconfig("list", "--json"))["specifications"][0]["description"]
         require(described == " ".join(TEXTS), "JSON gives the description as it is")
 

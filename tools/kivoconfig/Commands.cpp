@@ -8,6 +8,7 @@ Work prepareComplete(CLI::App& options, Call& call);
 Work prepareCompletion(CLI::App& options, Call& call);
 Work prepareDump(CLI::App& options, Call& call);
 Work prepareExplain(CLI::App& options, Call& call);
+Work prepareLint(CLI::App& options, Call& call);
 Work prepareList(CLI::App& options, Call& call);
 Work prepareManual(CLI::App& options, Call& call);
 Work prepareSchema(CLI::App& options, Call& call);
@@ -16,6 +17,7 @@ Work prepareTemplate(CLI::App& options, Call& call);
 std::span<Command const> allCommands() {
     static constexpr Command COMMANDS[] = {
         {"list", "List the specifications of the installation", prepareList},
+        {"lint", "Say what is wrong with registry files, or doubtful", prepareLint},
         {"explain", "Explain values: what a tool reads, where it comes from, and why the rest lost", prepareExplain},
         {"check", "Report all faults in what a tool would be given", prepareCheck},
         {"template", "Write a values file to start from: every setting explained, none given", prepareTemplate},

@@ -23,6 +23,12 @@ constexpr std::size_t MIN_FIRST_PART = 1 << 10;
 constexpr std::size_t MAX_FIRST_PART = 64 << 10;
 constexpr int MAX_DECLARATION = 1000; // Xerces-C refuses some of 16,384 characters and more
 
+// Why a file is not plain, where that can be seen in several places.
+constexpr char const* TOO_LARGE = "it has more than 64 MiB";
+constexpr char const* OTHER_ENCODING = "its encoding is neither UTF-8 nor US-ASCII";
+constexpr char const* OTHER_NAME = "a name has a colon, or a character beyond ASCII";
+constexpr char const* TOO_MUCH = "it has more elements inside each other, attributes or names than are read";
+
 bool isAscii(std::string_view text) {
     return std::ranges::all_of(text, [](char c) { return static_cast<signed char>(c) >= 0; });
 }
@@ -59,8 +65,10 @@ private:
 
     bool parseAll();
     void collectAttributes(char const** attributes);
-    void require(bool isPlain);
+    void require(bool isPlain, char const* obstacle);
+    bool refuse(char const* obstacle);
     void stop();
+    XmlPosition getPosition() const;
     PlainXml describeFault() const;
 
     struct Free {
@@ -73,6 +81,8 @@ private:
     XmlLimits mLimits;
     std::vector<GivenAttribute> mAttributes; // of the element that begins
     bool mIsStopped = false;
+    char const* mObstacle = ""; // the first one
+    XmlPosition mObstaclePosition{};
     bool mIsOutOfMemory = false;
     bool mIsDeclaredAscii = false;
     bool const mAreTextsAscii = !isLocalCodePageUnicode();
@@ -97,7 +107,7 @@ PlainXml PlainXmlReader::read() {
     }
     if (isPlain) {
         auto const size = mInput.getKept().size();
-        return {mBuilder.finish(mInput.takeKept(), size), {}, {}};
+        return {mBuilder.finish(mInput.takeKept(), size), {}, {}, {}, {}};
     }
     return describeFault();
 }
@@ -106,18 +116,23 @@ PlainXml PlainXmlReader::read() {
 /// @return whether the whole input is plain
 bool PlainXmlReader::parseAll() {
     if (mInput.getExpectedSize() > MAX_SIZE) {
-        return false;
+        return refuse(TOO_LARGE);
     }
     auto const whole = mInput.getExpectedSize() + 1; // a part that is not full is the last
     for (auto size = std::clamp(whole, MIN_FIRST_PART, MAX_FIRST_PART);; size = mInput.getKept().size()) {
         auto const part = mInput.readOn(size);
-        if (!part || mInput.getKept().size() > MAX_SIZE || isUtf16(mInput.getKept())) {
+        if (!part) {
             return false;
         }
+        if (mInput.getKept().size() > MAX_SIZE || isUtf16(mInput.getKept())) {
+            return refuse(isUtf16(mInput.getKept()) ? OTHER_ENCODING : TOO_LARGE);
+        }
         bool const isLast = part->size() < size;
-        if (XML_Parse(mParser.get(), part->data(), static_cast<int>(part->size()), isLast) != XML_STATUS_OK ||
-            (mIsDeclaredAscii && !isAscii(mInput.getKept()))) {
+        if (XML_Parse(mParser.get(), part->data(), static_cast<int>(part->size()), isLast) != XML_STATUS_OK) {
             return false;
+        }
+        if (mIsDeclaredAscii && !isAscii(mInput.getKept())) {
+            return refuse("it is declared as US-ASCII, and has other characters");
         }
         if (isLast) {
             return true;
@@ -140,18 +155,21 @@ void PlainXmlReader::call(void* reader, Arguments... arguments) noexcept {
 }
 
 void PlainXmlReader::declare(char const* version, char const* encoding, int) {
-    require(std::strcmp(version, "1.0") == 0 && XML_GetCurrentByteCount(mParser.get()) <= MAX_DECLARATION);
+    require(std::strcmp(version, "1.0") == 0, "its version of XML is not 1.0");
+    require(XML_GetCurrentByteCount(mParser.get()) <= MAX_DECLARATION, "its XML declaration is too long");
     mIsDeclaredAscii = encoding && equalIgnoringCase(encoding, "US-ASCII");
-    require(!encoding || mIsDeclaredAscii || equalIgnoringCase(encoding, "UTF-8"));
+    require(!encoding || mIsDeclaredAscii || equalIgnoringCase(encoding, "UTF-8"), OTHER_ENCODING);
 }
 
-void PlainXmlReader::startDocumentType(char const*, char const*, char const*, int) { require(false); }
+void PlainXmlReader::startDocumentType(char const*, char const*, char const*, int) {
+    require(false, "it has a document type");
+}
 
-void PlainXmlReader::readInstruction(char const* target, char const*) { require(isPlainName(target)); }
+void PlainXmlReader::readInstruction(char const* target, char const*) { require(isPlainName(target), OTHER_NAME); }
 
 void PlainXmlReader::startElement(char const* name, char const** attributes) {
     collectAttributes(attributes);
-    require(mBuilder.getDepth() < XmlLimits::MAX_DEPTH && mLimits.countAttributes(mAttributes.size()));
+    require(mBuilder.getDepth() < XmlLimits::MAX_DEPTH && mLimits.countAttributes(mAttributes.size()), TOO_MUCH);
     if (mIsStopped) {
         return;
     }
@@ -162,8 +180,8 @@ void PlainXmlReader::startElement(char const* name, char const** attributes) {
         mBuilder.addAttribute(attribute, value, number);
     }
     if (mBuilder.getNumberOfNames() > knownNames) { // known ones have been looked at
-        require(mBuilder.getNumberOfNames() <= XmlLimits::MAX_NAMES && isPlainName(name) &&
-                std::ranges::all_of(mAttributes, isPlainName, &GivenAttribute::name));
+        require(mBuilder.getNumberOfNames() <= XmlLimits::MAX_NAMES, TOO_MUCH);
+        require(isPlainName(name) && std::ranges::all_of(mAttributes, isPlainName, &GivenAttribute::name), OTHER_NAME);
     }
 }
 
@@ -174,17 +192,33 @@ void PlainXmlReader::collectAttributes(char const** attributes) {
     for (; *attributes && !mIsStopped; attributes += 2) {
         auto const number = static_cast<std::uint32_t>(mAttributes.size());
         auto const& [name, value, _] = mAttributes.emplace_back(GivenAttribute{attributes[0], attributes[1], number});
-        require(!name.starts_with("xmlns") && !(mAreTextsAscii && !isAscii(value)) &&
-                mAttributes.size() <= XmlLimits::MAX_ATTRIBUTES);
+        require(!name.starts_with("xmlns"), "it has a namespace");
+        require(!mAreTextsAscii || isAscii(value), "a text has a character beyond ASCII, where UTF-8 is not the "
+                                                   "locale's character set");
+        require(mAttributes.size() <= XmlLimits::MAX_ATTRIBUTES, TOO_MUCH);
     }
     std::ranges::sort(mAttributes, {}, &GivenAttribute::name);
 }
 
 /// Ends the reading when something is not plain.
-void PlainXmlReader::require(bool isPlain) {
+void PlainXmlReader::require(bool isPlain, char const* obstacle) {
     if (!isPlain) {
+        refuse(obstacle);
         stop();
     }
+}
+
+/// @return false: the input is not plain
+bool PlainXmlReader::refuse(char const* obstacle) {
+    if (*mObstacle == '\0') {
+        mObstacle = obstacle;
+        mObstaclePosition = getPosition();
+    }
+    return false;
+}
+
+XmlPosition PlainXmlReader::getPosition() const {
+    return {XML_GetCurrentLineNumber(mParser.get()), XML_GetCurrentColumnNumber(mParser.get()) + 1};
 }
 
 void PlainXmlReader::stop() {
@@ -196,11 +230,9 @@ void PlainXmlReader::stop() {
 PlainXml PlainXmlReader::describeFault() const {
     auto const error = XML_GetErrorCode(mParser.get());
     if (mIsStopped || error == XML_ERROR_NONE) {
-        return {std::nullopt, mInput.getProblem(), {}};
+        return {std::nullopt, mInput.getProblem(), {}, mObstacle, mObstaclePosition};
     }
-    auto const line = XML_GetCurrentLineNumber(mParser.get());
-    auto const column = XML_GetCurrentColumnNumber(mParser.get()) + 1;
-    return {std::nullopt, XML_ErrorString(error), {line, column}};
+    return {std::nullopt, XML_ErrorString(error), getPosition(), {}, {}};
 }
 
 } // namespace

@@ -14,6 +14,8 @@ struct PlainXml {
     std::optional<XmlDocument> document;
     std::string fault; ///< empty: readable and well-formed up to where it stopped being plain
     XmlPosition faultPosition{};
+    std::string obstacle; ///< why a file without a fault is not plain, such as "it has a document type"
+    XmlPosition obstaclePosition{};
 };
 
 /// Reads a file that is plain XML, which is what nearly all files are, quickly. Everything else is left to the module

@@ -29,6 +29,8 @@ XmlFile::XmlFile(char const* path) {
 }
 
 void XmlFile::readWithModule(char const* path, XmlInput& input, PlainXml const& plain) {
+    mObstacle = plain.fault.empty() ? plain.obstacle : plain.fault;
+    mObstaclePosition = plain.fault.empty() ? plain.obstaclePosition : plain.faultPosition;
     XmlScope const scope;
     auto const* const module = scope.getModule();
     if (!module) {

@@ -26,6 +26,10 @@ public:
     /// One line "XML ERROR: …" for each error.
     ParameterErrors const& getErrors() const { return mErrors; }
 
+    /// Why the file was left to the Xerces-C module, and where that shows; empty when a part of the library read it.
+    std::string const& getObstacle() const { return mObstacle; }
+    XmlPosition getObstaclePosition() const { return mObstaclePosition; }
+
     /// What the file holds. Only when there are no errors.
     XmlDocument const& getDocument() const { return mDocument; }
 
@@ -36,6 +40,8 @@ private:
     std::vector<std::string> mWarnings;
     ParameterErrors mErrors;
     XmlDocument mDocument;
+    std::string mObstacle;
+    XmlPosition mObstaclePosition{};
 };
 
 } // namespace kivo::configuration

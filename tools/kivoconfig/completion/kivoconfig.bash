@@ -4,6 +4,8 @@ _kivoconfig() {
     local typed=${COMP_WORDS[COMP_CWORD]} command=${COMP_WORDS[1]} words i
     if ((COMP_CWORD == 1)); then
         words="$(kivoconfig --help | sed -n '/^Commands:/,/^$/s/^  \([a-z]*\).*/\1/p')"$'\n--help\n--version'
+    elif [[ $command == lint && $typed != -* ]]; then
+        words="" # names of files
     elif [[ $command == completion ]] && ((COMP_CWORD == 2)); then
         words=$'bash\nzsh'
     elif [[ $command == completion ]] && ((COMP_CWORD == 3)); then

@@ -15,6 +15,8 @@ _kivoconfig() {
         _files
     elif [[ $PREFIX == -* ]]; then
         compadd -- ${(uf)"$(kivoconfig $command --help 2>/dev/null | grep -o -E -- '--[a-z][a-z-]*')"}
+    elif [[ $command == lint ]]; then
+        _files -g '*.crg'
     elif [[ $command == completion ]] && ((CURRENT == 3)); then
         compadd bash zsh
     elif [[ $command == completion ]] && ((CURRENT == 4)); then

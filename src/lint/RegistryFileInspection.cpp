@@ -1,0 +1,197 @@
+#include "kernel/kvProcessInit.h"
+
+#include "lint/RegistryFileInspection.h"
+
+#include <configuration/Manager.h>
+#include <configuration/ParameterErrors.h>
+#include <configuration/ParameterGroup.h>
+
+#include "registry/DeclarationReader.h"
+#include "schema/FormerNames.h"
+#include "schema/ItemKinds.h"
+#include "schema/ValueTypes.h"
+
+#include <new>
+
+namespace kivo::configuration {
+
+namespace {
+
+std::vector<char const*> namesOf(Content place) {
+    std::vector<char const*> names;
+    for (auto const& format : getElementFormats(place)) {
+        names.push_back(format.name);
+    }
+    return names;
+}
+
+std::vector<char const*> typeWords() {
+    std::vector<char const*> words;
+    for (int type = Parameter::BOOLEAN_PARAMETER; type <= Parameter::DURATION_PARAMETER; ++type) {
+        words.push_back(traitsOf(static_cast<Parameter::ValueType>(type)).word);
+    }
+    return words;
+}
+
+/// The same declaration with another id. @param id must outlive it
+Declaration::Details renamed(Declaration::Details details, char const* id) {
+    std::visit(
+        [id](auto& each) {
+            if constexpr (requires { each.root; }) {
+                each.root.id = id;
+            } else if constexpr (requires { each.id; }) {
+                each.id = id;
+            }
+        },
+        details);
+    return details;
+}
+
+} // namespace
+
+RegistryFileInspection::RegistryFileInspection(char const* path, RegistryContents& contents)
+    : RegistryFileLoad(path, &contents.record),
+      mFileOrigin(Origin::FILE_SOURCE, path),
+      mContents(contents),
+      mRemarks(contents, getPlaces()) {}
+
+void RegistryFileInspection::run() {
+    auto& findings = mContents.findings;
+    for (auto const& warning : getFile().getWarnings()) {
+        findings.add(Finding::WARNING_SEVERITY, Rule::SUSPICIOUS_XML, warning, mFileOrigin);
+    }
+    auto const& errors = getFile().getErrors();
+    for (unsigned long i = 0; i < errors.getNumberOfErrors(); ++i) {
+        findings.add(Finding::ERROR_SEVERITY, Rule::INVALID_XML, errors.getError(i), errors.getStoredOrigin(i));
+    }
+    if (errors.getNumberOfErrors() > 0) {
+        mContents.isIncomplete = true;
+        return;
+    }
+    if (auto const& obstacle = getFile().getObstacle(); !obstacle.empty()) {
+        auto const [line, column] = getFile().getObstaclePosition();
+        findings.add(Finding::WARNING_SEVERITY, Rule::SLOW_FILE,
+                     "every tool has to load the large XML parser for this file: " + obstacle,
+                     mFileOrigin.at(line, column));
+    }
+    registerAll();
+}
+
+void RegistryFileInspection::begin(XmlElement const& root) {
+    try {
+        RegistryFileLoad::begin(root);
+    } catch (std::exception const& fault) {
+        report(fault, root, {ROOT_NAME});
+    }
+    mRemarks.remarkOnSections(root);
+}
+
+std::optional<Declaration> RegistryFileInspection::open(XmlElement const& element, Content place) {
+    mRemarks.remarkOn(element, place);
+    try {
+        auto const declaration = RegistryFileLoad::open(element, place);
+        note(*declaration);
+        return declaration;
+    } catch (std::exception const& fault) {
+        report(fault, element, namesOf(place));
+        return openStandIn(element, place);
+    }
+}
+
+/// A specification can be refused for several former names: loading tells of the first one.
+void RegistryFileInspection::close(Declaration const& declaration) {
+    try {
+        RegistryFileLoad::close(declaration);
+    } catch (std::exception const& fault) {
+        report(fault, declaration.element, {});
+        ParameterErrors formerNames;
+        checkFormerNames(*mContents.record.specifications.back(), &formerNames);
+        for (unsigned long i = 0; i < formerNames.getNumberOfErrors(); ++i) {
+            mContents.findings.add(Finding::ERROR_SEVERITY, Rule::INVALID_REGISTRY, formerNames.getError(i),
+                                   getPlaces().of(declaration.element));
+        }
+    }
+}
+
+/// Registers something that stands for a refused declaration. When its id is taken, another one is made up, which
+/// nobody can refer to, so that there is a place for its children.
+std::optional<Declaration> RegistryFileInspection::openStandIn(XmlElement const& element, Content place) {
+    auto standIn = readStandIn(element, place);
+    if (!standIn) {
+        mContents.excuse(element);
+        return std::nullopt;
+    }
+    if (tryToOpen(*standIn)) {
+        return standIn;
+    }
+    if (standIn->children == Content::NOTHING) {
+        return std::nullopt;
+    }
+    auto const& id = mMadeUpIds.emplace_back('\1' + std::to_string(mMadeUpIds.size()) + '\1' + mFileOrigin.name());
+    Declaration const withOwnId{element, standIn->children, renamed(standIn->details, id.c_str())};
+    return tryToOpen(withOwnId) ? std::optional(withOwnId) : std::nullopt;
+}
+
+/// @return whether the declaration is open
+bool RegistryFileInspection::tryToOpen(Declaration const& declaration) {
+    auto const& parameters = mContents.record.parameters;
+    auto const count = parameters.size();
+    try {
+        getRegistrar().open(declaration);
+    } catch (std::bad_alloc const&) {
+        throw;
+    } catch (std::exception const&) {
+        return false; // it was told of the element itself
+    }
+    if (parameters.size() > count) {
+        mContents.standIns.insert(parameters.back());
+    }
+    note(declaration);
+    return true;
+}
+
+/// Notes what can be referred to, and looks at defaults.
+void RegistryFileInspection::note(Declaration const& declaration) {
+    using Kind = UnknownName::Kind;
+    if (auto const* const enumeration = std::get_if<EnumerationDeclaration>(&declaration.details)) {
+        mContents.addId(Kind::ENUMERATION, enumeration->id);
+    } else if (auto const* const group = std::get_if<GroupDeclaration>(&declaration.details)) {
+        mContents.addId(Kind::GROUP, group->id);
+    } else if (auto const* const parameter = std::get_if<ParameterDeclaration>(&declaration.details)) {
+        mContents.addId(Kind::PARAMETER, parameter->id);
+        mRemarks.remarkOnDefault(declaration.element, *mContents.record.parameters.back(), parameter->defaultValue);
+    } else if (auto const* const reference = std::get_if<ParameterReference>(&declaration.details)) {
+        auto const* const item = Manager::getInstance()->getParameterItem(reference->id, ParameterItem::PARAMETER);
+        mRemarks.remarkOnDefault(declaration.element, *asParameter(item), reference->defaultValue);
+    }
+}
+
+/// @param elementNames what an element may be called in this place
+void RegistryFileInspection::report(std::exception const& fault, XmlElement const& element,
+                                    std::vector<char const*> const& elementNames) {
+    if (dynamic_cast<std::bad_alloc const*>(&fault)) {
+        throw;
+    }
+    std::string suggestion;
+    if (auto const* const unknown = dynamic_cast<UnknownName const*>(&fault)) {
+        if (unknown->isReference() && mContents.isIncomplete) {
+            return; // it may stand in the file that cannot be read
+        }
+        suggestion = mContents.findings.wantsSuggestion() ? suggest(*unknown, elementNames) : "";
+    }
+    mContents.findings.add(Finding::ERROR_SEVERITY, Rule::INVALID_REGISTRY, fault.what() ? fault.what() : "",
+                           getPlaces().of(element), suggestion);
+}
+
+std::string RegistryFileInspection::suggest(UnknownName const& unknown, std::vector<char const*> const& elementNames) {
+    switch (unknown.getKind()) {
+    case UnknownName::Kind::ELEMENT: return closestName(unknown.getName(), elementNames);
+    case UnknownName::Kind::VALUE_TYPE: return closestName(unknown.getName(), typeWords());
+    default: break;
+    }
+    auto const meant = mContents.suggestId(unknown);
+    mContents.excused.insert(meant);
+    return meant;
+}
+
+} // namespace kivo::configuration
