@@ -1,4 +1,4 @@
-// Behind the byte of choices, the input is the values file of a tool. The file is fixed up for the specification that
+// After the byte of choices, the input is the values file of a tool. The file is fixed up for the specification that
 // is asked for first; the alternative is to ask in the other order.
 
 #include "Harness.h"

@@ -17,15 +17,16 @@ class KIVO_CONFIGURATION_API Finding {
 public:
     /// How serious a finding is.
     enum Severity {
-        ERROR_SEVERITY = 0,  ///< it makes a request fail, or the read of a value
+        ERROR_SEVERITY = 0,  ///< it makes a request fail, the read of a value, or the load of a registry file
         WARNING_SEVERITY = 1 ///< the library goes on without a word
     };
 
+    /// A finding that shows its message as it is.
+    /// @param severity   error or warning
     /// @param rule       short name of what was broken, such as "unknown-setting", copied; not null
     /// @param message    the text for users, copied; not null
     /// @param origin     where what it is about was given or declared; unknown for what is missing
-    /// @param suggestion the full name of a setting, or a label, that was probably meant, copied; null or empty:
-    /// nothing
+    /// @param suggestion the name or label that was probably meant, copied; null or empty: nothing
     /// @throws kivo::ContractViolationException "rule != 0 && strlen(rule) > 0", "message != 0"
     Finding(Severity severity, char const* rule, char const* message, Origin const& origin, char const* suggestion);
     /// The same finding.

@@ -36,7 +36,9 @@ public:
     /// @param argument index in the argument vector of the tool, whose name is argument 0; a value is where its flag is
     static Origin ofArgument(unsigned long argument);
 
+    /// The same origin.
     Origin(Origin const& other) noexcept;
+    /// Makes this the same origin.
     Origin& operator=(Origin const& other) noexcept;
     ~Origin();
 

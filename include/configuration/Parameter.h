@@ -91,10 +91,9 @@ public:
     /// @throws kivo::ContractViolationException "minimum != 0"
     /// @throws ConfigurationException "\"<name>\" is not a parameter for numbers"
     /// @throws ConfigurationParameterException "\"<minimum>\" is not a valid minimum for parameter \"<name>\"" for a
-    /// text
-    ///         that is no number of the type, with ": it is greater than the maximum \"<maximum>\"" for a number that
-    ///         is; "\"<default>\" is not a valid default value for parameter \"<name>\": it is less than the minimum
-    ///         \"<minimum>\"". Nothing is changed then.
+    ///         text that is no number of the type, with ": it is greater than the maximum \"<maximum>\"" for a number
+    ///         that is; "\"<default>\" is not a valid default value for parameter \"<name>\": it is less than the
+    ///         minimum \"<minimum>\"". Nothing is changed then.
     void setMinimum(char const* minimum);
     /// Sets or replaces the greatest number that values may have. All is as with setMinimum(), with "maximum" for
     /// "minimum", and "greater" for "less".

@@ -13,8 +13,8 @@ namespace kivo::configuration {
 ///
 /// The files are loaded as a tool's start loads them, with the validators of the installation, but into a registry of
 /// the inspection's own, and a fault does not end the load. A declaration that is refused counts as declared, so that
-/// faults which only follow from it are not told. An inspection writes no record of a load to the main log, and leaves
-/// the Manager, what it holds and whether there is one, as it was.
+/// faults which only follow from it are not reported. An inspection writes no record of a load to the main log, and
+/// leaves the Manager, what it holds and whether there is one, as it was.
 ///
 /// It may be read by any number of threads. While it is made, Manager::getInstance() gives the inspection's registry:
 /// no other thread may use the Manager meanwhile. Validators that the application itself registers are not known.
