@@ -416,7 +416,8 @@ bool InspectionPipeline::isHelpRequest(ParameterValueGroup const& group) {
     takeFaults(faults);
     if (isSet && mIsFile) {
         mFindings.add(Finding::WARNING_SEVERITY, Rule::HELP_IN_FILE,
-                      "\"help\" is set in a file: who reads it shows its help and does nothing else", origin);
+                      "\"help\" is set in a file: every tool that reads it shows its help and does nothing else",
+                      origin);
     }
     if (isSet && origin.source() == Origin::ENVIRONMENT_SOURCE) {
         mFindings.add(Finding::WARNING_SEVERITY, Rule::HELP_IN_ENVIRONMENT,

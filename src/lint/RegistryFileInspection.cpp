@@ -141,7 +141,7 @@ bool RegistryFileInspection::tryToOpen(Declaration const& declaration) {
     } catch (std::bad_alloc const&) {
         throw;
     } catch (std::exception const&) {
-        return false; // it was told of the element itself
+        return false; // reported for the element itself
     }
     if (parameters.size() > count) {
         mContents.standIns.insert(parameters.back());

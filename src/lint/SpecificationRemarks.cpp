@@ -71,7 +71,7 @@ private:
     std::map<std::string_view, Parameter const*, CaseInsensitiveLess> mDeclared;
     std::unordered_set<Parameter const*> mUsed;
     std::unordered_set<ParameterGroup const*> mUsedGroups; // whose parameters all are in mUsed
-    std::unordered_set<Parameter const*> mSigned;          // that was told
+    std::unordered_set<Parameter const*> mSigned;          // already reported
     unsigned long mItems = 0;
     ParameterGroup const* mRoot = nullptr;
     std::vector<Flag> mFlags;

@@ -13,7 +13,7 @@ class Parameter;
 class ParameterGroup;
 class ParameterItem;
 
-/// For so many faults of one run somebody looks for what was meant: a hostile file could have any number of them.
+/// At most this many faults of one run get a suggestion: a hostile file could have any number of faults.
 inline constexpr std::size_t MAX_SUGGESTIONS = 100;
 
 /// The name of a container as it stands in the full names of its settings: "retention", "mirror[2]".
