@@ -62,6 +62,7 @@ public:
 
     /// Whether both name the same place of the same source.
     friend KIVO_CONFIGURATION_API bool operator==(Origin const& a, Origin const& b) noexcept;
+    /// Whether they do not.
     friend KIVO_CONFIGURATION_API bool operator!=(Origin const& a, Origin const& b) noexcept;
 
 private:

@@ -57,6 +57,7 @@ public:
     /// Where the item was declared: FILE_SOURCE with the place of the declaring element in a registry file, or
     /// APPLICATION_SOURCE.
     Origin getDeclarationOrigin() const;
+    /// Says where the item was declared.
     KIVO_CONFIGURATION_LOCAL void setDeclarationOrigin(StoredOrigin const& origin);
 
     ParameterItem(ParameterItem const&) = delete;

@@ -106,13 +106,15 @@ public:
     /// @throws kivo::ContractViolationException "index < mValues.size()"
     void setOrigin(unsigned long index, Origin const& origin);
 
-    /// As the two above, without a conversion.
+    /// As getOrigin(), without a conversion.
     KIVO_CONFIGURATION_LOCAL StoredOrigin const& getStoredOrigin(unsigned long index) const;
+    /// As setOrigin(), without a conversion.
     KIVO_CONFIGURATION_LOCAL void setStoredOrigin(unsigned long index, StoredOrigin const& origin);
     /// Says where those entries were given that have an unknown origin.
     KIVO_CONFIGURATION_LOCAL void fillOrigins(StoredOrigin const& origin);
-    /// As addValue() and the constructor of an unbound value, with an origin.
+    /// As addValue(), with an origin.
     KIVO_CONFIGURATION_LOCAL void addValueAt(char const* value, StoredOrigin const& origin);
+    /// As the constructor of an unbound value, with an origin.
     KIVO_CONFIGURATION_LOCAL ParameterValue(char const* id, char const* value, StoredOrigin const& origin);
 
 protected:

@@ -98,9 +98,11 @@ public:
     /// Says where the group was given.
     void setOrigin(Origin const& origin);
 
-    /// As the two above, without a conversion.
+    /// As getOrigin(), without a conversion.
     KIVO_CONFIGURATION_LOCAL StoredOrigin const& getStoredOrigin() const;
+    /// As setOrigin(), without a conversion.
     KIVO_CONFIGURATION_LOCAL void setStoredOrigin(StoredOrigin const& origin);
+    /// As addValue(), with an origin.
     KIVO_CONFIGURATION_LOCAL void addValueAt(char const* parameterItemId, char const* value,
                                              StoredOrigin const& origin);
 

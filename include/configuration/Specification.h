@@ -31,6 +31,7 @@ public:
 
     /// Where it was declared: FILE_SOURCE with the place of its element in a registry file, or APPLICATION_SOURCE.
     Origin getDeclarationOrigin() const;
+    /// Says where it was declared.
     KIVO_CONFIGURATION_LOCAL void setDeclarationOrigin(StoredOrigin const& origin);
 
     /// Whether the ids are equal, ignoring letter case.
