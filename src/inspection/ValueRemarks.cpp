@@ -11,7 +11,6 @@
 #include "inspection/Masking.h"
 #include "schema/FaultCollection.h"
 #include "schema/NameSuggestion.h"
-#include "schema/NumberText.h"
 #include "values/ValueChecks.h"
 
 #include <algorithm>

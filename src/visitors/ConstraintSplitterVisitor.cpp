@@ -6,7 +6,6 @@
 #include <configuration/ParameterValue.h>
 #include <configuration/ParameterValueGroup.h>
 
-#include "values/ChildSearch.h"
 #include "values/GroupEditing.h"
 #include "values/ItemTaker.h"
 

@@ -1,6 +1,5 @@
 #include "kernel/kvProcessInit.h"
 
-#include "registry/xml/XmlMessage.h"
 #include "registry/xml/XmlModule.h"
 #include "registry/xml/xerces/ByteSource.h"
 #include "registry/xml/xerces/DocumentTeller.h"
