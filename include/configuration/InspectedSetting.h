@@ -11,7 +11,8 @@ class Parameter;
 
 /// One setting of a specification, in one section, with all that was given for it.
 ///
-/// A value: cheap to copy. It refers to the parameter, which the Manager owns, and to nothing else.
+/// A value: cheap to copy. It refers to the parameter, which the Manager owns, and to nothing else. Any number of
+/// threads may read and copy it.
 class KIVO_CONFIGURATION_API InspectedSetting {
 public:
     /// The description of the setting. Lives until Manager::reset() or Manager::shutdown().

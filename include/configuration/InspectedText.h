@@ -9,7 +9,7 @@ namespace kivo::configuration {
 
 /// One text that was given for a setting, or its default: where it comes from, and what became of it.
 ///
-/// A value: cheap to copy, and it refers to nothing that could go away.
+/// A value: cheap to copy, and it refers to nothing that could go away. Any number of threads may read and copy it.
 class KIVO_CONFIGURATION_API InspectedText {
 public:
     /// What became of a text.

@@ -9,6 +9,7 @@ namespace kivo::configuration {
 
 /// What a tool would be started with, for an Inspection: the arguments of Manager::enableConfiguration() and
 /// Manager::getValueGroup(). Every setter copies what it gets and returns this object.
+/// Not synchronized.
 class KIVO_CONFIGURATION_API InspectionInputs {
 public:
     /// When the installation's "machine.config" counts.

@@ -11,7 +11,8 @@
 /// The texts by which a tool answers "explain" and "check".
 ///
 /// In all of them, user text is shown with backslashes, line ends, tabs and other control characters escaped as in C.
-/// Each line, the last one included, ends with a line feed.
+/// Each line, the last one included, ends with a line feed. Columns are counted as terminals show UTF-8. Secret texts
+/// are shown as "****". The functions may be called by any number of threads.
 
 namespace kivo::configuration {
 
@@ -37,6 +38,7 @@ KIVO_CONFIGURATION_API std::string composeFindings(std::vector<Finding> const& f
 KIVO_CONFIGURATION_API std::vector<Finding> sortFindings(std::vector<Finding> const& findings);
 
 /// A user's text on one line: backslashes, line ends, tabs and other control characters escaped as in C ("\x1b").
+/// @throws kivo::ContractViolationException "text != 0"
 KIVO_CONFIGURATION_API std::string escapeText(char const* text);
 
 /// The exit status of a check: 1 when there is an error, or a warning and warnings are fatal; else 0.
