@@ -50,8 +50,4 @@ std::string escape(std::string_view text) {
     return escaped;
 }
 
-std::size_t widthOf(std::string_view text) {
-    return text.size() - static_cast<std::size_t>(std::ranges::count_if(text, continuesCharacter));
-}
-
 } // namespace kivo::configuration

@@ -4,6 +4,7 @@
 
 #include "inspection/EscapedText.h"
 #include "schema/ContractChecks.h"
+#include "text/ColumnText.h"
 
 #include <algorithm>
 #include <string_view>
@@ -99,14 +100,14 @@ constexpr std::size_t MAX_COLUMN_WIDTH = 120;
 std::size_t columnWidth(std::vector<ChainLine> const& lines, std::string ChainLine::*column) {
     std::size_t width = 0;
     for (auto const& line : lines) {
-        auto const own = widthOf(line.*column);
+        auto const own = columnsOf(line.*column);
         width = own <= MAX_COLUMN_WIDTH ? std::max(width, own) : width;
     }
     return width;
 }
 
 std::string padded(std::string const& text, std::size_t width) {
-    auto const own = widthOf(text);
+    auto const own = columnsOf(text);
     return text + std::string(own < width ? width - own : 0, ' ');
 }
 

@@ -6,7 +6,11 @@
 
 namespace kivo::configuration {
 
+namespace {
+
 bool continuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
+} // namespace
 
 std::size_t sizeOfCharacter(std::string_view text) {
     auto const first = static_cast<unsigned char>(text[0]);

@@ -5,9 +5,6 @@
 
 namespace kivo::configuration {
 
-/// Whether a byte continues a UTF-8 character.
-bool continuesCharacter(char byte);
-
 /// The number of bytes of the UTF-8 character that a text begins with; 1 for a byte that begins none.
 /// @param text not empty
 std::size_t sizeOfCharacter(std::string_view text);
