@@ -6,12 +6,12 @@
 #include "schema/StoredOrigin.h"
 
 #include <string>
-#include <unordered_set>
+#include <unordered_map>
 #include <vector>
 
 namespace kivo::configuration {
 
-/// The findings of an inspection, each message once for an origin.
+/// The findings of an inspection, each message once for an origin: as an error, where it is one.
 class FindingList {
 public:
     /// @param suggestion what was probably meant; empty: nothing
@@ -26,7 +26,7 @@ public:
 
 private:
     std::vector<Finding> mFindings;
-    std::unordered_set<std::string> mKnown; // origins with messages
+    std::unordered_map<std::string, std::size_t> mKnown; // positions by origins with messages
 };
 
 } // namespace kivo::configuration

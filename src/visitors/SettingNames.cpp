@@ -81,7 +81,7 @@ std::string SettingNames::suggestSetting(ParameterGroup const& section, std::str
 std::string SettingNames::suggestElement(ParameterGroup const& section, std::string const& prefix,
                                          std::string_view given) const {
     return suggest(section, prefix, given, [&](Name const& name, bool isInside) {
-        return isInside ? section.getItem(name.item->getId(), false) != nullptr : !name.isParameter;
+        return !isInside || section.getItem(name.item->getId(), false);
     });
 }
 

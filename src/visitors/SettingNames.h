@@ -41,7 +41,8 @@ public:
     /// @param prefix  what stands before the names of its settings
     /// @return the full name, or nothing
     std::string suggestSetting(ParameterGroup const& section, std::string const& prefix, std::string_view given) const;
-    /// What was meant by an element: a section or a setting in the same section, or a section elsewhere.
+    /// What was meant by an element: a section or a setting. One of the same section counts only if an element can give
+    /// it.
     std::string suggestElement(ParameterGroup const& section, std::string const& prefix, std::string_view given) const;
 
 private:
