@@ -36,6 +36,7 @@ CASES = [
     ("kivoconfig explain kivobackup --setting retention.d<tab>", "kivoconfig explain kivobackup --setting retention.days "),
     ("kivoconfig check kivobackup --config note<tab>", "kivoconfig check kivobackup --config notes.txt "),
     ("kivoconfig check kivobackup -- -compression b<tab>", "kivoconfig check kivobackup -- -compression best "),
+    ("kivoconfig check kivobackup --gnu -- --compr<tab>", "kivoconfig check kivobackup --gnu -- --compression "),
     ("kivoconfig check kivobackup -- -keyFile note<tab>", "kivoconfig check kivobackup -- -keyFile notes.txt "),
 ]
 
