@@ -27,6 +27,7 @@ CASES = [
     ("gnu --keyFile=note<tab>", "gnu --keyFile=notes.txt "),
     ("other -grade a:b<tab>", "other -grade a:b=c "),
     ("other -grade very<tab>", "other -grade very\\ good "),
+    ("other -grade \"very<tab>", "other -grade \"very good\" "),
     ("other -folder s<tab>", "other -folder subfolder/"),
     ("other -nothing<tab>", "other -nothing"),
     ("kivoconfig temp<tab>kivob<tab>", "kivoconfig template kivobackup "),
