@@ -116,7 +116,8 @@ void DeclarationRemarks::remarkOnFlag(Attribute const& attribute) {
 void DeclarationRemarks::remarkOnName(XmlElement const& element, ElementFormat const& format) {
     auto const* const id = attributeOf(element, "id");
     auto const* const name = attributeOf(element, "name");
-    if (id && name && std::string_view(id) != name) {
+    bool const areGiven = id && *id != '\0' && name && *name != '\0'; // else it is refused
+    if (areGiven && std::string_view(id) != name) {
         add(Rule::DIFFERENT_NAME,
             "the id " + quoted(id) + " and the name " + quoted(name) +
                 " differ: values files use the id, abbreviated flags and messages the name",

@@ -41,7 +41,7 @@ public:
     char const* getRequired(char const* name) const {
         auto const* const text = getOptional(name);
         if (mIsStandIn) {
-            return text && *text != '\0' ? text : STAND_IN;
+            return findStandIn(name);
         }
         if (!text) {
             throw ConfigurationException("Expected attribute \"%s\" was not found", name);
@@ -75,6 +75,17 @@ public:
     }
 
 private:
+    /// An id and a name are usually the same, so each stands for the other one.
+    char const* findStandIn(std::string_view name) const {
+        auto const other = name == "id" ? "name" : name == "name" ? "id" : name;
+        for (auto const& attribute : {name, other}) {
+            if (auto const* const text = getOptional(attribute); text && *text != '\0') {
+                return text;
+            }
+        }
+        return STAND_IN;
+    }
+
     std::span<XmlAttribute const> mAttributes;
     bool mIsStandIn;
 };

@@ -27,6 +27,7 @@ CASES = [
     ("gnu --keyFile=note<tab>", "gnu --keyFile=notes.txt "),
     ("other -grade a:b<tab>", "other -grade a:b=c "),
     ("other -grade very<tab>", "other -grade very\\ good "),
+    ("other -grade \"very<tab>", "other -grade \"very good\" "),
     ("other -folder s<tab>", "other -folder subfolder/"),
     ("other -nothing<tab>", "other -nothing"),
     ("kivoconfig temp<tab>kivob<tab>", "kivoconfig template kivobackup "),
@@ -36,6 +37,7 @@ CASES = [
     ("kivoconfig explain kivobackup --setting retention.d<tab>", "kivoconfig explain kivobackup --setting retention.days "),
     ("kivoconfig check kivobackup --config note<tab>", "kivoconfig check kivobackup --config notes.txt "),
     ("kivoconfig check kivobackup -- -compression b<tab>", "kivoconfig check kivobackup -- -compression best "),
+    ("kivoconfig check kivobackup --gnu -- --compr<tab>", "kivoconfig check kivobackup --gnu -- --compression "),
     ("kivoconfig check kivobackup -- -keyFile note<tab>", "kivoconfig check kivobackup -- -keyFile notes.txt "),
 ]
 

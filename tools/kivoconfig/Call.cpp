@@ -84,14 +84,18 @@ ExitStatus answer(std::vector<std::string> words, Call& call) {
     if (words.empty()) {
         throw CallFault("a command is required; see kivoconfig --help");
     }
-    if (!words[0].starts_with('-') && !findCommand(words[0])) {
+    auto const* const asked = findCommand(words[0]);
+    if (!asked && !words[0].starts_with('-')) {
         throwUnknownCommand(words[0]);
+    }
+    if (asked && call.hasArguments && !asked->takesArguments) {
+        throw CallFault("\"" + words[0] + "\" takes no arguments of a tool: \"--\" is not expected");
     }
     Work work;
     for (auto const& command : allCommands()) {
         auto* const added = options.add_subcommand(command.name, command.summary);
         added->group("Commands")->footer("");
-        if (words[0] == command.name) {
+        if (asked == &command) {
             work = command.prepare(*added, call);
         }
     }

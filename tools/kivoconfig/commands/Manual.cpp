@@ -1,6 +1,7 @@
 // Writes a manual page about the settings of a specification.
 
 #include "Commands.h"
+#include "Faults.h"
 #include "Installation.h"
 #include "settings/SettingTexts.h"
 #include "text/Characters.h"
@@ -24,12 +25,25 @@ namespace kivoconfig {
 
 namespace {
 
-/// The day of the page: today, or what a build that has to give the same page again says.
-std::string dateOfPage() {
-    std::time_t time = std::time(nullptr);
-    if (char const* const epoch = std::getenv("SOURCE_DATE_EPOCH")) {
-        std::from_chars(epoch, epoch + std::string_view(epoch).size(), time);
+constexpr std::time_t LATEST = 253402300799; // the last second of the year 9999
+
+/// Now, or what a build that has to give the same page again says.
+std::time_t timeOfPage() {
+    char const* const epoch = std::getenv("SOURCE_DATE_EPOCH");
+    if (!epoch) {
+        return std::time(nullptr);
     }
+    std::string_view const text = epoch;
+    std::time_t time = 0;
+    auto const [end, fault] = std::from_chars(text.begin(), text.end(), time);
+    if (fault != std::errc() || end != text.end() || time < 0 || time > LATEST) {
+        throw CallFault("SOURCE_DATE_EPOCH: \"" + std::string(text) + "\" is no number of seconds since 1970");
+    }
+    return time;
+}
+
+std::string dateOfPage() {
+    auto const time = timeOfPage();
     std::tm day{};
     char month[16] = "";
     if (gmtime_r(&time, &day)) {

@@ -1,7 +1,7 @@
 # Lets bash complete the command line of kivoconfig.
 
 _kivoconfig() {
-    local typed=${COMP_WORDS[COMP_CWORD]} command=${COMP_WORDS[1]} words i
+    local typed=${COMP_WORDS[COMP_CWORD]} command=${COMP_WORDS[1]} style=() words i
     if ((COMP_CWORD == 1)); then
         words="$(kivoconfig --help | sed -n '/^Commands:/,/^$/s/^  \([a-z]*\).*/\1/p')"$'\n--help\n--version'
     elif [[ $command == lint && $typed != -* ]]; then
@@ -13,9 +13,11 @@ _kivoconfig() {
     else
         for ((i = 2; i < COMP_CWORD; i++)); do
             [[ ${COMP_WORDS[i]} != -- ]] || break
+            [[ ${COMP_WORDS[i]} != --gnu ]] || style=(--gnu)
         done
         if ((i < COMP_CWORD)); then # the arguments of the tool in question
-            words="$(kivoconfig complete "${COMP_WORDS[2]}" -- "${COMP_WORDS[@]:i+1:COMP_CWORD-i}" 2>/dev/null | cut -f 1)"
+            words="$(kivoconfig complete "${COMP_WORDS[2]}" "${style[@]}" -- "${COMP_WORDS[@]:i+1:COMP_CWORD-i}" 2>/dev/null |
+                cut -f 1)"
         elif [[ ${COMP_WORDS[COMP_CWORD - 1]} == --setting ]]; then
             words="$(kivoconfig explain "${COMP_WORDS[2]}" --no-machine 2>/dev/null | sed '/^ /d; / \[/d; s/ = .*//')"
         elif [[ ${COMP_WORDS[COMP_CWORD - 1]} == --config ]]; then

@@ -7,7 +7,7 @@ _kivoconfig() {
     if ((CURRENT == 2)); then
         compadd -- ${(f)"$(kivoconfig --help | sed -n '/^Commands:/,/^$/s/^  \([a-z]*\).*/\1/p')"} --help --version
     elif ((separator < CURRENT)); then # the arguments of the tool in question
-        compadd -- ${(f)"$(kivoconfig complete $words[3] -- ${(Q)words[separator+1,CURRENT]} 2>/dev/null | cut -f 1)"} ||
+        compadd -- ${(f)"$(kivoconfig complete $words[3] ${(M)words[1,separator]:#--gnu} -- ${(Q)words[separator+1,CURRENT]} 2>/dev/null | cut -f 1)"} ||
             _files
     elif [[ $words[CURRENT-1] == --setting ]]; then
         compadd -- ${(f)"$(kivoconfig explain $words[3] --no-machine 2>/dev/null | sed '/^ /d; / \[/d; s/ = .*//')"}

@@ -17,8 +17,15 @@
         fi
     done
 
+    # After an open quote, candidates stand as they are: bash keeps the quote, and adds the other one.
+    local typed=${words[-1]} quote=
+    if [[ $typed == [\"\']* ]]; then
+        quote=${typed:0:1}
+        words[-1]=${typed:1}
+    fi
+
     # Of the word that is typed, bash replaces only what follows the last split.
-    local typed=${words[-1]} kept=${words[-1]} candidate joined=
+    local kept=$typed candidate joined=
     [[ $rest != *[!=:]* ]] || kept=${typed%"$rest"}
     COMPREPLY=()
     while IFS= read -r candidate; do
@@ -34,7 +41,12 @@
             done < <(compgen "$i" -- "${typed#"$joined"}")
             ;;
         *)
-            printf -v candidate %q "${candidate%%$'\t'*}"
+            candidate=${candidate%%$'\t'*}
+            if [[ ! $quote ]]; then
+                printf -v candidate %q "$candidate"
+            elif [[ $candidate == *[\"\'\$\`\\!]* ]]; then
+                continue # it would not stay what it is
+            fi
             COMPREPLY+=("${candidate#"$kept"}")
             ;;
         esac
