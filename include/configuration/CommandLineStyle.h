@@ -10,8 +10,7 @@ enum CommandLineStyle {
     /// dropped, and the settings of sections cannot be given. The default.
     PLAIN_COMMAND_LINE = 0,
     /// "--name value", "--name=value", "--section.name=value", "--no-name", with one dash or two. Arguments are taken
-    /// as
-    /// they are. "-h" and "--help" ask for help.
+    /// as they are. "-h" and "--help" ask for help.
     GNU_COMMAND_LINE = 1
 };
 
