@@ -15,7 +15,7 @@ struct EnvironmentVariables;
 /// With the prefix "KIVORESTORE", the setting "streams" has the variable "KIVORESTORE_STREAMS", and the setting
 /// "directory" of the section "staging" has "KIVORESTORE_STAGING__DIRECTORY": ids are in upper case, and every
 /// character but the letters A to Z and the digits is an underscore. Names of variables are compared as they are,
-/// letter case included. Hidden settings have variables, too.
+/// letter case included. Hidden settings have variables, too, and so have the former names of settings.
 ///
 /// A variable gives one text, also for a setting that takes several. An empty variable counts as one that is not set. A
 /// setting of a section that repeats cannot be given. Variables with the prefix that belong to no setting are ignored;
@@ -30,8 +30,8 @@ public:
     char const* getName() const override;
     /// As ValueProvider.
     /// @throws ConfigurationException "Settings \"<name>\" and \"<name>\" have the same environment variable
-    ///         \"<variable>\"": two ids of the specification differ only in characters that become underscores. It is
-    ///         thrown whether or not the variable is set
+    ///         \"<variable>\"": two ids or former names of the specification differ only in characters that become
+    ///         underscores. It is thrown whether or not the variable is set
     /// @throws ConfigurationParameterException "\"<name>\" cannot be given in the environment: \"<section>\" may be
     ///         repeated"
     bool getValues(Specification const* specification, ParameterValueGroup& result, int flags) override;

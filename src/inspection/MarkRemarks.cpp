@@ -45,14 +45,14 @@ std::string composeExposure(StoredOrigin const& origin, ReadableFiles& readableF
 
 void FormerNameRemarks::hear(SettingRemark const& remark) {
     if (remark.rule == Rule::FORMER_NAME) {
-        mHeard.push_back({remark.parameter, remark.message, remark.origin});
+        mHeard.push_back({remark.parameter, remark.message, remark.origin, remark.section});
     }
 }
 
 void FormerNameRemarks::report(InspectionPipeline& pipeline) {
-    for (auto const& [parameter, message, origin] : std::exchange(mHeard, {})) {
+    for (auto const& [parameter, message, origin, section] : std::exchange(mHeard, {})) {
         auto const* const item = pipeline.findItem(origin);
-        auto const prefix = item && item->section ? item->section->getPrefix() : std::string();
+        auto const& prefix = item && item->section ? item->section->getPrefix() : section;
         pipeline.getFindings().add(Finding::WARNING_SEVERITY, Rule::FORMER_NAME, message, origin,
                                    prefix + parameter.getId());
     }

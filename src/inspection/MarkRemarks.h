@@ -24,6 +24,7 @@ private:
         Parameter const& parameter;
         std::string message;
         StoredOrigin origin;
+        std::string section;
     };
     std::vector<Heard> mHeard;
 };

@@ -79,15 +79,28 @@ void EnvironmentNames::visitGroupEnd(ParameterGroup const& group) {
 bool EnvironmentNames::visitParameter(Parameter const& parameter) {
     auto const section = mOpenSections.back();
     if (mSections[section].ids.insert(parameter.getId()).second) {
-        mNames.push_back({&parameter, section, mSections[section].beginning + toVariable(parameter.getId())});
+        addName(parameter, false);
+        if (parameter.getFormerName()) {
+            addName(parameter, true);
+        }
     }
     return true;
+}
+
+void EnvironmentNames::addName(Parameter const& parameter, bool isFormer) {
+    auto& name = mNames.emplace_back(Name{&parameter, mOpenSections.back(), isFormer, {}});
+    name.variable = mSections[name.section].beginning + toVariable(idOf(name));
+}
+
+char const* EnvironmentNames::idOf(Name const& name) {
+    return name.isFormer ? name.parameter->getFormerName() : name.parameter->getId();
 }
 
 void EnvironmentNames::addPositions() {
     for (std::size_t i = 0; i < mNames.size(); ++i) {
         auto const [known, isNew] = mPositions.emplace(mNames[i].variable, i);
-        if (!isNew) {
+        bool const isOfBoth = mNames[i].isFormer && known->second + 1 == i; // it changed in other characters only
+        if (!isNew && !isOfBoth) {
             throw ConfigurationException(R"(Settings "%s" and "%s" have the same environment variable "%s")",
                                          fullNameOf(mNames[known->second]).c_str(), fullNameOf(mNames[i]).c_str(),
                                          mNames[i].variable.c_str());
@@ -105,7 +118,7 @@ std::string EnvironmentNames::pathOf(std::size_t section) const {
 
 std::string EnvironmentNames::fullNameOf(Name const& name) const {
     auto const path = pathOf(name.section);
-    return path + (path.empty() ? "" : ".") + name.parameter->getId();
+    return path + (path.empty() ? "" : ".") + idOf(name);
 }
 
 std::unique_ptr<ParameterValueGroup> EnvironmentNames::assign(std::vector<EnvironmentVariable> const& variables,
@@ -140,7 +153,7 @@ std::unique_ptr<ParameterValueGroup> EnvironmentNames::assign(std::vector<Enviro
             section = missing.back();
             groups.emplace(section, added);
         }
-        groups[section]->addValueAt(name.parameter->getId(), variable->text.c_str(), origin);
+        groups[section]->addValueAt(idOf(name), variable->text.c_str(), origin);
     }
     return root;
 }
@@ -148,7 +161,7 @@ std::unique_ptr<ParameterValueGroup> EnvironmentNames::assign(std::vector<Enviro
 char const* EnvironmentNames::suggest(std::string_view variable) const {
     ClosestName closest(variable);
     for (auto const& name : mNames) {
-        if (!name.parameter->isHidden() && !mSections[name.section].isRepeated) {
+        if (!name.isFormer && !name.parameter->isHidden() && !mSections[name.section].isRepeated) {
             closest.offer(name.variable.c_str());
         }
     }

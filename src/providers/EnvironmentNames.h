@@ -21,7 +21,7 @@ struct EnvironmentVariable;
 
 /// The environment variables of a specification's settings. A name is made of the prefix, the sections and the id, in
 /// upper case, every character but letters and digits as an underscore, with an underscore after the prefix and two
-/// after each section.
+/// after each section. A setting that was renamed has a variable for its former name, too.
 class EnvironmentNames final : private ParameterVisitor {
 public:
     /// @param root group of the specification; outlives this object
@@ -57,13 +57,16 @@ private:
     struct Name {
         Parameter const* parameter;
         std::size_t section;
+        bool isFormer; ///< what the setting was called before
         std::string variable;
     };
 
     bool visitGroupStart(ParameterGroup const& group) override;
     void visitGroupEnd(ParameterGroup const& group) override;
     bool visitParameter(Parameter const& parameter) override;
+    void addName(Parameter const& parameter, bool isFormer);
     void addPositions();
+    static char const* idOf(Name const& name);
     std::string fullNameOf(Name const& name) const;
     std::string pathOf(std::size_t section) const;
 

@@ -19,6 +19,7 @@
 #include "values/ChildSearch.h"
 #include "values/GroupEditing.h"
 #include "values/ValueItemUtil.h"
+#include "visitors/SettingRemarks.h"
 
 #include <algorithm>
 #include <map>
@@ -223,7 +224,7 @@ private:
         }
     }
 
-    /// Binds values here, because a search by id may find a setting of another section.
+    /// Binds values here, because a search by id, or by a former name, may find a setting of another section.
     void addSetting(GnuFlags::Name const& name, char const* text, StoredOrigin const& origin) {
         auto const& flags = mReader.getFlags();
         auto const& section = flags.sectionOf(name);
@@ -233,8 +234,13 @@ private:
             return;
         }
         auto const& parameter = flags.parameterOf(name);
+        if (name.isFormer) {
+            auto remark = makeFormerNameRemark(parameter, parameter.getFormerName(), origin);
+            remark.section = section.prefix;
+            RemarkListener::tell(remark);
+        }
         auto& group = enter(section, origin);
-        group.addValueAt(name.isFormer ? parameter.getFormerName() : parameter.getId(), text, origin);
+        group.addValueAt(parameter.getId(), text, origin);
         auto* const value = findChildValue(group, parameter.getId());
         if (value && value->getItemState() != ParameterValueItem::ASSIGNED) {
             ValueItemUtil().assignParameterItem(*value, &parameter);

@@ -98,11 +98,16 @@ void GnuFlags::addNames(Setting const& setting) {
         }
     }
     if (char const* const former = parameter.getFormerName()) {
+        auto const firstFormer = mNames.size();
         addName(section.prefix, former, rank + 1, false);
-        mNames.back().isFormer = true;
+        if (section.prefixByNames != section.prefix) {
+            addName(section.prefixByNames, former, rank + 1, false);
+        }
         if (section.depth > 0) {
             addName("", former, WITHOUT_SECTIONS + 1, false);
-            mNames.back().isFormer = true;
+        }
+        for (auto i = firstFormer; i < mNames.size(); ++i) {
+            mNames[i].isFormer = true;
         }
     }
 }

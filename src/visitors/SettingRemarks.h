@@ -17,6 +17,7 @@ struct SettingRemark {
     Parameter const& parameter;
     std::string message; ///< without the text, which may be secret
     StoredOrigin const& origin;
+    std::string section = {}; ///< before the setting's id in its full name, where whoever remarks knows it
 };
 
 /// A setting that is given by the name that it had before. @param given as it is written

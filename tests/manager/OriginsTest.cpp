@@ -171,6 +171,7 @@ private:
         }
         std::vector<char const*> arguments;
         std::ranges::transform(words, std::back_inserter(arguments), [](auto& word) { return word.c_str(); });
+        manager().setCommandLineStyle(row["style"] == "gnu" ? GNU_COMMAND_LINE : PLAIN_COMMAND_LINE);
         manager().enableConfiguration(!row["machine.config"].empty(),
                                       row["file"].empty() ? nullptr : row["file"].c_str(),
                                       static_cast<unsigned int>(arguments.size()), arguments.data());
