@@ -322,7 +322,7 @@ void InspectionPipeline::take(ParameterErrors const& faults, Finding::Severity s
         if (isSaidAgain) {
             continue; // a request shows only what binding throws
         }
-        if (origin.identity()) {
+        if (origin.identity() && rule != Rule::EXCLUSIVE_SETTINGS) { // a choice is at fault there, not a text
             faulty.push_back(origin.identity());
         }
         auto const* item = findItem(origin);
