@@ -108,7 +108,9 @@ void checkRequest(ToolSpecification const& specifications, GnuArguments const& a
         manager.getValues(&specifications.tool, values, flags);
         isRefused = false;
     });
-    require(!isRefused || inspection.getNumberOfFindings(Finding::ERROR_SEVERITY) > 0);
+    // An inspection of inputs cannot know whether the tool has a version: to it, the flag is no fault.
+    bool const isFaultOfBoth = isRefused && manager.getVersionText();
+    require(!isFaultOfBoth || inspection.getNumberOfFindings(Finding::ERROR_SEVERITY) > 0);
     if (manager.getNumberOfProviders() > 0) {
         collectAndRead(manager, specifications.tool, flags);
         collectAndRead(manager, specifications.part, flags);

@@ -21,9 +21,9 @@ constexpr char const* REGISTRY = R"(<?xml version="1.0"?>
     </Enumerations>
     <Parameters>
         <Parameter id="flag" name="flag" description="d" type="bool"/>
-        <Parameter id="text" name="text" description="d" type="string" default=""/>
+        <Parameter id="text" name="text" description="d" type="string" default="" formerly="words"/>
         <Parameter id="int" name="integer" description="d" type="int"/>
-        <Parameter id="uint" name="unsigned" description="d" type="uint" default="7"/>
+        <Parameter id="uint" name="unsigned" description="d" type="uint" default="7" formerly="natural"/>
         <Parameter id="long" name="long" description="d" type="long" default="7"/>
         <Parameter id="ulong" name="ulong" description="d" type="ulong" default="7"/>
         <Parameter id="size" name="size" description="d" type="size" default="1.5k" min="1" max="1T"/>
@@ -33,9 +33,10 @@ constexpr char const* REGISTRY = R"(<?xml version="1.0"?>
         <Parameter id="oid" name="oid" description="d" type="oid" default="#1-2-3-4"/>
         <Parameter id="level" name="level" description="d" type="enum" enumType="levels" default="low"/>
         <Parameter id="place" name="place" description="d" type="string" default="/" validator="storageLocation"/>
-        <Parameter id="left" name="left" description="d" type="int"/>
+        <Parameter id="left" name="left" description="d" type="int" deprecated="go right"/>
         <Parameter id="right" name="right" description="d" type="int"/>
-        <Parameter id="secret" name="secret" description="d" type="string" default="s"/>
+        <Parameter id="secret" name="secret" description="d" type="string" default="s"
+                   sensitive="true" formerly="hidden"/>
         <Parameter id="help" name="help" description="d" type="bool"/>
         <Parameter id="quiet" name="quiet" description="d" type="bool"/>
         <Parameter id="notitle" name="notitle" description="d" type="bool"/>
