@@ -8,6 +8,7 @@
 #include "lint/XmlNames.h"
 #include "registry/DeclarationPlaces.h"
 #include "registry/DeclarationReader.h"
+#include "values/ValueChecks.h"
 
 #include <algorithm>
 
@@ -150,10 +151,11 @@ void DeclarationRemarks::remarkOnDefault(XmlElement const& element, Parameter co
         symbols.push_back(labels->getSymbol(i));
     }
     if (std::ranges::find(symbols, std::string_view(text)) == symbols.end()) {
+        bool const isSecret = parameter.isSensitive();
         add(Rule::UNKNOWN_LABEL,
-            "the default " + quoted(text) + " is no label of the enumeration " + quoted(labels->getName()) +
-                ": reading it fails",
-            mPlaces.of(element, text), suggest(text, symbols));
+            "the default " + quoted(isSecret ? SECRET_MASK : text) + " is no label of the enumeration " +
+                quoted(labels->getName()) + ": reading it fails",
+            mPlaces.of(element, text), isSecret ? "" : suggest(text, symbols));
     }
 }
 
