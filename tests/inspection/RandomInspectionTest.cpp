@@ -18,7 +18,9 @@
 #include <configuration/ValueProvider.h>
 
 #include <algorithm>
+#include <cctype>
 #include <iostream>
+#include <list>
 #include <map>
 #include <random>
 #include <set>
@@ -231,6 +233,24 @@ private:
         give(values, *mRoot, mFaults, true);
         return mInstallation.write(name, oneIn(400) ? "<tool" : toXml(values));
     }
+    /// Sets a part of the variables of a group's settings.
+    void makeEnvironment(ParameterGroup const& group, std::string const& beginning) {
+        for (unsigned long i = 0; i < group.getNumberOfItems(); ++i) {
+            auto* const item = group.getItem(i);
+            auto const* inner = dynamic_cast<ParameterGroup const*>(item);
+            if (auto const* parameter = dynamic_cast<Parameter const*>(item); parameter && oneIn(4)) {
+                mEnvironment.emplace_back(beginning + upperCase(idOf(*parameter)), text(parameter));
+            } else if (inner && inner->getGroupType() == ParameterGroup::CONSTRAINT) {
+                makeEnvironment(*inner, beginning);
+            } else if (inner && (!inner->isUnbounded() || oneIn(mFaults))) {
+                makeEnvironment(*inner, beginning + upperCase(inner->getId()) + "__");
+            }
+        }
+    }
+    static std::string upperCase(std::string text) {
+        std::ranges::transform(text, text.begin(), [](char each) { return static_cast<char>(std::toupper(each)); });
+        return text;
+    }
     void makeTree(ParameterValueGroup& top) { give(child(top, "tool"), *mRoot, mFaults, false); }
 
     std::vector<std::string> makeArguments(CommandLineStyle style) {
@@ -271,6 +291,7 @@ private:
     std::vector<Parameter*> mParameters;
     unsigned long mCount = 0;
     unsigned mFaults = 4;
+    std::list<ScopedEnvironment> mEnvironment;
 };
 
 /// What a request throws must be among the findings.
@@ -353,6 +374,8 @@ void RandomCase::check() {
     auto const file = oneIn(2) ? makeFile("application.xml") : std::string();
     bool const hasMachineConfig = oneIn(2);
     makeFile("config/machine.config");
+    char const* const prefix = oneIn(2) ? "KIVOTEST" : nullptr;
+    makeEnvironment(*mRoot, "KIVOTEST_");
     auto const flags = static_cast<int>(below(4));
     bool const required = oneIn(2);
 
@@ -361,11 +384,15 @@ void RandomCase::check() {
                                                            .setArguments(argc, argv.data())
                                                            .setApplicationFile(file.c_str())
                                                            .setMachineConfig(hasMachineConfig)
+                                                           .setEnvironment(prefix)
                                                            .setFlags(flags)
                                                            .setRequired(required));
     manager.setCommandLineStyle(style);
     try {
         manager.enableConfiguration(hasMachineConfig, file.c_str(), argc, argv.data());
+        if (prefix) {
+            manager.enableEnvironment(prefix);
+        }
     } catch (std::exception const& thrown) {
         expectMessages(inspection, thrown);
         return;
