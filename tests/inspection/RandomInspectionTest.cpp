@@ -271,8 +271,9 @@ private:
             }
         }
         for (auto n = below(3); n > 0; --n) {
-            arguments.emplace_back("-loadConfiguration");
-            arguments.push_back(oneIn(40) ? "nowhere.xml" : makeFile("named" + std::to_string(n) + ".xml"));
+            auto const file = oneIn(40) ? "nowhere.xml" : makeFile("named" + std::to_string(n) + ".xml");
+            auto const place = arguments.begin() + static_cast<std::ptrdiff_t>(1 + below(arguments.size()));
+            arguments.insert(place, {"-loadConfiguration", file});
         }
         return arguments;
     }
