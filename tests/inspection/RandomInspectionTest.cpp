@@ -1,6 +1,7 @@
 // An inspection says what a request does, for any schema and any sources.
 
 #include "support/ManagerTest.h"
+#include "support/Seeds.h"
 
 #include <configuration/ConfigurationParameterException.h>
 #include <configuration/Flags.h>
@@ -241,7 +242,7 @@ private:
             auto* const item = group.getItem(i);
             auto const* inner = dynamic_cast<ParameterGroup const*>(item);
             if (auto const* parameter = dynamic_cast<Parameter const*>(item); parameter && oneIn(4)) {
-                mEnvironment.emplace_back(beginning + upperCase(idOf(*parameter)), text(parameter));
+                mEnvironment.emplace_front(beginning + upperCase(idOf(*parameter)), text(parameter));
             } else if (inner && inner->getGroupType() == ParameterGroup::CONSTRAINT) {
                 makeEnvironment(*inner, beginning);
             } else if (inner && (!inner->isUnbounded() || oneIn(mFaults))) {
@@ -297,7 +298,7 @@ private:
     unsigned long mCount = 0;
     unsigned mFaults = 4;
     std::vector<std::string> mArguments;
-    std::list<ScopedEnvironment> mEnvironment;
+    std::list<ScopedEnvironment> mEnvironment; ///< the last one first, which is how they are undone
 };
 
 /// What a request throws must be among the findings.
@@ -359,7 +360,11 @@ bool RandomCase::isAt(Origin const& origin, ParameterValue const& value, char co
     }
     case Origin::COMMAND_LINE_SOURCE: {
         auto const flag = mArguments.at(origin.getArgument());
-        auto const next = origin.getArgument() + 1 < mArguments.size() ? mArguments[origin.getArgument() + 1] : "-";
+        auto place = origin.getArgument() + 1;
+        while (place < mArguments.size() && mArguments[place] == "-loadConfiguration") {
+            place += 2; // a file is taken out before flags get their values
+        }
+        auto const next = place < mArguments.size() ? mArguments[place] : "-";
         auto const word = flag.substr(flag.find_first_not_of('-'), flag.find('=') - flag.find_first_not_of('-'));
         bool const isNegated = given == "false" && word.starts_with("no-");
         bool const isSwitch = !text || given == "1"; // as which a flag without a value is read
@@ -372,7 +377,10 @@ bool RandomCase::isAt(Origin const& origin, ParameterValue const& value, char co
         return std::getenv(origin.getName()) == given && isGiven([&](auto const& name) {
                    return std::string(origin.getName()).ends_with('_' + upperCase(name));
                });
-    case Origin::DEFAULT_SOURCE: return value.isUsingDefaultValue();
+    case Origin::DEFAULT_SOURCE: {
+        auto const* const standard = value.getParameter()->getDefaultValue();
+        return standard ? standard->getValue(0, true) == given : given == "0";
+    }
     default: return origin.isKnown();
     }
 }
@@ -485,16 +493,7 @@ void RandomCase::check() {
 using RandomInspectionTest = ManagerTest;
 
 TEST_F(RandomInspectionTest, SaysWhatARequestDoes) {
-    auto const number = [](char const* name, unsigned long otherwise) {
-        char const* const text = std::getenv(name);
-        return text ? std::stoul(text) : otherwise;
-    };
-    auto const first = number("KIVO_FIRST_SEED", 1);
-    auto const count = number("KIVO_CASES", 800);
-    for (auto seed = first; seed < first + count && !HasFailure(); ++seed) {
-        SCOPED_TRACE("seed " + std::to_string(seed));
-        RandomCase(seed, installation).check();
-    }
+    forEachSeed(800, [&](unsigned long seed) { RandomCase(seed, installation).check(); });
 }
 
 } // namespace
