@@ -9,6 +9,7 @@
 
 namespace kivo::configuration {
 
+struct ArgumentTexts;
 struct GnuArguments;
 
 /// The values on a program's command line.
@@ -74,8 +75,10 @@ public:
     /// For a tool's arguments of which some are left out: the index that each of those that the next call of
     /// setArguments() gets had among all of them.
     KIVO_CONFIGURATION_LOCAL void setOriginalIndexes(std::vector<unsigned long> indexes);
-    /// The values that the arguments give, named by flags as typed.
+    /// The values that the arguments give, named by flags as typed; nothing in GNU style.
     KIVO_CONFIGURATION_LOCAL ParameterValueGroup const& getArguments() const;
+    /// The arguments of these values.
+    KIVO_CONFIGURATION_LOCAL ArgumentTexts const& getTexts() const;
     /// The arguments, if they are in GNU style; null if they are not.
     KIVO_CONFIGURATION_LOCAL GnuArguments const* getGnuArguments() const;
 

@@ -52,8 +52,8 @@ public:
     unsigned long getNumberOfFindings(Finding::Severity severity) const noexcept;
 
     /// The settings that a user means by a name: the one with this full name; or, when there is none, those whose last
-    /// part it is. Hidden settings that were not given are found, too, but do not make a last part ambiguous. Letter
-    /// case is ignored.
+    /// part it is; or, when there is none of these either, those that had this name before. Hidden settings that were
+    /// not given are found, too, but do not make a name ambiguous. Letter case is ignored.
     /// @param name not null
     std::vector<InspectedSetting> findSettings(char const* name) const;
     /// The full name of the setting that was probably meant by a name that findSettings() does not know; empty when

@@ -5,17 +5,17 @@
 #include <configuration/Flags.h>
 #include <configuration/ParameterGroup.h>
 #include <configuration/ParameterValue.h>
-#include <configuration/ParameterValueVisitor.h>
 #include <configuration/Specification.h>
 #include <configuration/ValueProvider.h>
 
+#include "inspection/LaterOccurrences.h"
 #include "inspection/Masking.h"
+#include "inspection/SeparateOrigins.h"
 #include "providers/CommandLineArguments.h"
 #include "providers/EnvironmentNames.h"
 #include "providers/EnvironmentVariables.h"
 #include "providers/GnuArguments.h"
 #include "providers/HelpRequest.h"
-#include "providers/ProviderOrigins.h"
 #include "schema/FaultCollection.h"
 #include "schema/NameSuggestion.h"
 #include "values/ChildSearch.h"
@@ -36,151 +36,14 @@ bool isMissingItem(Rule rule) {
 
 } // namespace
 
-/// Gives every text and every group an origin that no other one shares.
-class InspectionPipeline::OriginSeparator final : public ParameterValueVisitor {
-public:
-    OriginSeparator() : ParameterValueVisitor(false) {}
-
-    bool visitGroupStart(ParameterValueGroup& group) override {
-        group.setStoredOrigin(group.getStoredOrigin().unshared());
-        return true;
-    }
-    bool visitParameterValue(ParameterValue& value) override {
-        for (unsigned long i = 0; i < value.getNumberOfValues(); ++i) {
-            value.setStoredOrigin(i, value.getStoredOrigin(i).unshared());
-        }
-        return true;
-    }
-};
-
-/// Notes what a source gives, once its values are bound.
-class InspectionPipeline::ItemNoter final : public ParameterValueVisitor {
-public:
-    explicit ItemNoter(InspectionPipeline& pipeline) : ParameterValueVisitor(false), mPipeline(pipeline) {}
-
-    bool visitGroupStart(ParameterValueGroup& group) override {
-        auto* const around = mGroups.empty() ? nullptr : mGroups.back().section;
-        auto* const section = enter(group.getParameterGroup(), around);
-        char const* id = group.getParameterItemId();
-        auto const position = id ? add(id, group.getStoredOrigin(), section) : GivenItem::NONE;
-        if (around && !section && group.getNumberOfItems() == 0 && id && !around->getGroup().getItem(id, false)) {
-            mPipeline.noteUnknownElement(mPipeline.mItems[position]);
-        }
-        mGroups.push_back({position, section});
-        return true;
-    }
-    void visitGroupEnd(ParameterValueGroup&) override { mGroups.pop_back(); }
-
-    bool visitParameterValue(ParameterValue& value) override {
-        char const* id = value.getParameterItemId();
-        for (unsigned long i = 0; i < value.getNumberOfValues(); ++i) {
-            auto* const section = mGroups.empty() ? nullptr : mGroups.back().section;
-            auto& item = mPipeline.mItems[add(id ? id : "", value.getStoredOrigin(i), section)];
-            char const* text = value.getValue(i, false);
-            item.text = text ? std::optional<std::string>(text) : std::nullopt;
-            item.isPresent = value.getValue(i, true) != nullptr;
-            item.parameter = value.getParameter();
-        }
-        return true;
-    }
-
-private:
-    struct OpenGroup {
-        std::size_t position;
-        Section* section;
-    };
-
-    Section* enter(ParameterGroup const* schemaGroup, Section* around) {
-        if (schemaGroup == mPipeline.mRoot && schemaGroup) {
-            return &mPipeline.enterRoot();
-        }
-        if (!schemaGroup || !around) {
-            return nullptr;
-        }
-        return schemaGroup->getGroupType() == ParameterGroup::CONTAINER ? &around->enter(*schemaGroup) : around;
-    }
-
-    std::size_t add(char const* id, StoredOrigin const& origin, Section* section) {
-        auto const position = mPipeline.mItems.size();
-        auto& item = mPipeline.mItems.emplace_back();
-        item.id = id;
-        item.holder = mGroups.empty() ? GivenItem::NONE : mGroups.back().position;
-        item.origin = origin;
-        item.section = section;
-        item.source = mPipeline.mSource;
-        mPipeline.mPositions.emplace(origin.identity(), position);
-        return position;
-    }
-
-    InspectionPipeline& mPipeline;
-    std::vector<OpenGroup> mGroups;
-};
-
-/// Notes which texts of a source are still there when its values were merged among themselves.
-class InspectionPipeline::SurvivorNoter final : public ParameterValueVisitor {
-public:
-    explicit SurvivorNoter(InspectionPipeline& pipeline) : ParameterValueVisitor(false), mPipeline(pipeline) {}
-
-    bool visitParameterValue(ParameterValue& value) override {
-        for (unsigned long i = 0; i < value.getNumberOfValues(); ++i) {
-            if (auto* item = mPipeline.findItem(value.getStoredOrigin(i))) {
-                item->survivesMerge = true;
-            }
-        }
-        return true;
-    }
-
-private:
-    InspectionPipeline& mPipeline;
-};
-
-/// Checks the occurrences of repeating sections that a request does not look at: all but the first one of each group.
-class InspectionPipeline::OccurrenceValidator final : public ParameterValueVisitor {
-public:
-    OccurrenceValidator(ParameterGroup const& root, ParameterErrors& faults)
-        : ParameterValueVisitor(false), mRoot(root), mFaults(faults) {}
-
-    bool visitGroupStart(ParameterValueGroup& group) override {
-        auto const* const schemaGroup = group.getParameterGroup();
-        auto const* const holder = holderOf(group);
-        bool const isLater = schemaGroup && schemaGroup != &mRoot && holder && schemaGroup->isUnbounded() &&
-                             findChildGroup(*holder, schemaGroup->getId()) != &group;
-        bool const isInRequired = !mIsRequired.empty() && mIsRequired.back();
-        if (isLater) {
-            SecondPhaseValidationVisitor validation(group, mFaults, isInRequired);
-            schemaGroup->accept(validation);
-        }
-        mIsRequired.push_back(isInRequired || (schemaGroup && !schemaGroup->isOptional()));
-        return true;
-    }
-    void visitGroupEnd(ParameterValueGroup&) override { mIsRequired.pop_back(); }
-
-private:
-    ParameterGroup const& mRoot;
-    ParameterErrors& mFaults;
-    std::vector<bool> mIsRequired; // whether an open group, or one around it, is not optional
-};
-
-/// A copy of a tree, in which every text and every group has an origin of its own.
-/// @param origin for those that have none
-ParameterValueGroup InspectionPipeline::separate(ParameterValueGroup const& tree, StoredOrigin const& origin) {
-    ParameterValueGroup separated(tree);
-    fillOrigins(separated, origin);
-    OriginSeparator separator;
-    separated.accept(separator);
-    return separated;
-}
-
 InspectionPipeline::InspectionPipeline(Specification const& specification, int flags, bool isOpen)
     : ValuePipeline(specification, flags, COLLECT_FAULTS),
       mSpecification(specification),
       mRoot(specification.getParameterGroup()),
       mFlags(flags),
-      mIsOpen(isOpen) {
-    if (!mRoot->isUnbounded()) {
-        mRootSections.push_back(std::make_unique<Section>(*mRoot, std::string()));
-    }
-}
+      mIsOpen(isOpen),
+      mItems(*mRoot),
+      mSecretArguments(*mRoot, (flags & RESOLVE_FLAG_NAMES) != 0) {}
 
 SettingNames const& InspectionPipeline::names() {
     if (!mNames) {
@@ -189,13 +52,9 @@ SettingNames const& InspectionPipeline::names() {
     return *mNames;
 }
 
-GivenItem* InspectionPipeline::findItem(StoredOrigin const& origin) {
-    auto const found = origin.identity() ? mPositions.find(origin.identity()) : mPositions.end();
-    return found == mPositions.end() ? nullptr : &mItems[found->second];
-}
-
-void InspectionPipeline::addArguments(ParameterValueGroup const& arguments) {
-    auto const separated = separate(arguments, StoredOrigin::ofCommandLine());
+void InspectionPipeline::addArguments(ParameterValueGroup const& arguments, ArgumentTexts const& texts) {
+    lookForSecrets(texts);
+    auto const separated = separateOrigins(arguments, StoredOrigin::ofCommandLine());
     ParameterErrors faults;
     ParameterValueGroup values(nullptr);
     values.addItem(assignArguments(separated, mSpecification, mFlags, &faults).release());
@@ -204,12 +63,19 @@ void InspectionPipeline::addArguments(ParameterValueGroup const& arguments) {
 }
 
 void InspectionPipeline::addArguments(GnuArguments const& arguments) {
+    lookForSecrets({arguments.texts, arguments.indexes});
     ParameterErrors faults;
     auto split = splitGnuArguments(arguments, mSpecification, mFlags, faults);
     takeFaults(faults);
     ParameterValueGroup values(nullptr);
     values.addItem(split.values.release());
-    send(separate(values, StoredOrigin::ofCommandLine()), false);
+    send(separateOrigins(values, StoredOrigin::ofCommandLine()), false);
+}
+
+void InspectionPipeline::lookForSecrets(ArgumentTexts const& arguments) {
+    for (std::size_t i = 1; i < arguments.texts.size(); ++i) {
+        mSecretArguments.add(arguments.texts[i], arguments.indexOf(i));
+    }
 }
 
 void InspectionPipeline::addEnvironment(EnvironmentVariables const& environment) {
@@ -226,11 +92,11 @@ void InspectionPipeline::addEnvironment(EnvironmentVariables const& environment)
     ParameterValueGroup values(nullptr);
     values.addItem(names.assign(environment.variables, faults).release());
     takeFaults(faults);
-    send(separate(values, StoredOrigin(Origin::ENVIRONMENT_SOURCE, "")), false);
+    send(separateOrigins(values, StoredOrigin(Origin::ENVIRONMENT_SOURCE, "")), false);
 }
 
 void InspectionPipeline::addFile(ParameterValueGroup const& tree, bool isFixed) {
-    auto separated = separate(tree, StoredOrigin(Origin::FILE_SOURCE, ""));
+    auto separated = separateOrigins(tree, StoredOrigin(Origin::FILE_SOURCE, ""));
     reportForeignFile(tree);
     if (isFixed) {
         send(separated, true);
@@ -256,13 +122,13 @@ void InspectionPipeline::reportForeignFile(ParameterValueGroup const& tree) {
 }
 
 void InspectionPipeline::addApplicationValues(ParameterValueGroup const& values) {
-    send(separate(values, StoredOrigin::ofApplication()), false);
+    send(separateOrigins(values, StoredOrigin::ofApplication()), false);
 }
 
 void InspectionPipeline::send(ParameterValueGroup const& values, bool isFile) {
     mIsFile = isFile;
     addSource(nullptr, values, mCollected);
-    ++mSource;
+    mItems.endSource();
 }
 
 bool InspectionPipeline::addProvider(ValueProvider& provider, int flags) {
@@ -275,10 +141,9 @@ bool InspectionPipeline::addProvider(ValueProvider& provider, int flags) {
     takeFaults(faults);
     faults.clear();
 
-    values = separate(values, origin);
+    values = separateOrigins(values, origin);
     onMatched(values);
-    SurvivorNoter survivors(*this);
-    values.accept(survivors);
+    mItems.noteSurvivors(values);
     ParameterValueAggregationVisitor aggregation(&mSpecification, mCollected, faults, false);
     values.accept(aggregation);
     for (unsigned long i = 0; i < values.getNumberOfItems(); ++i) {
@@ -286,7 +151,7 @@ bool InspectionPipeline::addProvider(ValueProvider& provider, int flags) {
             mCollected.addItem(item.clone(ParameterValueItem::DEEP_COPY)); // as the provider would have added it
         }
     }
-    ++mSource;
+    mItems.endSource();
     bool isHelp = false;
     runOrCollect(&faults, Rule::WRONG_KIND, origin, [&] { isHelp = readsAsTrue(values, HELP); });
     return hasMore || isHelp;
@@ -325,14 +190,15 @@ void InspectionPipeline::take(ParameterErrors const& faults, Finding::Severity s
         if (origin.identity() && rule != Rule::EXCLUSIVE_SETTINGS) { // a choice is at fault there, not a text
             faulty.push_back(origin.identity());
         }
-        auto const* item = findItem(origin);
+        auto const* item = mItems.find(origin);
         if (item && rule == Rule::WRONG_KIND) {
             noteMisgiven(*item);
         }
         bool const isIgnored = rule == Rule::UNKNOWN_SETTING && (mFlags & STRICT_RECOGNITION) == 0;
-        auto const suggestion = item && mFindings.wantsSuggestion() ? suggest(rule, *item) : std::string();
-        mFindings.add(isIgnored ? Finding::WARNING_SEVERITY : severity, rule, faults.getError(i), origin, suggestion,
-                      maskedMessage(faults, i, item));
+        auto const masked = maskedMessage(faults, i, item, mSecretArguments);
+        bool const isSuggested = item && masked.empty() && mFindings.wantsSuggestion();
+        mFindings.add(isIgnored ? Finding::WARNING_SEVERITY : severity, rule, faults.getError(i), origin,
+                      isSuggested ? suggest(rule, *item) : std::string(), masked);
     }
     mFaulty.insert(faulty.begin(), faulty.end());
 }
@@ -348,19 +214,17 @@ void InspectionPipeline::noteMisgiven(GivenItem const& item) {
 }
 
 std::string InspectionPipeline::suggest(Rule rule, GivenItem const& item) {
-    if (item.holder == GivenItem::NONE) {
-        return {};
+    auto* const holder = mItems.holderOf(item);
+    if (holder && holder->section && rule == Rule::UNKNOWN_SETTING) {
+        return names().suggestSetting(holder->section->getGroup(), holder->section->getPrefix(), item.id);
     }
-    auto& holder = mItems[item.holder];
-    if (rule == Rule::UNKNOWN_SETTING && holder.section) {
-        return names().suggestSetting(holder.section->getGroup(), holder.section->getPrefix(), item.id);
-    }
-    return rule == Rule::UNKNOWN_SECTION ? suggestElement(holder) : std::string();
+    return holder && rule == Rule::UNKNOWN_SECTION ? suggestElement(*holder) : std::string();
 }
 
 /// An element is explained with the first message that it brings.
 std::string InspectionPipeline::suggestElement(GivenItem& element) {
-    auto const* around = element.holder == GivenItem::NONE ? nullptr : mItems[element.holder].section;
+    auto const* const holder = mItems.holderOf(element);
+    auto const* const around = holder ? holder->section : nullptr;
     if (!around || std::exchange(element.isExplained, true)) {
         return {};
     }
@@ -374,34 +238,25 @@ void InspectionPipeline::noteUnknownElement(GivenItem& element) {
                   element.origin, suggestion);
 }
 
-Section& InspectionPipeline::enterRoot() {
-    if (mRoot->isUnbounded()) {
-        auto prefix = composePrefix({}, composeRootName(*mRoot, mRootSections.size() + 1));
-        mRootSections.push_back(std::make_unique<Section>(*mRoot, std::move(prefix)));
-    }
-    return *mRootSections.back();
-}
-
 void InspectionPipeline::endPhase(ParameterErrors& errors) {
     takeFaults(errors);
     errors.clear();
 }
 
 void InspectionPipeline::onMatched(ParameterValueGroup& values) {
-    ItemNoter noter(*this);
-    values.accept(noter);
+    for (auto const position : mItems.note(values)) {
+        noteUnknownElement(mItems.get()[position]);
+    }
     mFormerNames.report(*this);
 }
 
 void InspectionPipeline::onAggregated(ParameterValueGroup const& values) {
-    SurvivorNoter noter(*this);
-    const_cast<ParameterValueGroup&>(values).accept(noter);
+    mItems.noteSurvivors(const_cast<ParameterValueGroup&>(values));
     bool const isEmpty = values.getNumberOfItems() == 1 &&
                          values.getItem(0UL)->getItemType() == ParameterValueItem::PARAMETER_VALUE_GROUP &&
                          static_cast<ParameterValueGroup const*>(values.getItem(0UL))->getNumberOfItems() == 0;
-    if (isEmpty && mRoot->isUnbounded() && !mRootSections.empty()) {
-        mEmptyRoots.push_back(std::move(mRootSections.back()));
-        mRootSections.pop_back();
+    if (isEmpty) {
+        mItems.dropEmptyRoot();
     }
 }
 
@@ -428,8 +283,7 @@ bool InspectionPipeline::isHelpRequest(ParameterValueGroup const& group) {
 
 void InspectionPipeline::onValidated(ParameterValueGroup& values) {
     ParameterErrors faults;
-    OccurrenceValidator validator(*mRoot, faults);
-    values.accept(validator);
+    checkLaterOccurrences(values, *mRoot, faults);
     takeWarnings(faults);
     if (mIsOpen && values.getNumberOfItems() == 0) {
         addGroup(values, *mRoot);

@@ -4,20 +4,19 @@
 #include <configuration/ParameterValueGroup.h>
 
 #include "inspection/FindingList.h"
+#include "inspection/GivenItems.h"
 #include "inspection/MarkRemarks.h"
-#include "inspection/Section.h"
+#include "inspection/SecretArguments.h"
 #include "providers/ValuePipeline.h"
 #include "visitors/SettingNames.h"
 
-#include <memory>
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <unordered_set>
-#include <vector>
 
 namespace kivo::configuration {
 
+struct ArgumentTexts;
 struct GnuArguments;
 class Specification;
 class ValueProvider;
@@ -36,8 +35,8 @@ public:
 
     /// Takes over what a step outside of the phases found.
     void takeFaults(ParameterErrors const& faults);
-    /// Adds a command line. @param arguments as parseArguments() gives them
-    void addArguments(ParameterValueGroup const& arguments);
+    /// Adds a command line. @param arguments as parseArguments() makes them of the texts
+    void addArguments(ParameterValueGroup const& arguments, ArgumentTexts const& texts);
     /// Adds a command line in GNU style. Requests for help and for the version are passed over.
     void addArguments(GnuArguments const& arguments);
     /// Adds environment variables, and says which of them belong to no setting.
@@ -54,11 +53,7 @@ public:
     ParameterGroup const& getRoot() const { return *mRoot; }
     /// The completed values; without items when nothing was given and no default applies.
     ParameterValueGroup& getResult() { return mResult; }
-    /// The occurrences of the root that were given.
-    std::vector<std::unique_ptr<Section>> const& getRootSections() const { return mRootSections; }
-    std::vector<GivenItem>& getItems() { return mItems; }
-    /// The item that has an origin of its own, or null.
-    GivenItem* findItem(StoredOrigin const& origin);
+    GivenItems& getItems() { return mItems; }
     FindingList& getFindings() { return mFindings; }
     /// Whether a finding is about an item that has an origin of its own.
     bool isFaulty(StoredOrigin const& origin) const { return mFaulty.contains(origin.identity()); }
@@ -72,18 +67,12 @@ private:
     bool isHelpRequest(ParameterValueGroup const& group) override;
     void onValidated(ParameterValueGroup& values) override;
 
-    class OriginSeparator;
-    class ItemNoter;
-    class SurvivorNoter;
-    class OccurrenceValidator;
-
-    static ParameterValueGroup separate(ParameterValueGroup const& tree, StoredOrigin const& origin);
+    void lookForSecrets(ArgumentTexts const& arguments);
     void send(ParameterValueGroup const& values, bool isFile);
     void take(ParameterErrors const& faults, Finding::Severity severity);
     void noteMisgiven(GivenItem const& item);
     std::string suggest(Rule rule, GivenItem const& item);
     std::string suggestElement(GivenItem& element);
-    Section& enterRoot();
     void noteUnknownElement(GivenItem& element);
     void reportForeignFile(ParameterValueGroup const& tree);
     SettingNames const& names();
@@ -94,16 +83,13 @@ private:
     bool mIsOpen;
     FormerNameRemarks mFormerNames; // listens as long as this lives
     FindingList mFindings;
-    std::optional<SettingNames> mNames;                      // made for the first suggestion
-    std::vector<GivenItem> mItems;                           // in the order in which they were given
-    std::unordered_map<void const*, std::size_t> mPositions; // by the identity of the item's origin
+    std::optional<SettingNames> mNames; // made for the first suggestion
+    GivenItems mItems;
+    SecretArguments mSecretArguments;
     std::unordered_set<void const*> mFaulty;   // identities of origins of what a phase before found fault with
     bool mHasMisgiven = false;                 // whether a section was given as a setting, or the other way round
     std::unordered_set<std::string> mMisgiven; // what would be said if such sections were missing
-    std::vector<std::unique_ptr<Section>> mRootSections;
-    std::vector<std::unique_ptr<Section>> mEmptyRoots; // occurrences that gave nothing
-    std::size_t mSource = 0;
-    bool mIsFile = false; // whether the source is a file
+    bool mIsFile = false;                      // whether the source is a file
     ParameterValueGroup mCollected{nullptr};
     ParameterValueGroup mResult{nullptr};
 };

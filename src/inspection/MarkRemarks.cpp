@@ -51,7 +51,7 @@ void FormerNameRemarks::hear(SettingRemark const& remark) {
 
 void FormerNameRemarks::report(InspectionPipeline& pipeline) {
     for (auto const& [parameter, message, origin, section] : std::exchange(mHeard, {})) {
-        auto const* const item = pipeline.findItem(origin);
+        auto const* const item = pipeline.getItems().find(origin);
         auto const& prefix = item && item->section ? item->section->getPrefix() : section;
         pipeline.getFindings().add(Finding::WARNING_SEVERITY, Rule::FORMER_NAME, message, origin,
                                    prefix + parameter.getId());
@@ -61,7 +61,7 @@ void FormerNameRemarks::report(InspectionPipeline& pipeline) {
 void remarkOnMarks(InspectionPipeline& pipeline) {
     auto& findings = pipeline.getFindings();
     ReadableFiles readableFiles;
-    for (auto const& item : pipeline.getItems()) {
+    for (auto const& item : pipeline.getItems().get()) {
         auto const* const parameter = item.parameter;
         if (parameter && parameter->getDeprecation()) {
             auto const remark = makeDeprecationRemark(*parameter, item.origin);

@@ -5,9 +5,12 @@
 #include <configuration/Parameter.h>
 #include <configuration/ParameterErrors.h>
 
-#include "inspection/Section.h"
+#include "inspection/GivenItems.h"
+#include "inspection/SecretArguments.h"
+#include "providers/CommandLineArguments.h"
 #include "schema/Rule.h"
 #include "values/ValueChecks.h"
+#include "visitors/FirstPhaseValidationVisitor.h"
 
 namespace kivo::configuration {
 
@@ -25,7 +28,17 @@ std::string maskedText(Parameter const& parameter, std::string const& text) {
     return parameter.isSensitive() ? SECRET_MASK : text;
 }
 
-std::string maskedMessage(ParameterErrors const& faults, unsigned long index, GivenItem const* item) {
+std::string maskedMessage(ParameterErrors const& faults, unsigned long index, GivenItem const* item,
+                          SecretArguments const& arguments) {
+    auto const& origin = faults.getStoredOrigin(index);
+    if (faults.getRule(index) == Rule::UNEXPECTED_ARGUMENT) {
+        auto const argument = arguments.maskedArgument(origin);
+        return argument ? composeUnexpectedArgument(*argument) : std::string();
+    }
+    if (faults.getRule(index) == Rule::UNKNOWN_SETTING && item) {
+        auto const name = arguments.maskedName(origin, item->id);
+        return name ? FirstPhaseValidationVisitor::composeUnknownSetting(*name) : std::string();
+    }
     auto const& masked = faults.getMaskedError(index);
     bool const isUnmasked = masked.empty() && isAboutText(faults.getRule(index)) && item && item->parameter &&
                             item->parameter->isSensitive();

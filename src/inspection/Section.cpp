@@ -2,6 +2,7 @@
 
 #include "inspection/Section.h"
 
+#include <configuration/Parameter.h>
 #include <configuration/ParameterGroup.h>
 #include <configuration/ParameterVisitor.h>
 

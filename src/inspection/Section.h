@@ -1,14 +1,10 @@
 #pragma once
 
-#include <configuration/Parameter.h>
-
 #include "schema/NameComparison.h"
-#include "schema/StoredOrigin.h"
 
 #include <cstddef>
 #include <map>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -18,24 +14,6 @@ namespace kivo::configuration {
 
 class ParameterGroup;
 class Section;
-
-/// A text or an element as a source gave it, and what became of it.
-struct GivenItem {
-    static constexpr std::size_t NONE = ~std::size_t{0};
-
-    std::string id;                       ///< as it was given
-    std::size_t holder = NONE;            ///< the position of the group around it
-    StoredOrigin origin;                  ///< of its own
-    Section* section = nullptr;           ///< of a text: where it was given; of a group: what it is; null: nowhere
-    Parameter const* parameter = nullptr; ///< what a text is bound to
-    std::optional<std::string> text;      ///< as it reads
-    std::size_t source = 0;               ///< counted in the order in which they are asked
-    bool isPresent = false;               ///< whether a text was given, and is not only read
-    bool survivesMerge = false;           ///< no earlier occurrence in the same source has the text's place
-    bool wins = false;                    ///< it is what the tool reads
-    std::string meant;                    ///< of a misplaced text: the full name of the setting
-    bool isExplained = false;             ///< of an unknown element: something was suggested for it
-};
 
 /// An occurrence of a container in the tree that the sources give together. Constraints are no sections: what is given
 /// for their settings stands in the container around them.

@@ -97,7 +97,7 @@ std::vector<InspectedSetting> SettingLister::list() {
     assignTexts();
     auto const& root = mPipeline.getRoot();
     auto const& result = mPipeline.getResult();
-    auto const& sections = mPipeline.getRootSections();
+    auto const& sections = mPipeline.getItems().getRootSections();
     auto const count = std::max({sections.size(), std::size_t{result.getNumberOfItems()}, std::size_t{1}});
     for (std::size_t i = 0; i < count; ++i) {
         ParameterValueItem const* const item = i < result.getNumberOfItems() ? result.getItem(i) : nullptr;
@@ -116,7 +116,7 @@ std::vector<InspectedSetting> SettingLister::list() {
 /// occurrence.
 void SettingLister::assignTexts() {
     SectionPaths paths;
-    auto& items = mPipeline.getItems();
+    auto& items = mPipeline.getItems().get();
     for (std::size_t position = 0; position < items.size(); ++position) {
         auto& item = items[position];
         char const* const id = item.parameter ? item.parameter->getId() : nullptr;
@@ -164,7 +164,7 @@ void SettingLister::listSetting(Parameter const& parameter, Place const& place, 
 std::vector<InspectedText> SettingLister::listValues(Parameter const& parameter, ParameterValue const& value) {
     std::vector<InspectedText> texts;
     for (unsigned long i = 0; i < value.getNumberOfValues(); ++i) {
-        if (auto* item = mPipeline.findItem(value.getStoredOrigin(i))) {
+        if (auto* item = mPipeline.getItems().find(value.getStoredOrigin(i))) {
             item->wins = true;
         }
         texts.push_back(InspectedText(std::make_shared<InspectedText::Impl>(InspectedText::Impl{
@@ -180,7 +180,7 @@ std::vector<InspectedText> SettingLister::listAlternatives(Parameter const& para
     }
     auto const& texts = section->textsOf(parameter.getId());
     for (auto const position : texts) {
-        if (auto const& item = mPipeline.getItems()[position]; !item.wins) {
+        if (auto const& item = mPipeline.getItems().get()[position]; !item.wins) {
             alternatives.push_back(InspectedText(std::make_shared<InspectedText::Impl>(InspectedText::Impl{
                 item.text, item.origin.toOrigin(), verdictOn(item, texts), parameter.isSensitive()})));
         }
@@ -192,7 +192,7 @@ InspectedText::Verdict SettingLister::verdictOn(GivenItem const& item, std::vect
     if (!item.meant.empty()) {
         return InspectedText::MISPLACED;
     }
-    bool const hasEarlierSource = mPipeline.getItems()[texts.front()].source < item.source;
+    bool const hasEarlierSource = mPipeline.getItems().get()[texts.front()].source < item.source;
     return item.survivesMerge && hasEarlierSource ? InspectedText::OVERRIDDEN : InspectedText::MERGED_AWAY;
 }
 

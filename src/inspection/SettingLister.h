@@ -2,7 +2,7 @@
 
 #include <configuration/InspectedSetting.h>
 
-#include "inspection/Section.h"
+#include "inspection/GivenItems.h"
 
 #include <memory>
 #include <string>

@@ -52,12 +52,13 @@ void addNamedFile(InspectionPipeline& pipeline, std::string const& name, StoredO
 }
 
 void addArguments(InspectionPipeline& pipeline, ToolArguments const& split) {
-    std::vector<std::string> trimmed(split.kept.size());
-    std::ranges::transform(split.kept, trimmed.begin(), [](auto const& each) { return trimArgument(each.c_str()); });
+    ArgumentTexts arguments{std::vector<std::string>(split.kept.size()), split.keptIndexes};
+    std::ranges::transform(split.kept, arguments.texts.begin(),
+                           [](auto const& each) { return trimArgument(each.c_str()); });
     ParameterErrors faults;
-    auto const values = parseArguments(trimmed, split.keptIndexes, 0, &faults);
+    auto const values = parseArguments(arguments, 0, &faults);
     pipeline.takeFaults(faults);
-    pipeline.addArguments(*values);
+    pipeline.addArguments(*values, arguments);
 }
 
 /// @return whether the file is there and was left out
@@ -118,7 +119,7 @@ void addProviders(InspectionPipeline& pipeline, Manager& manager, int flags) {
             if (auto const* const arguments = commandLine.getGnuArguments()) {
                 pipeline.addArguments(*arguments);
             } else {
-                pipeline.addArguments(commandLine.getArguments());
+                pipeline.addArguments(commandLine.getArguments(), commandLine.getTexts());
             }
         } else if (type == typeid(XmlFileValueProvider)) {
             pipeline.addFile(provider.getDataCache(), static_cast<XmlFileValueProvider&>(provider).isFixed());

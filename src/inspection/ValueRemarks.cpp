@@ -156,7 +156,7 @@ private:
 
 void remarkOnValues(InspectionPipeline& pipeline) {
     auto& findings = pipeline.getFindings();
-    for (auto const& item : pipeline.getItems()) {
+    for (auto const& item : pipeline.getItems().get()) {
         if (!item.parameter || !item.section || pipeline.isFaulty(item.origin)) {
             continue;
         }

@@ -13,6 +13,7 @@
 #include "inspection/ToolSources.h"
 #include "inspection/ValueRemarks.h"
 #include "schema/ContractChecks.h"
+#include "schema/NameComparison.h"
 #include "schema/NameSuggestion.h"
 
 #include <algorithm>
@@ -21,6 +22,27 @@
 namespace kivo::configuration {
 
 namespace {
+
+// Whether a name means a setting.
+
+bool hasFullName(InspectedSetting const& setting, std::string_view name) {
+    return equalIgnoringCase(setting.getName(), name);
+}
+
+bool hasLastPart(InspectedSetting const& setting, std::string_view name) {
+    return equalIgnoringCase(setting.getParameter().getId(), name);
+}
+
+bool hadLastPart(InspectedSetting const& setting, std::string_view name) {
+    char const* const formerName = setting.getParameter().getFormerName();
+    return formerName && equalIgnoringCase(formerName, name);
+}
+
+bool hadFullName(InspectedSetting const& setting, std::string_view name) {
+    std::string_view const current = setting.getName();
+    auto const prefix = current.substr(0, current.size() - std::string_view(setting.getParameter().getId()).size());
+    return beginsIgnoringCase(name, prefix) && hadLastPart(setting, name.substr(prefix.size()));
+}
 
 /// Offers full names and last parts.
 void offerNames(ClosestName& closest, InspectedSetting const& setting, InspectedSetting const*& best) {
@@ -83,19 +105,14 @@ unsigned long Inspection::getNumberOfFindings(Finding::Severity severity) const 
 std::vector<InspectedSetting> Inspection::findSettings(char const* name) const {
     KIVO_REQUIRE(name != 0);
     std::vector<InspectedSetting> found;
-    auto const fullNameOf = [](InspectedSetting const& setting) { return setting.getName(); };
-    auto const lastPartOf = [](InspectedSetting const& setting) { return setting.getParameter().getId(); };
-    auto const keep = [&](std::vector<InspectedSetting> const& settings, auto partOf) {
-        if (found.empty()) {
-            std::ranges::copy_if(settings, std::back_inserter(found), [&](InspectedSetting const& setting) {
-                return equalIgnoringCase(partOf(setting), name);
-            });
+    for (auto const matches : {hasFullName, hasLastPart, hadFullName, hadLastPart}) {
+        for (auto const* settings : {&mImpl->settings, &mImpl->hiddenSettings}) {
+            if (found.empty()) {
+                std::ranges::copy_if(*settings, std::back_inserter(found),
+                                     [&](InspectedSetting const& setting) { return matches(setting, name); });
+            }
         }
-    };
-    keep(mImpl->settings, fullNameOf);
-    keep(mImpl->hiddenSettings, fullNameOf);
-    keep(mImpl->settings, lastPartOf);
-    keep(mImpl->hiddenSettings, lastPartOf);
+    }
     return found;
 }
 

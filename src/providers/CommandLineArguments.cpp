@@ -27,8 +27,7 @@ constexpr char const* WHITE_SPACE = " \t\n\v\f\r";
 std::string nameOf(std::string const& argument, StoredOrigin const& origin, int flags) {
     if (!isFlag(argument)) {
         if ((flags & STRICT_RECOGNITION) != 0) {
-            throw located(
-                origin, ConfigurationException("The \"%s\" command line argument is not recognized", argument.c_str()));
+            throw located(origin, ConfigurationException("%s", composeUnexpectedArgument(argument).c_str()));
         }
         return argument;
     }
@@ -84,19 +83,21 @@ std::string trimArgument(char const* argument) {
     return std::string(text.substr(first, text.find_last_not_of(WHITE_SPACE) - first + 1));
 }
 
+std::string composeUnexpectedArgument(std::string const& argument) {
+    return "The \"" + argument + "\" command line argument is not recognized";
+}
+
 std::unique_ptr<ParameterValueGroup> makeArguments() {
     auto group = std::make_unique<ParameterValueGroup>(nullptr);
     group->setStoredOrigin(StoredOrigin::ofCommandLine());
     return group;
 }
 
-std::unique_ptr<ParameterValueGroup> parseArguments(std::vector<std::string> const& arguments,
-                                                    std::vector<unsigned long> const& originalIndexes, int flags,
+std::unique_ptr<ParameterValueGroup> parseArguments(ArgumentTexts const& arguments, int flags,
                                                     ParameterErrors* collected) {
     auto values = makeArguments();
-    for (auto const& pair : pairArguments(arguments)) {
-        auto const index = pair.index < originalIndexes.size() ? originalIndexes[pair.index] : pair.index;
-        auto const origin = StoredOrigin::ofCommandLine().at(index);
+    for (auto const& pair : pairArguments(arguments.texts)) {
+        auto const origin = StoredOrigin::ofCommandLine().at(arguments.indexOf(pair.index));
         runOrCollect(collected, ruleOf(*pair.argument), origin, [&] {
             values->addValueAt(nameOf(*pair.argument, origin, flags).c_str(), textOf(pair.value), origin);
         });

@@ -11,6 +11,17 @@ class ParameterErrors;
 class ParameterValueGroup;
 class Specification;
 
+/// A tool's arguments as texts.
+struct ArgumentTexts {
+    std::vector<std::string> texts; ///< trimmed, the program's name first, which is left out
+    /// The index that each of them had in the vector that the tool was started with; empty: as they are counted.
+    std::vector<unsigned long> indexes;
+
+    unsigned long indexOf(std::size_t position) const {
+        return position < indexes.size() ? indexes[position] : position;
+    }
+};
+
 /// Whether an argument begins with a dash: then it is a flag.
 bool isFlag(std::string const& argument);
 
@@ -28,18 +39,17 @@ std::vector<CommandLineArgument> pairArguments(std::vector<std::string> const& a
 /// An argument without white space around it; null counts as empty.
 std::string trimArgument(char const* argument);
 
+/// What is said of an argument that belongs to no flag.
+std::string composeUnexpectedArgument(std::string const& argument);
+
 /// The tree of no arguments.
 std::unique_ptr<ParameterValueGroup> makeArguments();
 
 /// The values that arguments give, named by flags as typed.
-/// @param arguments       trimmed, the program's name first, which is left out
-/// @param originalIndexes the index that each of the arguments had in the vector that the tool was started with;
-///                        empty: as they are counted
-/// @param flags           STRICT_RECOGNITION
-/// @param collected       takes what an argument throws, which is then left out; null: it throws
+/// @param flags     STRICT_RECOGNITION
+/// @param collected takes what an argument throws, which is then left out; null: it throws
 /// @throws as CommandLineValueProvider::setArguments()
-std::unique_ptr<ParameterValueGroup> parseArguments(std::vector<std::string> const& arguments,
-                                                    std::vector<unsigned long> const& originalIndexes, int flags,
+std::unique_ptr<ParameterValueGroup> parseArguments(ArgumentTexts const& arguments, int flags,
                                                     ParameterErrors* collected);
 
 /// The values of arguments as those of a specification's group.

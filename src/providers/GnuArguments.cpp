@@ -194,8 +194,8 @@ private:
 
     void refuse(std::size_t position) {
         auto const& text = mArguments.texts[position];
-        mFaults.addFault(text.empty() ? Rule::EMPTY_ARGUMENT : Rule::UNEXPECTED_ARGUMENT, originOf(position),
-                         "The \"%s\" command line argument is not recognized", text.c_str());
+        mFaults.addFault(text.empty() ? Rule::EMPTY_ARGUMENT : Rule::UNEXPECTED_ARGUMENT, originOf(position), "%s",
+                         composeUnexpectedArgument(text).c_str());
     }
 
     void add(GivenFlag const& flag) {

@@ -41,6 +41,7 @@ public:
     bool mHasVersionFlag = false;
     std::optional<GnuArguments> mGnuArguments; // in that style, instead of mArguments
     std::unique_ptr<ParameterValueGroup> mArguments = makeArguments();
+    ArgumentTexts mTexts;                        // of mArguments
     std::vector<unsigned long> mOriginalIndexes; // of the next arguments; empty: as they are counted
 };
 
@@ -63,8 +64,11 @@ void CommandLineValueProvider::setArguments(int argc, char const* const* argv, i
         }
         mImpl->mGnuArguments = {std::move(texts), std::move(originalIndexes), mImpl->mHasVersionFlag};
         mImpl->mArguments = makeArguments();
+        mImpl->mTexts = {};
     } else {
-        mImpl->mArguments = parseArguments(texts, originalIndexes, flags, nullptr);
+        ArgumentTexts arguments{std::move(texts), std::move(originalIndexes)};
+        mImpl->mArguments = parseArguments(arguments, flags, nullptr);
+        mImpl->mTexts = std::move(arguments);
         mImpl->mGnuArguments.reset();
     }
 }
@@ -100,6 +104,7 @@ bool CommandLineValueProvider::getGnuValues(Specification const& specification, 
 void CommandLineValueProvider::reset() {
     mImpl->mGnuArguments.reset();
     mImpl->mArguments = makeArguments();
+    mImpl->mTexts = {};
     mImpl->mOriginalIndexes.clear();
     ValueProvider::reset();
 }
@@ -109,6 +114,8 @@ void CommandLineValueProvider::setOriginalIndexes(std::vector<unsigned long> ind
 }
 
 ParameterValueGroup const& CommandLineValueProvider::getArguments() const { return *mImpl->mArguments; }
+
+ArgumentTexts const& CommandLineValueProvider::getTexts() const { return mImpl->mTexts; }
 
 GnuArguments const* CommandLineValueProvider::getGnuArguments() const {
     return mImpl->mGnuArguments ? &*mImpl->mGnuArguments : nullptr;

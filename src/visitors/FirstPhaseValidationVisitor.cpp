@@ -79,13 +79,17 @@ FirstPhaseValidationVisitor::occurrencesOf(ParameterValueGroup const& parent, Pa
 bool FirstPhaseValidationVisitor::visitParameterValue(ParameterValue& value) {
     auto const* parameter = value.getParameter();
     if (!parameter) {
-        mErrors.addFault(Rule::UNKNOWN_SETTING, value.getStoredOrigin(0), "\"%s\" is not a recognized parameter",
-                         shownId(value));
+        mErrors.addFault(Rule::UNKNOWN_SETTING, value.getStoredOrigin(0), "%s",
+                         composeUnknownSetting(shownId(value)).c_str());
     } else if (!parameter->isUnbounded() && value.getNumberOfValues() >= 2) {
         mErrors.addFault(Rule::REPEATED_SETTING, findSurplus(value), "\"%s\" cannot be provided more than once",
                          shownId(value));
     }
     return true;
+}
+
+std::string FirstPhaseValidationVisitor::composeUnknownSetting(std::string const& id) {
+    return '"' + id + "\" is not a recognized parameter";
 }
 
 } // namespace kivo::configuration

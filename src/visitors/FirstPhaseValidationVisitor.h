@@ -2,6 +2,7 @@
 
 #include <configuration/ParameterValueVisitor.h>
 
+#include <string>
 #include <unordered_map>
 
 namespace kivo::configuration {
@@ -18,6 +19,8 @@ public:
 
     bool visitGroupStart(ParameterValueGroup& group) override;
     bool visitParameterValue(ParameterValue& value) override;
+
+    static std::string composeUnknownSetting(std::string const& id);
 
 private:
     struct Occurrences {

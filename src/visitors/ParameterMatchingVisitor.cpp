@@ -13,6 +13,7 @@
 #include "schema/NameComparison.h"
 #include "values/GroupEditing.h"
 #include "values/ItemTaker.h"
+#include "visitors/FirstPhaseValidationVisitor.h"
 #include "visitors/SettingNames.h"
 #include "visitors/SettingRemarks.h"
 
@@ -202,7 +203,8 @@ bool ParameterMatchingVisitor::setItem(ParameterValueItem& item, ParameterItem c
 }
 
 void ParameterMatchingVisitor::addUnrecognized(ParameterValue const& value, char const* id) {
-    mErrors.addFault(Rule::UNKNOWN_SETTING, value.getStoredOrigin(0), "\"%s\" is not a recognized parameter", id);
+    mErrors.addFault(Rule::UNKNOWN_SETTING, value.getStoredOrigin(0), "%s",
+                     FirstPhaseValidationVisitor::composeUnknownSetting(id).c_str());
     if (!mCollected && mUnrecognized.size() < MAX_SUGGESTIONS) {
         mUnrecognized.push_back({mErrors.getNumberOfErrors() - 1, &value});
     }

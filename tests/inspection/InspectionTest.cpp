@@ -81,6 +81,7 @@ std::string explain(FileCase const& row, TemporaryInstallation const& installati
                             .setApplicationFile(row["application"].c_str())
                             .setArguments(static_cast<unsigned>(argv.size()), argv.data())
                             .setEnvironment(environment.empty() ? nullptr : "TOOL")
+                            .setCommandLineStyle(has("gnu") ? GNU_COMMAND_LINE : PLAIN_COMMAND_LINE)
                             .setOpenCommandLine(has("open"))
                             .setFlags(bits)
                             .setRequired(has("required"));
@@ -176,7 +177,7 @@ application: warning: "a" is deprecated: c [deprecated]
 }
 
 TEST_F(InspectionTest, FindsAndSuggestsSettings) {
-    auto const& specification = *createTool("tool{level?=1 in{level?=2 days?=3} days?~=4 trace?~=5}");
+    auto const& specification = *createTool("tool{level?=1 in{level?=2 days?^age=3} days?~=4 trace?~=5}");
     Inspection const inspection(specification, InspectionInputs().setOpenCommandLine(true));
     auto const namesOf = [&](char const* name) {
         std::string names;
@@ -189,6 +190,10 @@ TEST_F(InspectionTest, FindsAndSuggestsSettings) {
     EXPECT_EQ(namesOf("days"), "days ");
     EXPECT_EQ(namesOf("in.days"), "in.days ");
     EXPECT_EQ(namesOf("trace"), "trace ");
+    EXPECT_EQ(namesOf("age"), "in.days ");
+    EXPECT_EQ(namesOf("in.Age"), "in.days ");
+    EXPECT_EQ(namesOf("level.age"), "");
+    EXPECT_EQ(namesOf(""), "");
     EXPECT_EQ(namesOf("in.dayz"), "");
     EXPECT_EQ(inspection.suggestSetting("in.dayz"), "in.days");
     EXPECT_EQ(inspection.suggestSetting("nothing"), "");

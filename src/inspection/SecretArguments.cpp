@@ -1,0 +1,113 @@
+#include "kernel/kvProcessInit.h"
+
+#include "inspection/SecretArguments.h"
+
+#include <configuration/Parameter.h>
+#include <configuration/ParameterGroup.h>
+#include <configuration/ParameterVisitor.h>
+
+#include "values/ValueChecks.h"
+
+#include <algorithm>
+
+namespace kivo::configuration {
+
+namespace {
+
+using Names = std::set<std::string, CaseInsensitiveLess>;
+
+/// Collects the names by which flags can mean a secret setting.
+class SecretNames final : public ParameterVisitor {
+public:
+    explicit SecretNames(Names& names) : mNames(names) {}
+
+    bool visitParameter(Parameter const& parameter) override {
+        if (parameter.isSensitive()) {
+            mNames.insert(parameter.getId());
+            mNames.insert(parameter.getName());
+            if (char const* const formerName = parameter.getFormerName()) {
+                mNames.insert(formerName);
+            }
+        }
+        return true;
+    }
+
+private:
+    Names& mNames;
+};
+
+/// A text up to its equals sign, and the mask.
+std::string maskValue(std::string_view text) {
+    return std::string(text.substr(0, text.find('=') + 1)).append(SECRET_MASK);
+}
+
+} // namespace
+
+SecretArguments::SecretArguments(ParameterGroup const& root, bool resolvesNames) : mResolvesNames(resolvesNames) {
+    SecretNames collector(mNames);
+    root.accept(collector);
+}
+
+void SecretArguments::add(std::string_view argument, unsigned long index) {
+    if (mNames.empty()) {
+        return;
+    }
+    if (argument.starts_with('-')) {
+        addFlag(argument, index);
+    } else if (mExpected != Expected::NOTHING) {
+        mSecrets.insert({index, {std::string(argument), true}});
+        mExpected = Expected::REST_OF_SECRET;
+    }
+}
+
+/// What begins with a dash is taken for a secret only where one has to follow: after one, it is the next flag.
+void SecretArguments::addFlag(std::string_view argument, unsigned long index) {
+    auto const dashes = std::min(argument.find_first_not_of('-'), argument.size());
+    auto const sign = argument.find('=');
+    bool const hasValue = sign != std::string_view::npos;
+    if (isSecret(argument.substr(dashes, hasValue ? sign - dashes : sign))) {
+        if (hasValue) {
+            mSecrets.insert({index, {std::string(argument), false}});
+        }
+        mExpected = hasValue ? Expected::REST_OF_SECRET : Expected::SECRET;
+        return;
+    }
+    if (mExpected == Expected::SECRET) {
+        mSecrets.insert({index, {std::string(argument), true}});
+    }
+    mExpected = Expected::NOTHING;
+}
+
+/// A flag may name the sections, too: "--login.pin".
+bool SecretArguments::isSecret(std::string_view flag) const {
+    auto const name = flag.substr(flag.rfind('.') + 1);
+    for (auto const text : {flag, name}) {
+        auto const found = text.empty() ? mNames.end() : mNames.lower_bound(text);
+        if (found != mNames.end() &&
+            (mResolvesNames ? beginsIgnoringCase(*found, text) : equalIgnoringCase(*found, text))) {
+            return true;
+        }
+    }
+    return false;
+}
+
+SecretArguments::Secret const* SecretArguments::find(StoredOrigin const& origin) const {
+    bool const isArgument = origin.source() == Origin::COMMAND_LINE_SOURCE;
+    auto const found = isArgument ? mSecrets.find(origin.line()) : mSecrets.end();
+    return found == mSecrets.end() ? nullptr : &found->second;
+}
+
+std::optional<std::string> SecretArguments::maskedArgument(StoredOrigin const& origin) const {
+    auto const* const secret = find(origin);
+    return secret ? maskedName(origin, secret->argument) : std::nullopt;
+}
+
+std::optional<std::string> SecretArguments::maskedName(StoredOrigin const& origin, std::string_view name) const {
+    auto const* const secret = find(origin);
+    if (!secret) {
+        return std::nullopt;
+    }
+    return secret->isAll ? SECRET_MASK : maskValue(name);
+}
+
+} // namespace kivo::configuration

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "schema/NameComparison.h"
+#include "schema/StoredOrigin.h"
+
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+
+namespace kivo::configuration {
+
+class ParameterGroup;
+
+/// Arguments that are no value of a setting, but show a secret all the same: "-pin=1234" in plain style, "-1234" after
+/// "-pin", and what stands after a blank in a secret text that was not quoted.
+class SecretArguments {
+public:
+    /// @param root          of the specification
+    /// @param resolvesNames whether flags may be shortened
+    SecretArguments(ParameterGroup const& root, bool resolvesNames);
+
+    /// Looks at the next argument. @param index as origins count it
+    void add(std::string_view argument, unsigned long index);
+
+    /// An argument as it was added, with the mask in place of what is secret; nothing if nothing is.
+    std::optional<std::string> maskedArgument(StoredOrigin const& origin) const;
+    /// The same for the name that was made of an argument.
+    std::optional<std::string> maskedName(StoredOrigin const& origin, std::string_view name) const;
+
+private:
+    /// What the arguments before leave open.
+    enum class Expected { NOTHING, SECRET, REST_OF_SECRET };
+
+    struct Secret {
+        std::string argument;
+        bool isAll; ///< otherwise what stands after the equals sign
+    };
+
+    bool isSecret(std::string_view flag) const;
+    void addFlag(std::string_view argument, unsigned long index);
+    Secret const* find(StoredOrigin const& origin) const;
+
+    std::set<std::string, CaseInsensitiveLess> mNames; ///< of the secret settings, ids and former names as well
+    bool mResolvesNames;
+    Expected mExpected = Expected::NOTHING;
+    std::map<unsigned long, Secret> mSecrets; ///< by index
+};
+
+} // namespace kivo::configuration
