@@ -2,6 +2,7 @@
 
 #include "lint/RegistryFileInspection.h"
 
+#include <configuration/ConfigurationParameterException.h>
 #include <configuration/Manager.h>
 #include <configuration/ParameterErrors.h>
 #include <configuration/ParameterGroup.h>
@@ -10,6 +11,7 @@
 #include "schema/FormerNames.h"
 #include "schema/ItemKinds.h"
 #include "schema/ValueTypes.h"
+#include "values/ValueChecks.h"
 
 #include <new>
 
@@ -25,12 +27,37 @@ std::vector<char const*> namesOf(Content place) {
     return names;
 }
 
+Parameter const* findParameter(char const* id) {
+    return asParameter(Manager::getInstance()->getParameterItem(id, ParameterItem::PARAMETER));
+}
+
 std::vector<char const*> typeWords() {
     std::vector<char const*> words;
     for (int type = Parameter::BOOLEAN_PARAMETER; type <= Parameter::DURATION_PARAMETER; ++type) {
         words.push_back(traitsOf(static_cast<Parameter::ValueType>(type)).word);
     }
     return words;
+}
+
+/// The default that an element gives to a secret setting, or null. @param element is refused for an attribute
+char const* secretDefaultOf(XmlElement const& element, Content place) {
+    auto const declaration = readDeclaration(element, place);
+    if (auto const* const parameter = std::get_if<ParameterDeclaration>(&declaration.details)) {
+        return parameter->isSensitive ? parameter->defaultValue : nullptr;
+    }
+    auto const* const reference = std::get_if<ParameterReference>(&declaration.details);
+    auto const* const parameter = reference ? findParameter(reference->id) : nullptr;
+    return parameter && parameter->isSensitive() ? reference->defaultValue : nullptr;
+}
+
+/// What loading says of a default that is secret, as reports show it; empty: as it is. The default comes first in it.
+std::string maskDefault(std::exception const& fault, XmlElement const& element, Content place) {
+    auto const* const refused = dynamic_cast<ConfigurationParameterException const*>(&fault);
+    char const* const secret = refused ? secretDefaultOf(element, place) : nullptr;
+    std::string const shown = secret ? '"' + std::string(secret) + "\" is not a valid default value" : "";
+    std::string_view const message = fault.what() ? fault.what() : "";
+    bool const isShown = secret && message.starts_with(shown);
+    return isShown ? '"' + std::string(SECRET_MASK).append(message.substr(1 + std::string_view(secret).size())) : "";
 }
 
 /// The same declaration with another id. @param id must outlive it
@@ -93,7 +120,7 @@ std::optional<Declaration> RegistryFileInspection::open(XmlElement const& elemen
         note(*declaration);
         return declaration;
     } catch (std::exception const& fault) {
-        report(fault, element, namesOf(place));
+        report(fault, element, namesOf(place), maskDefault(fault, element, place));
         return openStandIn(element, place);
     }
 }
@@ -161,14 +188,14 @@ void RegistryFileInspection::note(Declaration const& declaration) {
         mContents.addId(Kind::PARAMETER, parameter->id);
         mRemarks.remarkOnDefault(declaration.element, *mContents.record.parameters.back(), parameter->defaultValue);
     } else if (auto const* const reference = std::get_if<ParameterReference>(&declaration.details)) {
-        auto const* const item = Manager::getInstance()->getParameterItem(reference->id, ParameterItem::PARAMETER);
-        mRemarks.remarkOnDefault(declaration.element, *asParameter(item), reference->defaultValue);
+        mRemarks.remarkOnDefault(declaration.element, *findParameter(reference->id), reference->defaultValue);
     }
 }
 
 /// @param elementNames what an element may be called in this place
+/// @param masked       how reports show the fault; empty: as it is
 void RegistryFileInspection::report(std::exception const& fault, XmlElement const& element,
-                                    std::vector<char const*> const& elementNames) {
+                                    std::vector<char const*> const& elementNames, std::string const& masked) {
     if (dynamic_cast<std::bad_alloc const*>(&fault)) {
         throw;
     }
@@ -180,7 +207,7 @@ void RegistryFileInspection::report(std::exception const& fault, XmlElement cons
         suggestion = mContents.findings.wantsSuggestion() ? suggest(*unknown, elementNames) : "";
     }
     mContents.findings.add(Finding::ERROR_SEVERITY, Rule::INVALID_REGISTRY, fault.what() ? fault.what() : "",
-                           getPlaces().of(element), suggestion);
+                           getPlaces().of(element), suggestion, masked);
 }
 
 std::string RegistryFileInspection::suggest(UnknownName const& unknown, std::vector<char const*> const& elementNames) {

@@ -26,7 +26,8 @@ private:
     std::optional<Declaration> openStandIn(XmlElement const& element, Content place);
     bool tryToOpen(Declaration const& declaration);
     void note(Declaration const& declaration);
-    void report(std::exception const& fault, XmlElement const& element, std::vector<char const*> const& elementNames);
+    void report(std::exception const& fault, XmlElement const& element, std::vector<char const*> const& elementNames,
+                std::string const& masked = {});
     std::string suggest(UnknownName const& unknown, std::vector<char const*> const& elementNames);
 
     StoredOrigin mFileOrigin;

@@ -156,7 +156,8 @@ void SpecificationWalk::lookAtSign(Parameter const& parameter) {
     auto const* const base = declared->second;
     if (!mContents.standIns.contains(base) && mSigned.insert(base).second) {
         warn(Rule::SIGNED_NUMBER,
-             quoted(base->getName()) + " may be negative, but the command line cannot give negative numbers",
+             quoted(base->getName()) +
+                 " may be negative, but only a command line in GNU style can give negative numbers",
              StoredOrigin(base->getDeclarationOrigin()));
     }
 }

@@ -2,6 +2,7 @@
 
 #include "Commands.h"
 #include "Faults.h"
+#include "Inputs.h"
 #include "Installation.h"
 #include "settings/SettingTexts.h"
 #include "text/Characters.h"
@@ -66,14 +67,16 @@ std::string nameAndValue(Parameter const& parameter, std::string const& name) {
     return mdocArgument(name) + (hasValue ? " Ar " + mdocArgument(value.empty() ? "value" : value) : "");
 }
 
-std::string flagOf(Parameter const& parameter) {
-    return "Fl " + nameAndValue(parameter, printable(toUtf8(parameter.getName())));
+/// @param sections the ids of the sections that it stands in, with a point after each
+std::string flagOf(Parameter const& parameter, bool isGnu, std::string const& sections = {}) {
+    auto const name = sections + printable(toUtf8(parameter.getName()));
+    return "Fl " + nameAndValue(parameter, (isGnu ? "-" : "") + name);
 }
 
 /// A line for each flag that a command line can give; the alternatives of a choice share one.
 class SynopsisWriter final : public SettingsWalk {
 public:
-    explicit SynopsisWriter(std::ostream& out) : mOut(out) {}
+    SynopsisWriter(std::ostream& out, bool isGnu) : mOut(out), mIsGnu(isGnu) {}
 
     void write(Specification const& specification) {
         walk(specification);
@@ -94,7 +97,7 @@ private:
         } else {
             mLine += alternative.position == mLast.position ? " " : " | ";
         }
-        mLine += flagOf(setting.parameter);
+        mLine += flagOf(setting.parameter, mIsGnu);
         mLast = alternative;
     }
 
@@ -106,6 +109,7 @@ private:
     }
 
     std::ostream& mOut;
+    bool mIsGnu;
     std::string mLine;
     bool mIsOptional = false;
     Alternative mLast{};
@@ -115,8 +119,8 @@ private:
 class ListWriter final : public SettingsWalk {
 public:
     /// @param heading stands before the list, if there is anything in it
-    ListWriter(std::ostream& out, bool isOfSections, char const* heading)
-        : mOut(out), mIsOfSections(isOfSections), mHeading(heading) {}
+    ListWriter(std::ostream& out, bool isGnu, bool isOfSections, char const* heading)
+        : mOut(out), mIsGnu(isGnu), mIsOfSections(isOfSections), mHeading(heading) {}
 
     void write(Specification const& specification) {
         walk(specification);
@@ -124,29 +128,37 @@ public:
     }
 
 private:
+    /// A section that is open.
+    struct Section {
+        std::string names; ///< its own and those around it, with a point after each
+        std::string ids;
+        bool hasFlags; ///< whether flags can give its settings
+    };
+
     bool onSectionStart(ParameterGroup const& section) override {
-        if (getDepth() > 0 && mIsOfSections) {
-            auto const name = printable(toUtf8(section.getName()));
-            writeItem("Va " + mdocArgument(mPath + name), descriptionOf(section), factsOfSection(section));
-            mPath += name + '.';
+        if (getDepth() == 0) {
+            mSections = {{"", "", true}};
+        } else if (mIsOfSections) {
+            auto const& around = mSections.back();
+            auto const name = around.names + printable(toUtf8(section.getName()));
+            writeItem("Va " + mdocArgument(name), descriptionOf(section), factsOfSection(section));
+            mSections.push_back({name + '.', around.ids + printable(toUtf8(section.getId())) + '.',
+                                 around.hasFlags && mIsGnu && !section.isUnbounded()});
         }
         return getDepth() == 0 || mIsOfSections;
     }
 
-    void onSectionEnd(ParameterGroup const& section) override {
-        if (getDepth() > 0) {
-            mPath.resize(mPath.size() - printable(toUtf8(section.getName())).size() - 1);
-        }
-    }
+    void onSectionEnd(ParameterGroup const&) override { mSections.pop_back(); }
 
     void onSetting(Setting const& setting) override {
         auto const& parameter = setting.parameter;
         if (parameter.isHidden() || mIsOfSections != (getDepth() > 0)) {
             return;
         }
-        auto const name = mPath + printable(toUtf8(parameter.getName()));
-        writeItem(mIsOfSections ? "Va " + nameAndValue(parameter, name) : flagOf(parameter), descriptionOf(parameter),
-                  factsOf(setting));
+        auto const& section = mSections.back();
+        auto const name = section.names + printable(toUtf8(parameter.getName()));
+        writeItem(section.hasFlags ? flagOf(parameter, mIsGnu, section.ids) : "Va " + nameAndValue(parameter, name),
+                  descriptionOf(parameter), factsOf(setting));
     }
 
     void writeItem(std::string const& head, std::string const& description, std::string const& facts) {
@@ -161,10 +173,11 @@ private:
     }
 
     std::ostream& mOut;
+    bool mIsGnu;
     bool mIsOfSections;
     char const* mHeading;
     bool mIsOpen = false;
-    std::string mPath; ///< of the section, with a point after each name
+    std::vector<Section> mSections;
 };
 
 void writeHead(std::ostream& out, Specification const& specification, int section) {
@@ -194,15 +207,21 @@ void writeFoot(std::ostream& out, std::string const& name) {
         << mdocArgument(name) << '\n';
 }
 
-void writePage(std::ostream& out, Specification const& specification, int section) {
+void writePage(std::ostream& out, Specification const& specification, int section, bool isGnu) {
     auto const name = printable(toUtf8(specification.getId()));
     writeHead(out, specification, section);
     out << ".Sh SYNOPSIS\n.Nm\n";
-    SynopsisWriter(out).write(specification);
+    SynopsisWriter(out, isGnu).write(specification);
     out << ".Sh DESCRIPTION\n";
     writeMdocText(out, descriptionOf(*specification.getParameterGroup()));
-    ListWriter(out, false, ".Sh OPTIONS\nFlags may be shortened where the tool allows it.\n").write(specification);
-    ListWriter(out, true, ".Ss Settings of sections\nThese can be given in values files only.\n").write(specification);
+    ListWriter(out, isGnu, false, ".Sh OPTIONS\nFlags may be shortened where the tool allows it.\n")
+        .write(specification);
+    ListWriter(out, isGnu, true,
+               isGnu ? ".Ss Settings of sections\n"
+                       "Those without dashes can be given in values files only.\n"
+                     : ".Ss Settings of sections\n"
+                       "These can be given in values files only.\n")
+        .write(specification);
     writeFoot(out, name);
 }
 
@@ -210,12 +229,14 @@ void writePage(std::ostream& out, Specification const& specification, int sectio
 
 Work prepareManual(CLI::App& options, Call& call) {
     auto const section = std::make_shared<int>(1);
+    auto const isGnu = std::make_shared<bool>(false);
     addSpecification(options, call);
     options.add_option("--section", *section, "Section of the manual that the page is for; 1 if it is not given")
         ->check(CLI::Range(1, 9))
         ->type_name("N");
-    return [&call, section] {
-        writePage(call.out, findSpecification(call.specification), *section);
+    addGnu(options, *isGnu);
+    return [&call, section, isGnu] {
+        writePage(call.out, findSpecification(call.specification), *section, *isGnu);
         return NO_ERROR_FOUND;
     };
 }
