@@ -21,8 +21,9 @@ function(kivo_add_test name)
     target_include_directories(${name} PRIVATE
         "${PROJECT_SOURCE_DIR}/include" "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/tests")
     target_compile_definitions(${name} PRIVATE ${arg_DEFINITIONS})
-    # It is the library that has to be fast: tests build in three quarters of the time that -O3 takes.
-    target_compile_options(${name} PRIVATE "$<$<CONFIG:Release>:-O1>")
+    # It is the library that has to be fast: tests build in three quarters of the time that -O3 takes, and with the
+    # sanitizers in a third of the time that -O1 takes.
+    target_compile_options(${name} PRIVATE "$<$<CONFIG:Release>:-O1>" "$<$<CONFIG:Debug>:-O0>")
     target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} kivo-kernel GTest::gmock_main Threads::Threads kivo-warnings)
 
     cmake_path(GET CMAKE_CURRENT_SOURCE_DIR FILENAME labels)
