@@ -51,9 +51,10 @@ public:
     /// How many of the findings are errors, or warnings.
     unsigned long getNumberOfFindings(Finding::Severity severity) const noexcept;
 
-    /// The settings that a user means by a name: the one with this full name; or, when there is none, those whose last
-    /// part it is; or, when there is none of these either, those that had this name before. Hidden settings that were
-    /// not given are found, too, but do not make a name ambiguous. Letter case is ignored.
+    /// The settings that a user means by a name: the one with this full name; or, when there is none, those whose name
+    /// it is without the numbers of occurrences ("mirror.delay"); or those whose last part it is; or those that had
+    /// this name before. Hidden settings that were not given are found, too, but do not make a name ambiguous. Letter
+    /// case is ignored.
     /// @param name not null
     std::vector<InspectedSetting> findSettings(char const* name) const;
     /// The full name of the setting that was probably meant by a name that findSettings() does not know; empty when

@@ -29,6 +29,19 @@ bool hasFullName(InspectedSetting const& setting, std::string_view name) {
     return equalIgnoringCase(setting.getName(), name);
 }
 
+/// "mirror.delay" for "mirror[2].delay".
+bool hasPath(InspectedSetting const& setting, std::string_view name) {
+    std::string path;
+    bool isCount = false;
+    for (char const c : std::string_view(setting.getName())) {
+        isCount = isCount ? c != ']' : c == '[';
+        if (!isCount && c != ']') {
+            path += c;
+        }
+    }
+    return equalIgnoringCase(path, name);
+}
+
 bool hasLastPart(InspectedSetting const& setting, std::string_view name) {
     return equalIgnoringCase(setting.getParameter().getId(), name);
 }
@@ -105,7 +118,7 @@ unsigned long Inspection::getNumberOfFindings(Finding::Severity severity) const 
 std::vector<InspectedSetting> Inspection::findSettings(char const* name) const {
     KIVO_REQUIRE(name != 0);
     std::vector<InspectedSetting> found;
-    for (auto const matches : {hasFullName, hasLastPart, hadFullName, hadLastPart}) {
+    for (auto const matches : {hasFullName, hasPath, hasLastPart, hadFullName, hadLastPart}) {
         for (auto const* settings : {&mImpl->settings, &mImpl->hiddenSettings}) {
             if (found.empty()) {
                 std::ranges::copy_if(*settings, std::back_inserter(found),

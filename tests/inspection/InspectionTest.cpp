@@ -177,7 +177,8 @@ application: warning: "a" is deprecated: c [deprecated]
 }
 
 TEST_F(InspectionTest, FindsAndSuggestsSettings) {
-    auto const& specification = *createTool("tool{level?=1 in{level?=2 days?^age=3} days?~=4 trace?~=5}");
+    auto const& specification =
+        *createTool("tool{level?=1 in{level?=2 days?^age=3} days?~=4 trace?~=5 m?*{delay?=6} delay?=7}");
     Inspection const inspection(specification, InspectionInputs().setOpenCommandLine(true));
     auto const namesOf = [&](char const* name) {
         std::string names;
@@ -190,6 +191,8 @@ TEST_F(InspectionTest, FindsAndSuggestsSettings) {
     EXPECT_EQ(namesOf("days"), "days ");
     EXPECT_EQ(namesOf("in.days"), "in.days ");
     EXPECT_EQ(namesOf("trace"), "trace ");
+    EXPECT_EQ(namesOf("m.delay"), "m[1].delay ");
+    EXPECT_EQ(namesOf("m[1].delay"), "m[1].delay ");
     EXPECT_EQ(namesOf("age"), "in.days ");
     EXPECT_EQ(namesOf("in.Age"), "in.days ");
     EXPECT_EQ(namesOf("level.age"), "");
