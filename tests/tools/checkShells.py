@@ -38,6 +38,9 @@ CASES = [
     ("kivoconfig check kivobackup --config note<tab>", "kivoconfig check kivobackup --config notes.txt "),
     ("kivoconfig check kivobackup -- -compression b<tab>", "kivoconfig check kivobackup -- -compression best "),
     ("kivoconfig check kivobackup --gnu -- --compr<tab>", "kivoconfig check kivobackup --gnu -- --compression "),
+    ("kivoconfig check kivobackup --gnu -- --compression=b<tab>", "kivoconfig check kivobackup --gnu -- --compression=best "),
+    ("kivoconfig check names -- -grade \"very<tab>", "kivoconfig check names -- -grade \"very good\" "),
+    ("kivoconfig check nothing -- -gr<tab>", "kivoconfig check nothing -- -gr"),
     ("kivoconfig check kivobackup -- -keyFile note<tab>", "kivoconfig check kivobackup -- -keyFile notes.txt "),
 ]
 

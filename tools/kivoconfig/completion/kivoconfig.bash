@@ -1,5 +1,18 @@
 # Lets bash complete the command line of kivoconfig.
 
+# Completes the arguments of the tool in question as the tool's own completion does. $1: the position of "--"
+_kivoconfig_arguments() {
+    unset -f _kivoconfig_complete_arguments
+    source <(kivoconfig completion bash arguments "${COMP_WORDS[2]}" "${@:2}" 2>/dev/null)
+    declare -F _kivoconfig_complete_arguments >/dev/null || return
+    complete -r arguments # there is no such command
+    COMP_LINE="arguments ${COMP_LINE#*[[:space:]]--[[:space:]]}"
+    COMP_POINT=${#COMP_LINE}
+    COMP_WORDS=(arguments "${COMP_WORDS[@]:$1+1}")
+    ((COMP_CWORD -= $1))
+    _kivoconfig_complete_arguments
+}
+
 _kivoconfig() {
     local typed=${COMP_WORDS[COMP_CWORD]} command=${COMP_WORDS[1]} style=() words i
     if ((COMP_CWORD == 1)); then
@@ -15,9 +28,9 @@ _kivoconfig() {
             [[ ${COMP_WORDS[i]} != -- ]] || break
             [[ ${COMP_WORDS[i]} != --gnu ]] || style=(--gnu)
         done
-        if ((i < COMP_CWORD)); then # the arguments of the tool in question
-            words="$(kivoconfig complete "${COMP_WORDS[2]}" "${style[@]}" -- "${COMP_WORDS[@]:i+1:COMP_CWORD-i}" 2>/dev/null |
-                cut -f 1)"
+        if ((i < COMP_CWORD)); then
+            _kivoconfig_arguments "$i" "${style[@]}"
+            return
         elif [[ ${COMP_WORDS[COMP_CWORD - 1]} == --setting ]]; then
             words="$(kivoconfig explain "${COMP_WORDS[2]}" --no-machine 2>/dev/null | sed '/^ /d; / \[/d; s/ = .*//')"
         elif [[ ${COMP_WORDS[COMP_CWORD - 1]} == --config ]]; then

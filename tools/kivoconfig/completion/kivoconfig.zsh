@@ -6,9 +6,14 @@ _kivoconfig() {
     local -i separator=$words[(i)--]
     if ((CURRENT == 2)); then
         compadd -- ${(f)"$(kivoconfig --help | sed -n '/^Commands:/,/^$/s/^  \([a-z]*\).*/\1/p')"} --help --version
-    elif ((separator < CURRENT)); then # the arguments of the tool in question
-        compadd -- ${(f)"$(kivoconfig complete $words[3] ${(M)words[1,separator]:#--gnu} -- ${(Q)words[separator+1,CURRENT]} 2>/dev/null | cut -f 1)"} ||
-            _files
+    elif ((separator < CURRENT)); then # the arguments of the tool in question: as the tool's own completion does it
+        unset -f _kivoconfig_complete_arguments 2>/dev/null
+        source <(kivoconfig completion zsh arguments $words[3] ${(M)words[1,separator]:#--gnu} 2>/dev/null)
+        (($+functions[_kivoconfig_complete_arguments])) || return 1
+        compdef -d arguments # there is no such command
+        words=(arguments "${(@)words[separator+1,-1]}")
+        ((CURRENT -= separator - 1))
+        _kivoconfig_complete_arguments
     elif [[ $words[CURRENT-1] == --setting ]]; then
         compadd -- ${(f)"$(kivoconfig explain $words[3] --no-machine 2>/dev/null | sed '/^ /d; / \[/d; s/ = .*//')"}
     elif [[ $words[CURRENT-1] == --config ]]; then
