@@ -17,9 +17,9 @@ public:
         WINS = 0,        ///< it is what the tool reads
         OVERRIDDEN = 1,  ///< an earlier source has it
         MERGED_AWAY = 2, ///< an earlier occurrence in the same source has it
-        EXCLUDED = 3,    ///< the default of an alternative where another one was taken, or where none need be
+        EXCLUDED = 3,    ///< the default of an alternative: another one has a value, or the choice is optional
         MISPLACED = 4,   ///< given for a setting of a section further inside; it stays where it was given
-        NOT_USED = 5     ///< a default that is not filled in
+        NOT_USED = 5     ///< a default that does not apply: a source gives the setting, for example
     };
 
     /// The text as it reads, or null for an entry without one; "****" for a secret one. Lives as long as this object.

@@ -55,11 +55,11 @@ public:
     /// it is without the numbers of occurrences ("mirror.delay"); or those whose last part it is; or those that had
     /// this name before. Hidden settings that were not given are found, too, but do not make a name ambiguous. Letter
     /// case is ignored.
-    /// @param name not null
+    /// @throws kivo::ContractViolationException "name != 0"
     std::vector<InspectedSetting> findSettings(char const* name) const;
     /// The full name of the setting that was probably meant by a name that findSettings() does not know; empty when
     /// there is none. At most two letters, and a third of the name, may be wrong; letter case is ignored.
-    /// @param name not null
+    /// @throws kivo::ContractViolationException "name != 0"
     std::string suggestSetting(char const* name) const;
 
     /// The values as a request gives them, whatever was found: a group without a name that holds the specification's

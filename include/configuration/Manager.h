@@ -208,8 +208,8 @@ public:
     /// show UTF-8, whatever the locale of the process is.
     /// @param specificationName id of the specification
     /// @param width             columns of a line; names may be wider, and a line has at least one character. 0: as
-    ///                          many as the terminal on standard output has; where it is none, as the environment
-    ///                          variable COLUMNS says, else 80
+    ///                          many as the terminal on standard output has; without a terminal, as the
+    ///                          environment variable COLUMNS says, or else 80
     /// @throws kivo::ContractViolationException "specificationName != 0 && strlen( specificationName) > 0"
     /// @throws ConfigurationException "Specification \"<name>\" was not found"; as EnvironmentValueProvider for
     ///         two settings with one variable

@@ -22,9 +22,8 @@ public:
     /// @throws ConfigurationException "\"%s\" is not a valid group id"
     bool visitGroupStart(ParameterValueGroup& group) override;
     void visitGroupEnd(ParameterValueGroup& group) override;
-    /// @throws ConfigurationException "The flag \"%s\" is ambiguous, matching the following allowed flags: %s. Please
-    /// be
-    ///         more specific."
+    /// @throws ConfigurationException "The flag \"%s\" is ambiguous, matching the following allowed flags: %s.
+    ///         Please be more specific."
     bool visitParameterValue(ParameterValue& value) override;
 
 private:

@@ -56,7 +56,7 @@ constexpr RuleName RULES[] = {
     {Rule::REPEATED_NAME, "repeated-name"},                     // two items of one name in a container
     {Rule::REQUIRED_DEPRECATED, "required-deprecated"},         // a setting that has to be given, but should not
     {Rule::REQUIRED_HIDDEN, "required-hidden"},                 // a setting that has to be given, but is not shown
-    {Rule::SIGNED_NUMBER, "signed-number"},                     // negative values that no command line can give
+    {Rule::SIGNED_NUMBER, "signed-number"},                     // negative values that the plain style cannot give
     {Rule::SLOW_FILE, "slow-file"},                             // a file that is not plain XML
     {Rule::UNCHECKED_SPECIFICATION, "unchecked-specification"}, // too large to look at
     {Rule::UNKNOWN_ATTRIBUTE, "unknown-attribute"},             // not read
