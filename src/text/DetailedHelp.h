@@ -11,7 +11,7 @@
 
 namespace kivo::configuration {
 
-/// Writes all that users can know about the settings of a specification, whose root group accepts it: its own settings
+/// Writes what users need to know about the settings of a specification, whose root group accepts it: its own settings
 /// first, then those of each section. Hidden settings are left out, and so is what has no others in it. Serves one
 /// text. Reads only.
 class DetailedHelp final : public ParameterVisitor {

@@ -48,7 +48,7 @@ private:
     void onSetting(Setting const& setting) override;
     bool isGnu() const { return mStyle == kivo::configuration::GNU_COMMAND_LINE; }
     void read(std::string const& word);
-    void readFlag(std::string const& name);
+    void readFlag(std::string const& flag);
     Flag const* resolve(std::string const& name) const;
     bool isExcluded(Setting const& setting) const;
 
