@@ -18,6 +18,7 @@
 #include "providers/HelpRequest.h"
 #include "schema/FaultCollection.h"
 #include "schema/NameSuggestion.h"
+#include "schema/QuotedText.h"
 #include "values/ChildSearch.h"
 #include "values/GroupEditing.h"
 #include "visitors/ParameterValueAggregationVisitor.h"
@@ -84,7 +85,7 @@ void InspectionPipeline::addEnvironment(EnvironmentVariables const& environment)
         if (!names.isKnown(variable.name)) {
             char const* const closest = mFindings.wantsSuggestion() ? names.suggest(variable.name) : nullptr;
             mFindings.add(Finding::WARNING_SEVERITY, Rule::UNKNOWN_VARIABLE,
-                          "\"" + variable.name + "\" is not a recognized environment variable",
+                          quoted(variable.name) + " is not a recognized environment variable",
                           StoredOrigin(Origin::ENVIRONMENT_SOURCE, variable.name), closest ? closest : "");
         }
     }
@@ -114,11 +115,9 @@ void InspectionPipeline::reportForeignFile(ParameterValueGroup const& tree) {
     if (!id || equalIgnoringCase(id, mRoot->getId())) {
         return;
     }
-    ClosestName closest(id);
-    closest.offer(mRoot->getId());
-    auto const message = std::string("The file is for \"") + id + "\", not for \"" + mRoot->getId() + "\"";
-    mFindings.add(Finding::WARNING_SEVERITY, Rule::FOREIGN_FILE, message, tree.getStoredOrigin(),
-                  closest.get() ? closest.get() : "");
+    mFindings.add(Finding::WARNING_SEVERITY, Rule::FOREIGN_FILE,
+                  "The file is for " + quoted(id) + ", not for " + quoted(mRoot->getId()), tree.getStoredOrigin(),
+                  closestName(id, {mRoot->getId()}));
 }
 
 void InspectionPipeline::addApplicationValues(ParameterValueGroup const& values) {
@@ -234,7 +233,7 @@ std::string InspectionPipeline::suggestElement(GivenItem& element) {
 /// Of an element that is not known, the library says something only when it holds anything.
 void InspectionPipeline::noteUnknownElement(GivenItem& element) {
     auto const suggestion = mFindings.wantsSuggestion() ? suggestElement(element) : std::string();
-    mFindings.add(Finding::WARNING_SEVERITY, Rule::UNKNOWN_SECTION, "\"" + element.id + "\" is not a known section",
+    mFindings.add(Finding::WARNING_SEVERITY, Rule::UNKNOWN_SECTION, quoted(element.id) + " is not a known section",
                   element.origin, suggestion);
 }
 

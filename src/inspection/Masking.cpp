@@ -9,7 +9,7 @@
 #include "inspection/SecretArguments.h"
 #include "providers/CommandLineArguments.h"
 #include "schema/Rule.h"
-#include "values/ValueChecks.h"
+#include "schema/SecretMask.h"
 #include "visitors/FirstPhaseValidationVisitor.h"
 
 namespace kivo::configuration {

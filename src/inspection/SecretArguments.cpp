@@ -6,7 +6,7 @@
 #include <configuration/ParameterGroup.h>
 #include <configuration/ParameterVisitor.h>
 
-#include "values/ValueChecks.h"
+#include "schema/SecretMask.h"
 
 #include <algorithm>
 

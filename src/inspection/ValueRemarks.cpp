@@ -11,6 +11,8 @@
 #include "inspection/Masking.h"
 #include "schema/FaultCollection.h"
 #include "schema/NameSuggestion.h"
+#include "schema/QuotedText.h"
+#include "schema/SecretMask.h"
 #include "values/ValueChecks.h"
 
 #include <algorithm>
@@ -131,7 +133,8 @@ bool check(InspectionPipeline& pipeline, GivenItem const& item) {
 void remarkOnPlace(FindingList& findings, GivenItem const& item) {
     auto const section = item.meant.substr(0, item.meant.rfind('.'));
     findings.add(Finding::WARNING_SEVERITY, Rule::MISPLACED_SETTING,
-                 "\"" + item.id + "\" belongs in the section \"" + section + "\"; given outside it, it has no effect",
+                 quoted(item.id) + " belongs in the section " + quoted(section) +
+                     "; given outside it, it has no effect",
                  item.origin, findings.wantsSuggestion() ? item.meant : std::string());
 }
 

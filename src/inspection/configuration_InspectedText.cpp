@@ -3,7 +3,7 @@
 #include <configuration/InspectedText.h>
 
 #include "inspection/InspectedTextImpl.h"
-#include "values/ValueChecks.h"
+#include "schema/SecretMask.h"
 
 #include <utility>
 

@@ -8,7 +8,9 @@
 #include "lint/XmlNames.h"
 #include "registry/DeclarationPlaces.h"
 #include "registry/DeclarationReader.h"
-#include "values/ValueChecks.h"
+#include "schema/NameSuggestion.h"
+#include "schema/QuotedText.h"
+#include "schema/SecretMask.h"
 
 #include <algorithm>
 
@@ -35,8 +37,6 @@ bool isBoolean(std::string_view text) {
 bool isNamedInFiles(std::string_view element) {
     return element == "Parameter" || element == "Container" || element == "Specification";
 }
-
-std::string quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
 
 } // namespace
 

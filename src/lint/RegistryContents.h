@@ -45,7 +45,4 @@ private:
     std::map<UnknownName::Kind, std::vector<std::string>> mIds;
 };
 
-/// The closest of some names; empty when none is close.
-std::string closestName(std::string_view given, std::vector<char const*> const& names);
-
 } // namespace kivo::configuration

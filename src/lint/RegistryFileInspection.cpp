@@ -10,8 +10,9 @@
 #include "registry/DeclarationReader.h"
 #include "schema/FormerNames.h"
 #include "schema/ItemKinds.h"
+#include "schema/NameSuggestion.h"
+#include "schema/SecretMask.h"
 #include "schema/ValueTypes.h"
-#include "values/ValueChecks.h"
 
 #include <new>
 
@@ -29,14 +30,6 @@ std::vector<char const*> namesOf(Content place) {
 
 Parameter const* findParameter(char const* id) {
     return asParameter(Manager::getInstance()->getParameterItem(id, ParameterItem::PARAMETER));
-}
-
-std::vector<char const*> typeWords() {
-    std::vector<char const*> words;
-    for (int type = Parameter::BOOLEAN_PARAMETER; type <= Parameter::DURATION_PARAMETER; ++type) {
-        words.push_back(traitsOf(static_cast<Parameter::ValueType>(type)).word);
-    }
-    return words;
 }
 
 /// The default that an element gives to a secret setting, or null. @param element is refused for an attribute
@@ -213,7 +206,7 @@ void RegistryFileInspection::report(std::exception const& fault, XmlElement cons
 std::string RegistryFileInspection::suggest(UnknownName const& unknown, std::vector<char const*> const& elementNames) {
     switch (unknown.getKind()) {
     case UnknownName::Kind::ELEMENT: return closestName(unknown.getName(), elementNames);
-    case UnknownName::Kind::VALUE_TYPE: return closestName(unknown.getName(), typeWords());
+    case UnknownName::Kind::VALUE_TYPE: return closestName(unknown.getName(), getValueTypeWords());
     default: break;
     }
     auto const meant = mContents.suggestId(unknown);

@@ -7,6 +7,7 @@
 
 #include "lint/RegistryContents.h"
 #include "schema/ItemKinds.h"
+#include "schema/QuotedText.h"
 #include "schema/ValueTypes.h"
 
 #include <algorithm>
@@ -18,8 +19,6 @@ namespace {
 /// So many items of all specifications are looked at. A few groups that many specifications refer to could add up to
 /// any number.
 constexpr unsigned long MAX_ITEMS = 1000000;
-
-std::string quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
 
 bool isSignedNumber(Parameter const& parameter) {
     auto const type = parameter.getValueType();
@@ -157,7 +156,7 @@ void SpecificationWalk::lookAtSign(Parameter const& parameter) {
     if (!mContents.standIns.contains(base) && mSigned.insert(base).second) {
         warn(Rule::SIGNED_NUMBER,
              quoted(base->getName()) +
-                 " may be negative, but only a command line in GNU style can give negative numbers",
+                 " may be negative, but the command line takes negative numbers in GNU style only",
              StoredOrigin(base->getDeclarationOrigin()));
     }
 }

@@ -5,6 +5,8 @@
 #include <configuration/Parameter.h>
 #include <configuration/ParameterGroup.h>
 
+#include "schema/QuotedText.h"
+
 #include <algorithm>
 #include <limits>
 #include <utility>
@@ -15,8 +17,6 @@ namespace {
 
 /// The rank of a name without its sections: after all names with theirs.
 constexpr std::size_t WITHOUT_SECTIONS = std::numeric_limits<std::size_t>::max() - 1;
-
-std::string quoted(std::string const& text) { return '"' + text + '"'; }
 
 } // namespace
 

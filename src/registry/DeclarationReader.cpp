@@ -293,8 +293,8 @@ Declaration::Details weakened(Details const& details) {
 
 void validateRoot(XmlElement const& root) { validateTagName(root, ROOT_NAME); }
 
-std::vector<Section> readSections(XmlElement const& root) {
-    std::vector<Section> sections;
+std::vector<SectionElement> readSections(XmlElement const& root) {
+    std::vector<SectionElement> sections;
     auto const* element = root.getFirstChild();
     for (auto const& kind : SECTIONS) {
         if (element && isNamed(*element, kind.name)) {

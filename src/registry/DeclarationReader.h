@@ -12,7 +12,7 @@
 
 namespace kivo::configuration {
 
-struct Section {
+struct SectionElement {
     XmlElement const& element;
     Content children;
 };
@@ -22,7 +22,7 @@ void validateRoot(XmlElement const& root);
 
 /// The sections of a file. They have a fixed order, and each may be left out; the first element that does not fit, and
 /// all after it, are ignored.
-std::vector<Section> readSections(XmlElement const& root);
+std::vector<SectionElement> readSections(XmlElement const& root);
 
 /// Reads one element. Its attributes are looked at in a fixed order, so that of several faults always the same one is
 /// reported.

@@ -76,4 +76,10 @@ void ClosestName::offer(char const* candidate) {
     }
 }
 
+std::string closestName(std::string_view given, std::vector<char const*> const& names) {
+    ClosestName closest(given);
+    std::ranges::for_each(names, [&](char const* name) { closest.offer(name); });
+    return closest.get() ? closest.get() : "";
+}
+
 } // namespace kivo::configuration

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace kivo::configuration {
 
@@ -25,5 +27,8 @@ private:
     int mBound; ///< a candidate is of interest only below this number of changes
     char const* mClosest = nullptr;
 };
+
+/// The closest of some names; empty when none is close.
+std::string closestName(std::string_view given, std::vector<char const*> const& names);
 
 } // namespace kivo::configuration

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <iterator>
 #include <utility>
 
 namespace kivo::configuration {
@@ -111,6 +112,12 @@ ValueTypeTraits const& traitsOf(Parameter::ValueType type) {
 std::optional<Parameter::ValueType> findValueType(std::string_view word) {
     auto const* const found = std::ranges::find(VALUE_TYPES, word, &ValueTypeTraits::word);
     return found == std::end(VALUE_TYPES) ? std::nullopt : std::optional(found->type);
+}
+
+std::vector<char const*> getValueTypeWords() {
+    std::vector<char const*> words;
+    std::ranges::transform(VALUE_TYPES, std::back_inserter(words), &ValueTypeTraits::word);
+    return words;
 }
 
 } // namespace kivo::configuration

@@ -5,6 +5,7 @@
 #include <compare>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 namespace kivo::configuration {
 
@@ -26,5 +27,8 @@ ValueTypeTraits const& traitsOf(Parameter::ValueType type);
 
 /// The type that a registry file means by a word, letter by letter; nothing for any other word.
 std::optional<Parameter::ValueType> findValueType(std::string_view word);
+
+/// The words of all types.
+std::vector<char const*> getValueTypeWords();
 
 } // namespace kivo::configuration

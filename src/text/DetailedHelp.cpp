@@ -42,7 +42,7 @@ bool isWordCharacter(char c) {
 }
 
 /// A text of a value, in quotes unless it is a word.
-std::string quoted(char const* text) {
+std::string quotedUnlessWord(char const* text) {
     auto const shown = escapeControls(text);
     bool const isWord = !shown.empty() && std::ranges::all_of(shown, isWordCharacter);
     return isWord ? shown : '"' + shown + '"';
@@ -51,16 +51,18 @@ std::string quoted(char const* text) {
 std::string listLabels(ParameterEnumDefinition const& labels) {
     std::string list;
     for (unsigned long i = 0; i < labels.getNumberOfSymbols(); ++i) {
-        list.append(i > 0 ? ", " : "").append(quoted(labels.getSymbol(i)));
+        list.append(i > 0 ? ", " : "").append(quotedUnlessWord(labels.getSymbol(i)));
     }
     return list;
 }
 
 std::string describeBounds(char const* minimum, char const* maximum) {
     if (minimum && maximum) {
-        return "from " + quoted(minimum) + " to " + quoted(maximum);
+        return "from " + quotedUnlessWord(minimum) + " to " + quotedUnlessWord(maximum);
     }
-    return minimum ? "at least " + quoted(minimum) : maximum ? "at most " + quoted(maximum) : std::string();
+    return minimum   ? "at least " + quotedUnlessWord(minimum)
+           : maximum ? "at most " + quotedUnlessWord(maximum)
+                     : std::string();
 }
 
 /// The default as users read it: a flag that is off, and an empty text, say nothing.
@@ -69,7 +71,7 @@ std::string describeDefault(Parameter const& parameter) {
         return parameter.getDefaultValue()->getBooleanValue(0) ? "true" : "";
     }
     char const* const text = defaultTextOf(parameter);
-    return *text == '\0' ? std::string() : quoted(text);
+    return *text == '\0' ? std::string() : quotedUnlessWord(text);
 }
 
 /// What stands for the value after a name; nothing for a flag.
@@ -254,18 +256,24 @@ bool DetailedHelp::takesDefault(Parameter const& parameter) {
     return applies;
 }
 
-std::string DetailedHelp::compose(std::size_t width) const {
-    auto const indentOf = [](Entry const& entry) { return INDENT * (1 + std::min(entry.depth, DEEPEST)); };
-    std::size_t nameEnd = 0; // of those that do not stand in a line of their own
+std::size_t DetailedHelp::indentOf(Entry const& entry) { return INDENT * (1 + std::min(entry.depth, DEEPEST)); }
+
+/// The column after the names that do not stand in a line of their own; 0 when all do.
+std::size_t DetailedHelp::findNameEnd() const {
+    std::size_t nameEnd = 0;
     for (auto const& section : mSections) {
         for (auto const& entry : section.entries) {
             auto const end = indentOf(entry) + columnsOf(entry.name);
             nameEnd = entry.name.empty() || end > WIDEST_NAME ? nameEnd : std::max(nameEnd, end);
         }
     }
+    return nameEnd;
+}
+
+std::string DetailedHelp::compose(std::size_t width) const {
+    auto const nameEnd = findNameEnd();
     auto const textStart = nameEnd + GAP;
     bool const isBeside = nameEnd > 0 && width >= LEAST_TEXT && width - LEAST_TEXT >= textStart;
-
     std::string text;
     for (auto const& section : mSections) {
         if (section.entries.empty()) {
@@ -275,26 +283,31 @@ std::string DetailedHelp::compose(std::size_t width) const {
         appendHanging(text, section.heading, 0, width);
         appendFacts(text, section.facts, std::min(INDENT, width / 8), width);
         for (auto const& entry : section.entries) {
-            // Where there is little room, there is no room for indentation.
-            auto const indent = isBeside ? indentOf(entry) : std::min(indentOf(entry), width / 4);
-            if (entry.name.empty()) {
-                appendHanging(text, entry.text, indent, width);
-                continue;
-            }
-            auto const start = isBeside ? textStart : indent + std::min(INDENT_BELOW, width / 8);
-            std::string lines;
-            appendLines(lines, entry.text, start, width);
-            appendFacts(lines, entry.facts, start, width);
-            auto const end = indent + columnsOf(entry.name);
-            text.append(indent, ' ').append(entry.name);
-            if (isBeside && end + GAP <= textStart && !lines.empty()) {
-                text.append(textStart - end, ' ').append(lines, textStart);
-            } else {
-                text.append("\n").append(lines);
-            }
+            appendEntry(text, entry, isBeside ? textStart : 0, width);
         }
     }
     return text;
+}
+
+/// Where there is little room, there is no room for indentation.
+/// @param textStart the column of the text beside the name; 0: it stands below the name
+void DetailedHelp::appendEntry(std::string& text, Entry const& entry, std::size_t textStart, std::size_t width) {
+    auto const indent = textStart > 0 ? indentOf(entry) : std::min(indentOf(entry), width / 4);
+    if (entry.name.empty()) {
+        appendHanging(text, entry.text, indent, width);
+        return;
+    }
+    auto const start = textStart > 0 ? textStart : indent + std::min(INDENT_BELOW, width / 8);
+    std::string lines;
+    appendLines(lines, entry.text, start, width);
+    appendFacts(lines, entry.facts, start, width);
+    auto const end = indent + columnsOf(entry.name);
+    text.append(indent, ' ').append(entry.name);
+    if (end + GAP <= textStart && !lines.empty()) {
+        text.append(textStart - end, ' ').append(lines, textStart);
+    } else {
+        text.append("\n").append(lines);
+    }
 }
 
 } // namespace kivo::configuration

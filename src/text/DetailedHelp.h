@@ -59,6 +59,9 @@ private:
         std::vector<Constraint> constraints;
     };
 
+    static std::size_t indentOf(Entry const& entry);
+    static void appendEntry(std::string& text, Entry const& entry, std::size_t textStart, std::size_t width);
+    std::size_t findNameEnd() const;
     void writeHeadings();
     std::string nameOf(Parameter const& parameter) const;
     std::vector<std::string> factsOf(Parameter const& parameter);

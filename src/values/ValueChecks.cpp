@@ -8,6 +8,7 @@
 
 #include "schema/ContractChecks.h"
 #include "schema/Rule.h"
+#include "schema/SecretMask.h"
 #include "schema/StoredOrigin.h"
 #include "schema/ValueTypes.h"
 

@@ -14,9 +14,6 @@ class StoredOrigin;
 /// `<name>: "<text>" is not a valid <type>`; a null name is left out with its colon.
 std::string composeInvalidValueMessage(char const* parameterName, char const* valueText, char const* typeName);
 
-/// Stands for a secret text in reports.
-inline constexpr char const* SECRET_MASK = "****";
-
 /// Checks one text against a type.
 /// @param origin where the text was given
 /// @throws kivo::ContractViolationException "valueText != 0"

@@ -51,8 +51,8 @@ void addInputs(CLI::App& options, Inputs& inputs) {
     auto* const machine = options.add_flag("--machine", inputs.takesMachineConfig,
                                            "Take machine.config in, even if it is for another specification");
     options.add_flag("--no-machine", inputs.leavesOutMachineConfig, "Leave machine.config out")->excludes(machine);
-    options.add_flag("--strict", inputs.isStrict, "The tool takes names that are not known as errors");
-    options.add_flag("--names", inputs.resolvesNames, "The tool takes flags that are shortened");
+    options.add_flag("--strict", inputs.isStrict, "The tool refuses names that it does not know");
+    options.add_flag("--names", inputs.resolvesNames, "The tool accepts shortened flags");
     addGnu(options, inputs.isGnu);
     options
         .add_option("--environment", inputs.environmentPrefix, "The tool reads environment variables of this prefix")

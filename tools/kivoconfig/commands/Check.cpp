@@ -88,7 +88,7 @@ Work prepareCheck(CLI::App& options, Call& call) {
             return check(asked->inputs, call);
         }
         if (areGiven(asked->inputs, call)) {
-            throw CallFault("--all takes neither other files nor arguments nor flags of a request");
+            throw CallFault("--all takes no other inputs");
         }
         auto const findings = checkAll(call);
         reportFindings(findings, call);

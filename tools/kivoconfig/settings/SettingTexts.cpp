@@ -49,6 +49,11 @@ std::string joined(std::vector<std::string> const& labels) {
     return text;
 }
 
+std::string describeType(Parameter::ValueType type) {
+    auto const& row = rowOf(type);
+    return std::string("Type: ") + row.word + (row.forms ? std::string(", such as ") + row.forms : "") + '.';
+}
+
 std::string factsOfMarks(Parameter const& parameter) {
     char const* const deprecation = parameter.getDeprecation();
     return (parameter.isSensitive() ? " Secret: keep it out of command lines, and of files that others can read."
@@ -63,8 +68,7 @@ std::string descriptionOf(ParameterItem const& item) { return printable(collapse
 std::string factsOf(Setting const& setting) {
     auto const& parameter = setting.parameter;
     auto const labels = labelsOf(parameter);
-    std::string facts = labels.empty() ? std::string("Type: ") + rowOf(parameter.getValueType()).word + '.'
-                                       : "One of: " + joined(labels) + '.';
+    std::string facts = labels.empty() ? describeType(parameter.getValueType()) : "One of: " + joined(labels) + '.';
     facts += factOf("At least", parameter.getMinimum()) + factOf("At most", parameter.getMaximum());
     if (!parameter.isOptional()) {
         facts += " Required.";

@@ -16,6 +16,7 @@ struct WholeNumbers {
 struct TypeRow {
     kivo::configuration::Parameter::ValueType type;
     char const* word;    ///< as registry files and manual pages call it
+    char const* forms;   ///< how its texts are written, where users could not guess it; otherwise null
     char const* example; ///< a text of the type; null: there is no typical one
     bool takesEmpty;     ///< whether an empty text is a value
     WholeNumbers range;  ///< of whole numbers; null for all other types
