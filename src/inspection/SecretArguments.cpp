@@ -78,15 +78,16 @@ void SecretArguments::addFlag(std::string_view argument, unsigned long index) {
     mExpected = Expected::NOTHING;
 }
 
-/// A flag may name the sections, too: "--login.pin".
+/// A flag may name the sections, too: "--login.pin". A name may have dots of its own, so each may be the last of these.
 bool SecretArguments::isSecret(std::string_view flag) const {
-    auto const name = flag.substr(flag.rfind('.') + 1);
-    for (auto const text : {flag, name}) {
-        auto const found = text.empty() ? mNames.end() : mNames.lower_bound(text);
+    while (!flag.empty()) {
+        auto const found = mNames.lower_bound(flag);
         if (found != mNames.end() &&
-            (mResolvesNames ? beginsIgnoringCase(*found, text) : equalIgnoringCase(*found, text))) {
+            (mResolvesNames ? beginsIgnoringCase(*found, flag) : equalIgnoringCase(*found, flag))) {
             return true;
         }
+        auto const dot = flag.find('.');
+        flag.remove_prefix(dot == std::string_view::npos ? flag.size() : dot + 1);
     }
     return false;
 }
