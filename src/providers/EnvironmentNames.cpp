@@ -21,6 +21,7 @@ namespace kivo::configuration {
 namespace {
 
 constexpr char const* SECTION_END = "__";
+constexpr std::size_t NO_SECTION = 0; // that is the root, which counts as one that does not repeat
 
 char toVariableCharacter(char character) {
     if (character >= 'a' && character <= 'z') {
@@ -62,9 +63,11 @@ bool EnvironmentNames::visitGroupStart(ParameterGroup const& group) {
     if (mOpenConstraints > 0 || !mSections[around].ids.insert(group.getId()).second) {
         return false;
     }
+    auto const outermost = mSections[around].repeated;
+    auto const repeated = outermost == NO_SECTION && group.isUnbounded() ? mSections.size() : outermost;
     mOpenSections.push_back(mSections.size());
-    mSections.push_back({&group, around, mSections[around].beginning + toVariable(group.getId()) + SECTION_END,
-                         mSections[around].isRepeated || group.isUnbounded()});
+    mSections.push_back(
+        {&group, around, mSections[around].beginning + toVariable(group.getId()) + SECTION_END, repeated});
     return true;
 }
 
@@ -135,10 +138,10 @@ std::unique_ptr<ParameterValueGroup> EnvironmentNames::assign(std::vector<Enviro
     for (auto const& [position, variable] : given) {
         auto const& name = mNames[position];
         StoredOrigin const origin(Origin::ENVIRONMENT_SOURCE, variable->name);
-        if (mSections[name.section].isRepeated) {
+        if (auto const repeated = mSections[name.section].repeated; repeated != NO_SECTION) {
             faults.addFault(Rule::MISPLACED_SETTING, origin,
                             R"("%s" cannot be given in the environment: "%s" may be repeated)",
-                            fullNameOf(name).c_str(), pathOf(name.section).c_str());
+                            fullNameOf(name).c_str(), pathOf(repeated).c_str());
             continue;
         }
         auto section = name.section;
@@ -161,7 +164,7 @@ std::unique_ptr<ParameterValueGroup> EnvironmentNames::assign(std::vector<Enviro
 char const* EnvironmentNames::suggest(std::string_view variable) const {
     ClosestName closest(variable);
     for (auto const& name : mNames) {
-        if (!name.isFormer && !name.parameter->isHidden() && !mSections[name.section].isRepeated) {
+        if (!name.isFormer && !name.parameter->isHidden() && mSections[name.section].repeated == NO_SECTION) {
             closest.offer(name.variable.c_str());
         }
     }
@@ -174,7 +177,8 @@ std::string EnvironmentNames::find(std::vector<char const*> const& ids) const {
         variable.append(i > 0 ? SECTION_END : "").append(toVariable(ids[i]));
     }
     auto const found = mPositions.find(variable);
-    bool const canBeGiven = found != mPositions.end() && !mSections[mNames[found->second].section].isRepeated;
+    bool const canBeGiven =
+        found != mPositions.end() && mSections[mNames[found->second].section].repeated == NO_SECTION;
     return canBeGiven ? variable : std::string();
 }
 

@@ -49,9 +49,9 @@ public:
 private:
     struct Section {
         ParameterGroup const* group;
-        std::size_t around;                                       ///< the root is around itself
-        std::string beginning;                                    ///< of the variables of its settings
-        bool isRepeated = false;                                  ///< it repeats, or one around it, the root left aside
+        std::size_t around;       ///< the root is around itself
+        std::string beginning;    ///< of the variables of its settings
+        std::size_t repeated = 0; ///< the outermost one around its settings that repeats
         std::set<std::string_view, CaseInsensitiveLess> ids = {}; ///< of its settings and sections so far
     };
     struct Name {
