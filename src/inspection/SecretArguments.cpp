@@ -6,6 +6,7 @@
 #include <configuration/ParameterGroup.h>
 #include <configuration/ParameterVisitor.h>
 
+#include "providers/GnuArguments.h"
 #include "schema/SecretMask.h"
 
 #include <algorithm>
@@ -49,15 +50,24 @@ SecretArguments::SecretArguments(ParameterGroup const& root, bool resolvesNames)
 }
 
 void SecretArguments::add(std::string_view argument, unsigned long index) {
-    if (mNames.empty()) {
-        return;
+    bool const isEndOfFlags = argument == END_OF_FLAGS && mExpected == Expected::SECRET;
+    if (mNames.empty() || argument == "-" || isEndOfFlags) {
+        return; // a secret that has to follow may stand after it
     }
-    if (argument.starts_with('-')) {
-        addFlag(argument, index);
-    } else if (mExpected != Expected::NOTHING) {
+    argument.starts_with('-') ? addFlag(argument, index) : addWord(argument, index);
+}
+
+/// A word may be meant as a flag, and the plain style takes it for one: "pin=1234", "pin 1234".
+void SecretArguments::addWord(std::string_view argument, unsigned long index) {
+    auto const sign = argument.find('=');
+    if (mExpected != Expected::NOTHING) {
         mSecrets.insert({index, {std::string(argument), true}});
-        mExpected = Expected::REST_OF_SECRET;
+    } else if (!isSecret(argument.substr(0, sign))) {
+        return;
+    } else if (sign != std::string_view::npos) {
+        mSecrets.insert({index, {std::string(argument), false}});
     }
+    mExpected = Expected::REST_OF_SECRET;
 }
 
 /// What begins with a dash is taken for a secret only where one has to follow: after one, it is the next flag.

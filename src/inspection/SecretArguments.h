@@ -13,8 +13,8 @@ namespace kivo::configuration {
 
 class ParameterGroup;
 
-/// Arguments that are no value of a setting, but show a secret all the same: "-pin=1234" in plain style, "-1234" after
-/// "-pin", and what stands after a blank in a secret text that was not quoted.
+/// Arguments that are no value of a setting, but show a secret all the same: "-pin=1234" in plain style, "pin=1234",
+/// "-1234" after "-pin", and what stands after a blank in a secret text that was not quoted.
 class SecretArguments {
 public:
     /// @param root          of the specification
@@ -40,6 +40,7 @@ private:
 
     bool isSecret(std::string_view flag) const;
     void addFlag(std::string_view argument, unsigned long index);
+    void addWord(std::string_view argument, unsigned long index);
     Secret const* find(StoredOrigin const& origin) const;
 
     std::set<std::string, CaseInsensitiveLess> mNames; ///< of the secret settings, ids and former names as well
