@@ -74,9 +74,9 @@ std::string describeDefault(Parameter const& parameter) {
     return *text == '\0' ? std::string() : quotedUnlessWord(text);
 }
 
-/// What stands for the value after a name; nothing for a flag.
+/// What stands for the value after a name; nothing for a flag. Only an optional bool can do without a value.
 std::string placeholderOf(Parameter const& parameter) {
-    if (parameter.getValueType() == Parameter::BOOLEAN_PARAMETER) {
+    if (parameter.getValueType() == Parameter::BOOLEAN_PARAMETER && parameter.isOptional()) {
         return {};
     }
     char const* const name = parameter.getValueName();

@@ -60,10 +60,10 @@ std::string capitals(std::string text) {
     return text;
 }
 
-/// The name and the placeholder of a setting, as arguments of a macro. A bool needs no value.
+/// The name and the placeholder of a setting, as arguments of a macro. An optional bool needs no value.
 std::string nameAndValue(Parameter const& parameter, std::string const& name) {
     auto const value = valueNameOf(parameter);
-    bool const hasValue = parameter.getValueType() != Parameter::BOOLEAN_PARAMETER;
+    bool const hasValue = parameter.getValueType() != Parameter::BOOLEAN_PARAMETER || !parameter.isOptional();
     return mdocArgument(name) + (hasValue ? " Ar " + mdocArgument(value.empty() ? "value" : value) : "");
 }
 
