@@ -15,26 +15,21 @@ namespace kivo::configuration {
 
 namespace {
 
-using Names = std::set<std::string, CaseInsensitiveLess>;
-
-/// Collects the names by which flags can mean a secret setting.
-class SecretNames final : public ParameterVisitor {
+/// Visits the secret settings.
+template <class OnSetting>
+class SecretSettings final : public ParameterVisitor {
 public:
-    explicit SecretNames(Names& names) : mNames(names) {}
+    explicit SecretSettings(OnSetting onSetting) : mOnSetting(onSetting) {}
 
     bool visitParameter(Parameter const& parameter) override {
         if (parameter.isSensitive()) {
-            mNames.insert(parameter.getId());
-            mNames.insert(parameter.getName());
-            if (char const* const formerName = parameter.getFormerName()) {
-                mNames.insert(formerName);
-            }
+            mOnSetting(parameter);
         }
         return true;
     }
 
 private:
-    Names& mNames;
+    OnSetting mOnSetting;
 };
 
 /// A text up to its equals sign, and the mask.
@@ -45,8 +40,17 @@ std::string maskValue(std::string_view text) {
 } // namespace
 
 SecretArguments::SecretArguments(ParameterGroup const& root, bool resolvesNames) : mResolvesNames(resolvesNames) {
-    SecretNames collector(mNames);
-    root.accept(collector);
+    SecretSettings settings([this](Parameter const& parameter) {
+        bool const isSwitch = parameter.isOptional() && parameter.getValueType() == Parameter::BOOLEAN_PARAMETER;
+        auto const expected = isSwitch ? Expected::REST_OF_SECRET : Expected::SECRET;
+        for (auto const* name : {parameter.getId(), parameter.getName(), parameter.getFormerName()}) {
+            if (name) {
+                auto& known = mNames[name];
+                known = std::max(known, expected);
+            }
+        }
+    });
+    root.accept(settings);
 }
 
 void SecretArguments::add(std::string_view argument, unsigned long index) {
@@ -62,7 +66,7 @@ void SecretArguments::addWord(std::string_view argument, unsigned long index) {
     auto const sign = argument.find('=');
     if (mExpected != Expected::NOTHING) {
         mSecrets.insert({index, {std::string(argument), true}});
-    } else if (!isSecret(argument.substr(0, sign))) {
+    } else if (expectedAfter(argument.substr(0, sign)) == Expected::NOTHING) {
         return;
     } else if (sign != std::string_view::npos) {
         mSecrets.insert({index, {std::string(argument), false}});
@@ -75,11 +79,12 @@ void SecretArguments::addFlag(std::string_view argument, unsigned long index) {
     auto const dashes = std::min(argument.find_first_not_of('-'), argument.size());
     auto const sign = argument.find('=');
     bool const hasValue = sign != std::string_view::npos;
-    if (isSecret(argument.substr(dashes, hasValue ? sign - dashes : sign))) {
+    auto const expected = expectedAfter(argument.substr(dashes, hasValue ? sign - dashes : sign));
+    if (expected != Expected::NOTHING) {
         if (hasValue) {
             mSecrets.insert({index, {std::string(argument), false}});
         }
-        mExpected = hasValue ? Expected::REST_OF_SECRET : Expected::SECRET;
+        mExpected = hasValue ? Expected::REST_OF_SECRET : expected;
         return;
     }
     if (mExpected == Expected::SECRET) {
@@ -89,17 +94,19 @@ void SecretArguments::addFlag(std::string_view argument, unsigned long index) {
 }
 
 /// A flag may name the sections, too: "--login.pin". A name may have dots of its own, so each may be the last of these.
-bool SecretArguments::isSecret(std::string_view flag) const {
+SecretArguments::Expected SecretArguments::expectedAfter(std::string_view flag) const {
+    auto expected = Expected::NOTHING;
     while (!flag.empty()) {
-        auto const found = mNames.lower_bound(flag);
-        if (found != mNames.end() &&
-            (mResolvesNames ? beginsIgnoringCase(*found, flag) : equalIgnoringCase(*found, flag))) {
-            return true;
+        auto const isMeant = [&](std::string const& name) {
+            return mResolvesNames ? beginsIgnoringCase(name, flag) : equalIgnoringCase(name, flag);
+        };
+        for (auto each = mNames.lower_bound(flag); each != mNames.end() && isMeant(each->first); ++each) {
+            expected = std::max(expected, each->second);
         }
         auto const dot = flag.find('.');
         flag.remove_prefix(dot == std::string_view::npos ? flag.size() : dot + 1);
     }
-    return false;
+    return expected;
 }
 
 SecretArguments::Secret const* SecretArguments::find(StoredOrigin const& origin) const {

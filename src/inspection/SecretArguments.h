@@ -5,7 +5,6 @@
 
 #include <map>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 
@@ -30,20 +29,21 @@ public:
     std::optional<std::string> maskedName(StoredOrigin const& origin, std::string_view name) const;
 
 private:
-    /// What the arguments before leave open.
-    enum class Expected { NOTHING, SECRET, REST_OF_SECRET };
+    /// What the arguments before leave open. After an optional bool there need not be a value.
+    enum class Expected { NOTHING, REST_OF_SECRET, SECRET };
 
     struct Secret {
         std::string argument;
         bool isAll; ///< otherwise what stands after the equals sign
     };
 
-    bool isSecret(std::string_view flag) const;
+    Expected expectedAfter(std::string_view flag) const;
     void addFlag(std::string_view argument, unsigned long index);
     void addWord(std::string_view argument, unsigned long index);
     Secret const* find(StoredOrigin const& origin) const;
 
-    std::set<std::string, CaseInsensitiveLess> mNames; ///< of the secret settings, ids and former names as well
+    /// What is expected after the names of the secret settings, and after their ids and former names.
+    std::map<std::string, Expected, CaseInsensitiveLess> mNames;
     bool mResolvesNames;
     Expected mExpected = Expected::NOTHING;
     std::map<unsigned long, Secret> mSecrets; ///< by index
