@@ -50,6 +50,15 @@ void replaceAll(std::string& text, std::string_view placeholder, std::string con
     }
 }
 
+/// A shell runs what stands on standard output: no finding may get there, which could hold any text.
+void requireSpecification(std::string const& id) {
+    try {
+        findSpecification(id);
+    } catch (RegistryFault const&) {
+        throw CallFault("the registry does not load; kivoconfig lint says why");
+    }
+}
+
 } // namespace
 
 Work prepareCompletion(CLI::App& options, Call& call) {
@@ -65,7 +74,7 @@ Work prepareCompletion(CLI::App& options, Call& call) {
     addGnu(options, given->isGnu);
     return [&call, given] {
         requirePlainName(given->tool);
-        findSpecification(call.specification);
+        requireSpecification(call.specification);
         std::string script = given->shell == "bash" ? BASH_SCRIPT : ZSH_SCRIPT;
         replaceAll(script, "%FUNCTION%", functionOf(given->tool));
         replaceAll(script, "%TOOL%", given->tool);
