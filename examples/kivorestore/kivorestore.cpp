@@ -36,6 +36,7 @@ int restore(int argc, char const* const* argv) {
     Manager& manager = *Manager::getInstance();
     Specification const& specification = *describeRestore(manager);
     manager.setCommandLineStyle(GNU_COMMAND_LINE);
+    manager.setVersionText("kivorestore 1.0");
     manager.enableConfiguration(false, nullptr, static_cast<unsigned int>(argc), argv);
     manager.enableEnvironment("KIVORESTORE");
     manager.setApplicationValues(restoreValues(), 0);
@@ -48,6 +49,10 @@ int restore(int argc, char const* const* argv) {
         return explain(specification);
     }
     ValueGroup const settings = manager.getValueGroup(specification.getId(), true, FLAGS);
+    if (toolkit::isSet(settings, "version")) {
+        std::cout << manager.getVersionText() << '\n';
+        return 0;
+    }
     if (toolkit::isSet(settings, "explain")) { // given in a short form, or in a file
         return explain(specification);
     }

@@ -87,7 +87,8 @@ public:
     ///
     /// A given text outside the bounds is a fault such as `<name>: "0" is less than the minimum "1"`. The bounds are
     /// checked after the type and before the validator, which is asked all the same. They are silent on a text that is
-    /// no value of the type, and on an empty default. An empty text that the type takes for 0 is compared as 0.
+    /// no value of the type, and on an empty default. An empty text that the type takes for 0 is compared as 0. The
+    /// double "nan" is outside any bounds: `<name>: "nan" is not a number`.
     /// @throws kivo::ContractViolationException "minimum != 0"
     /// @throws ConfigurationException "\"<name>\" is not a parameter for numbers"
     /// @throws ConfigurationParameterException "\"<minimum>\" is not a valid minimum for parameter \"<name>\"" for a

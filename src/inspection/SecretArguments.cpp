@@ -7,6 +7,7 @@
 #include <configuration/ParameterVisitor.h>
 
 #include "providers/GnuArguments.h"
+#include "schema/NameSuggestion.h"
 #include "schema/SecretMask.h"
 
 #include <algorithm>
@@ -14,6 +15,9 @@
 namespace kivo::configuration {
 
 namespace {
+
+/// With so many secret names, at most, an unknown one is compared.
+constexpr std::size_t MOST_COMPARED = 1000;
 
 /// Visits the secret settings.
 template <class OnSetting>
@@ -32,9 +36,11 @@ private:
     OnSetting mOnSetting;
 };
 
-/// A text up to its equals sign, and the mask.
-std::string maskValue(std::string_view text) {
-    return std::string(text.substr(0, text.find('=') + 1)).append(SECRET_MASK);
+/// A text up to its equals sign, and the mask; nothing for a text without one.
+std::optional<std::string> maskValue(std::string_view text) {
+    auto const sign = text.find('=');
+    return sign == std::string_view::npos ? std::nullopt
+                                          : std::optional(std::string(text.substr(0, sign + 1)).append(SECRET_MASK));
 }
 
 } // namespace
@@ -79,7 +85,8 @@ void SecretArguments::addFlag(std::string_view argument, unsigned long index) {
     auto const dashes = std::min(argument.find_first_not_of('-'), argument.size());
     auto const sign = argument.find('=');
     bool const hasValue = sign != std::string_view::npos;
-    auto const expected = expectedAfter(argument.substr(dashes, hasValue ? sign - dashes : sign));
+    auto const name = argument.substr(dashes, hasValue ? sign - dashes : sign);
+    auto const expected = expectedAfter(name);
     if (expected != Expected::NOTHING) {
         if (hasValue) {
             mSecrets.insert({index, {std::string(argument), false}});
@@ -87,10 +94,24 @@ void SecretArguments::addFlag(std::string_view argument, unsigned long index) {
         mExpected = hasValue ? Expected::REST_OF_SECRET : expected;
         return;
     }
-    if (mExpected == Expected::SECRET) {
-        mSecrets.insert({index, {std::string(argument), true}});
+    bool const isAll = mExpected == Expected::SECRET;
+    if (isAll || (hasValue && isNearlySecret(name))) {
+        mSecrets.insert({index, {std::string(argument), isAll}});
     }
-    mExpected = Expected::NOTHING;
+    mExpected = isAll ? Expected::REST_OF_SECRET : Expected::NOTHING;
+}
+
+/// Whether a name that is not known was probably meant as that of a secret setting.
+bool SecretArguments::isNearlySecret(std::string_view name) const {
+    if (mNames.size() > MOST_COMPARED) {
+        return true; // nobody should wait for a comparison with all
+    }
+    ClosestName closest(name);
+    for (auto const& each : mNames) {
+        closest.offer(each.first.c_str());
+    }
+    auto const next = mNames.lower_bound(name);
+    return closest.get() || (next != mNames.end() && !name.empty() && beginsIgnoringCase(next->first, name));
 }
 
 /// A flag may name the sections, too: "--login.pin". A name may have dots of its own, so each may be the last of these.
@@ -100,7 +121,8 @@ SecretArguments::Expected SecretArguments::expectedAfter(std::string_view flag) 
         auto const isMeant = [&](std::string const& name) {
             return mResolvesNames ? beginsIgnoringCase(name, flag) : equalIgnoringCase(name, flag);
         };
-        for (auto each = mNames.lower_bound(flag); each != mNames.end() && isMeant(each->first); ++each) {
+        for (auto each = mNames.lower_bound(flag);
+             each != mNames.end() && isMeant(each->first) && expected != Expected::SECRET; ++each) {
             expected = std::max(expected, each->second);
         }
         auto const dot = flag.find('.');
@@ -125,7 +147,7 @@ std::optional<std::string> SecretArguments::maskedName(StoredOrigin const& origi
     if (!secret) {
         return std::nullopt;
     }
-    return secret->isAll ? SECRET_MASK : maskValue(name);
+    return secret->isAll ? std::optional<std::string>(SECRET_MASK) : maskValue(name);
 }
 
 } // namespace kivo::configuration

@@ -38,6 +38,7 @@ private:
     };
 
     Expected expectedAfter(std::string_view flag) const;
+    bool isNearlySecret(std::string_view name) const;
     void addFlag(std::string_view argument, unsigned long index);
     void addWord(std::string_view argument, unsigned long index);
     Secret const* find(StoredOrigin const& origin) const;
