@@ -6,7 +6,8 @@ _kivoconfig_arguments() {
     source <(kivoconfig completion bash arguments "${COMP_WORDS[2]}" "${@:2}" 2>/dev/null)
     declare -F _kivoconfig_complete_arguments >/dev/null || return
     complete -r arguments # there is no such command
-    COMP_LINE="arguments ${COMP_LINE#*[[:space:]]--[[:space:]]}"
+    local line=${COMP_LINE:0:COMP_POINT}
+    COMP_LINE="arguments ${line#*[[:space:]]--[[:space:]]}"
     COMP_POINT=${#COMP_LINE}
     COMP_WORDS=(arguments "${COMP_WORDS[@]:$1+1}")
     ((COMP_CWORD -= $1))

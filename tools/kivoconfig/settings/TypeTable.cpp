@@ -20,6 +20,8 @@ constexpr char const* NO_DURATION = R"(<xs:pattern value="0+"/>)";
 constexpr char const* DURATION =
     R"(<xs:pattern value="([0-9]+d)?([0-9]+h)?([0-9]+m)?([0-9]+s)?([0-9]+ms)?"/><xs:minLength value="1"/>)";
 
+constexpr WholeNumbers LONG_NUMBERS = {"-9223372036854775808", "9223372036854775807"};
+
 constexpr TypeRow TYPES[] = {
     // type, word, forms, example, empty, least and most number, or base and patterns
     {Parameter::BOOLEAN_PARAMETER, "bool", nullptr, "true", true, {}, "xs:string", {BOOLEAN}},
@@ -29,14 +31,7 @@ constexpr TypeRow TYPES[] = {
     {Parameter::DOUBLE_PARAMETER, "double", nullptr, "0", true, {}, "xs:string", {DECIMAL, HEXADECIMAL, NO_NUMBER}},
     {Parameter::OID_PARAMETER, "oid", "1-2-3-4", "0-0-0-0", false, {}, "xs:string", {OID}},
     {Parameter::ENUM_PARAMETER, "enum", nullptr, nullptr, true, {}, nullptr, {}},
-    {Parameter::LONG_PARAMETER,
-     "long",
-     nullptr,
-     "0",
-     false,
-     {"-9223372036854775808", "9223372036854775807"},
-     "xs:integer",
-     {}},
+    {Parameter::LONG_PARAMETER, "long", nullptr, "0", false, LONG_NUMBERS, "xs:integer", {}},
     {Parameter::ULONG_PARAMETER, "ulong", nullptr, "0", false, {"0", "18446744073709551615"}, "xs:integer", {}},
     {Parameter::SIZE_PARAMETER, "size", "64k or 1.5 GB", "0", false, {}, "xs:string", {SIZE}},
     {Parameter::DURATION_PARAMETER, "duration", "90s or 1d12h", "0", false, {}, "xs:string", {NO_DURATION, DURATION}},

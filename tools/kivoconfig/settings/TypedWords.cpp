@@ -71,8 +71,7 @@ void TypedWords::read(std::string const& word) {
     if (mHasFlagBefore) {
         readFlag(word.substr(0, end));
         bool const isComplete =
-            end != std::string::npos || (isGnu() && mFlagBefore && isSwitch(mFlagBefore->setting.parameter) &&
-                                         mFlagBefore->setting.parameter.isOptional());
+            end != std::string::npos || (isGnu() && mFlagBefore && isSwitch(mFlagBefore->setting.parameter));
         mHasFlagBefore = !isComplete;
     }
 }
@@ -129,6 +128,8 @@ std::vector<TypedWords::Flag const*> TypedWords::findFurtherFlags() const {
     return further;
 }
 
-bool isSwitch(Parameter const& parameter) { return parameter.getValueType() == Parameter::BOOLEAN_PARAMETER; }
+bool isSwitch(Parameter const& parameter) {
+    return parameter.isOptional() && parameter.getValueType() == Parameter::BOOLEAN_PARAMETER;
+}
 
 } // namespace kivoconfig
