@@ -60,17 +60,16 @@ bool parse(CLI::App& options, std::vector<std::string> words, std::ostream& out)
 
 } // namespace
 
-CLI::Option* addSpecification(CLI::App& options, Call& call) {
-    auto* const added = options.add_option("SPEC", call.specification, "Id of a specification (kivoconfig list)");
-    return added->required();
+CommandOption addSpecification(CommandOptions& options, Call& call) {
+    return options.addText("SPEC", call.specification, "Id of a specification (kivoconfig list)").require();
 }
 
-CLI::Option* addJson(CLI::App& options, Call& call) {
-    return options.add_flag("--json", call.isJson, "Print one JSON document instead of text");
+CommandOption addJson(CommandOptions& options, Call& call) {
+    return options.addFlag("--json", call.isJson, "Print one JSON document instead of text");
 }
 
-void addFatalWarnings(CLI::App& options, Call& call) {
-    options.add_flag("--fatal-warnings", call.areWarningsFatal, "End with 1 for warnings, too");
+void addFatalWarnings(CommandOptions& options, Call& call) {
+    options.addFlag("--fatal-warnings", call.areWarningsFatal, "End with 1 for warnings, too");
 }
 
 ExitStatus answer(std::vector<std::string> words, Call& call) {
@@ -96,7 +95,8 @@ ExitStatus answer(std::vector<std::string> words, Call& call) {
         auto* const added = options.add_subcommand(command.name, command.summary);
         added->group("Commands")->footer("");
         if (asked == &command) {
-            work = command.prepare(*added, call);
+            CommandOptions taken(*added);
+            work = command.prepare(taken, call);
         }
     }
     return parse(options, std::move(words), call.out) ? work() : NO_ERROR_FOUND;

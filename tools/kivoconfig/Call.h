@@ -1,15 +1,11 @@
 #pragma once
 
+#include "CommandOptions.h"
 #include "ExitStatus.h"
 
 #include <ostream>
 #include <string>
 #include <vector>
-
-namespace CLI {
-class App;
-class Option;
-} // namespace CLI
 
 namespace kivoconfig {
 
@@ -24,11 +20,11 @@ struct Call {
 };
 
 /// Adds the argument SPEC, which is required.
-CLI::Option* addSpecification(CLI::App& options, Call& call);
+CommandOption addSpecification(CommandOptions& options, Call& call);
 /// Adds the option --json.
-CLI::Option* addJson(CLI::App& options, Call& call);
+CommandOption addJson(CommandOptions& options, Call& call);
 /// Adds the option --fatal-warnings.
-void addFatalWarnings(CLI::App& options, Call& call);
+void addFatalWarnings(CommandOptions& options, Call& call);
 
 /// Does what the command line of kivoconfig asks for.
 /// @throws CallFault, RegistryFault, std::ios_base::failure; what the library throws

@@ -3,16 +3,16 @@
 namespace kivoconfig {
 
 // Each is defined in a file of its own, commands/<Command>.cpp.
-Work prepareCheck(CLI::App& options, Call& call);
-Work prepareComplete(CLI::App& options, Call& call);
-Work prepareCompletion(CLI::App& options, Call& call);
-Work prepareDump(CLI::App& options, Call& call);
-Work prepareExplain(CLI::App& options, Call& call);
-Work prepareLint(CLI::App& options, Call& call);
-Work prepareList(CLI::App& options, Call& call);
-Work prepareManual(CLI::App& options, Call& call);
-Work prepareSchema(CLI::App& options, Call& call);
-Work prepareTemplate(CLI::App& options, Call& call);
+Work prepareCheck(CommandOptions& options, Call& call);
+Work prepareComplete(CommandOptions& options, Call& call);
+Work prepareCompletion(CommandOptions& options, Call& call);
+Work prepareDump(CommandOptions& options, Call& call);
+Work prepareExplain(CommandOptions& options, Call& call);
+Work prepareLint(CommandOptions& options, Call& call);
+Work prepareList(CommandOptions& options, Call& call);
+Work prepareManual(CommandOptions& options, Call& call);
+Work prepareSchema(CommandOptions& options, Call& call);
+Work prepareTemplate(CommandOptions& options, Call& call);
 
 std::span<Command const> allCommands() {
     constexpr bool TAKES_ARGUMENTS = true;

@@ -16,7 +16,7 @@ struct Command {
     char const* name;
     char const* summary;
     /// Adds the command's options. What it returns is called once when they are read; the call outlives it.
-    Work (*prepare)(CLI::App& options, Call& call);
+    Work (*prepare)(CommandOptions& options, Call& call);
     /// Whether it looks at arguments of the tool in question, which stand after "--".
     bool takesArguments = false;
     /// Whether the command prints nothing and succeeds when anything is wrong.

@@ -7,8 +7,6 @@
 #include <configuration/Flags.h>
 #include <configuration/Specification.h>
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 
 using namespace kivo::configuration;
@@ -40,25 +38,24 @@ std::string checkPrefix(std::string const& prefix) {
 
 } // namespace
 
-void addGnu(CLI::App& options, bool& isGnu) {
-    options.add_flag("--gnu", isGnu, "The tool's command line is in GNU style");
+void addGnu(CommandOptions& options, bool& isGnu) {
+    options.addFlag("--gnu", isGnu, "The tool's command line is in GNU style");
 }
 
-void addInputs(CLI::App& options, Inputs& inputs) {
-    options.add_option("--config", inputs.applicationFile, "The values file that the tool itself reads")
-        ->check([](std::string const& file) { return std::string(file.empty() ? "the name of a file is empty" : ""); })
-        ->type_name("FILE");
-    auto* const machine = options.add_flag("--machine", inputs.takesMachineConfig,
-                                           "Take machine.config in, even if it is for another specification");
-    options.add_flag("--no-machine", inputs.leavesOutMachineConfig, "Leave machine.config out")->excludes(machine);
-    options.add_flag("--strict", inputs.isStrict, "The tool refuses names that it does not know");
-    options.add_flag("--names", inputs.resolvesNames, "The tool accepts shortened flags");
+void addInputs(CommandOptions& options, Inputs& inputs) {
+    options.addText("--config", inputs.applicationFile, "The values file that the tool itself reads")
+        .check([](std::string const& file) { return std::string(file.empty() ? "the name of a file is empty" : ""); })
+        .showAs("FILE");
+    auto const machine = options.addFlag("--machine", inputs.takesMachineConfig,
+                                         "Take machine.config in, even if it is for another specification");
+    options.addFlag("--no-machine", inputs.leavesOutMachineConfig, "Leave machine.config out").exclude(machine);
+    options.addFlag("--strict", inputs.isStrict, "The tool refuses names that it does not know");
+    options.addFlag("--names", inputs.resolvesNames, "The tool accepts shortened flags");
     addGnu(options, inputs.isGnu);
-    options
-        .add_option("--environment", inputs.environmentPrefix, "The tool reads environment variables of this prefix")
-        ->check(checkPrefix)
-        ->type_name("PREFIX");
-    options.footer(
+    options.addText("--environment", inputs.environmentPrefix, "The tool reads environment variables of this prefix")
+        .check(checkPrefix)
+        .showAs("PREFIX");
+    options.setFooter(
         "After \"--\" stand the arguments of the tool, without its name. Without \"--\" nothing counts as missing.");
 }
 

@@ -5,16 +5,13 @@
 
 #include <string>
 
-namespace CLI {
-class App;
-} // namespace CLI
-
 namespace kivo::configuration {
 class Specification;
 } // namespace kivo::configuration
 
 namespace kivoconfig {
 
+class CommandOptions;
 struct Call;
 
 /// What the tool in question would be started with, as options of kivoconfig say it. The tool's arguments are in the
@@ -30,10 +27,10 @@ struct Inputs {
 };
 
 /// Adds the option "--gnu", which says how the arguments of the tool in question are written.
-void addGnu(CLI::App& options, bool& isGnu);
+void addGnu(CommandOptions& options, bool& isGnu);
 
 /// Adds the options for inputs. They outlive the reading of the options.
-void addInputs(CLI::App& options, Inputs& inputs);
+void addInputs(CommandOptions& options, Inputs& inputs);
 
 /// Whether any input is given, the tool's arguments included.
 bool areGiven(Inputs const& inputs, Call const& call);

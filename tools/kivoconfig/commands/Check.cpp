@@ -9,8 +9,6 @@
 
 #include <configuration/Specification.h>
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <iterator>
 #include <memory>
@@ -73,10 +71,10 @@ std::vector<Finding> checkAll(Call const& call) {
 
 } // namespace
 
-Work prepareCheck(CLI::App& options, Call& call) {
+Work prepareCheck(CommandOptions& options, Call& call) {
     auto const asked = std::make_shared<Options>();
-    addSpecification(options, call)->required(false);
-    options.add_flag("--all", asked->isForAll, "Check every specification, with machine.config for the one it is for");
+    addSpecification(options, call).require(false);
+    options.addFlag("--all", asked->isForAll, "Check every specification, with machine.config for the one it is for");
     addInputs(options, asked->inputs);
     addFatalWarnings(options, call);
     addJson(options, call);

@@ -33,7 +33,7 @@ public:
         for (auto const* flag : mWords.findFurtherFlags()) {
             auto const& parameter = flag->setting.parameter;
             addFlag(flag->name, descriptionOf(parameter));
-            if (mIsGnu && isSwitch(parameter) && parameter.isOptional() && mWords.getLast().size() > 2) {
+            if (mIsGnu && isSwitch(parameter) && mWords.getLast().size() > 2) {
                 addFlag("no-" + flag->name, descriptionOf(parameter));
             }
             declaresHelp = declaresHelp || folded(flag->name) == "help";
@@ -102,7 +102,7 @@ std::string findCandidates(Call const& call, bool isGnu) {
 
 } // namespace
 
-Work prepareComplete(CLI::App& options, Call& call) {
+Work prepareComplete(CommandOptions& options, Call& call) {
     auto const isGnu = std::make_shared<bool>(false);
     addSpecification(options, call);
     addGnu(options, *isGnu);

@@ -7,8 +7,6 @@
 #include "Installation.h"
 #include "completion/Scripts.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <cctype>
 #include <memory>
@@ -61,15 +59,15 @@ void requireSpecification(std::string const& id) {
 
 } // namespace
 
-Work prepareCompletion(CLI::App& options, Call& call) {
+Work prepareCompletion(CommandOptions& options, Call& call) {
     struct Arguments {
         std::string shell;
         std::string tool;
         bool isGnu = false;
     };
     auto const given = std::make_shared<Arguments>();
-    options.add_option("SHELL", given->shell, "bash or zsh")->required()->check(CLI::IsMember({"bash", "zsh"}));
-    options.add_option("TOOL", given->tool, "Name by which the tool is called")->required();
+    options.addText("SHELL", given->shell, "bash or zsh").require().accept({"bash", "zsh"});
+    options.addText("TOOL", given->tool, "Name by which the tool is called").require();
     addSpecification(options, call);
     addGnu(options, given->isGnu);
     return [&call, given] {

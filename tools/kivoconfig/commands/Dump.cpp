@@ -15,8 +15,6 @@
 #include <configuration/Parameter.h>
 #include <configuration/Specification.h>
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <iostream>
 #include <memory>
@@ -111,12 +109,12 @@ ExitStatus dump(Specification const& specification, Options const& options, Call
 
 } // namespace
 
-Work prepareDump(CLI::App& options, Call& call) {
+Work prepareDump(CommandOptions& options, Call& call) {
     auto const given = std::make_shared<Options>();
     addSpecification(options, call);
     addInputs(options, given->inputs);
-    options.add_flag("--all", given->takesDefaults, "Write defaults as values, too");
-    options.add_flag("--secrets", given->showsSecrets, "Write secret values, too");
+    options.addFlag("--all", given->takesDefaults, "Write defaults as values, too");
+    options.addFlag("--secrets", given->showsSecrets, "Write secret values, too");
     addJson(options, call);
     return [&call, given] {
         auto const& specification = findSpecification(call.specification);

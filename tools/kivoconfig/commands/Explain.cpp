@@ -14,8 +14,6 @@
 
 #include <configuration/InspectionReport.h>
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <iostream>
 #include <memory>
@@ -150,19 +148,19 @@ ExitStatus explain(Options const& options, Call& call) {
 
 } // namespace
 
-Work prepareExplain(CLI::App& options, Call& call) {
+Work prepareExplain(CommandOptions& options, Call& call) {
     auto const asked = std::make_shared<Options>();
     addSpecification(options, call);
-    auto* const setting =
-        options.add_option("--setting", asked->names,
-                           "Explain this setting only: its full name, or the last part if that is unique; may be given "
-                           "several times");
-    setting->allow_extra_args(false)->type_name("NAME");
-    auto* const value = options.add_flag("--value", asked->showsValuesOnly, "Print bare values, one a line");
-    options.add_flag("--changed", asked->showsChangedOnly, "Leave out settings that have only their default");
+    auto setting =
+        options.addTexts("--setting", asked->names,
+                         "Explain this setting only: its full name, or the last part if that is unique; may be given "
+                         "several times");
+    setting.showAs("NAME");
+    auto value = options.addFlag("--value", asked->showsValuesOnly, "Print bare values, one a line");
+    options.addFlag("--changed", asked->showsChangedOnly, "Leave out settings that have only their default");
     addInputs(options, asked->inputs);
     addFatalWarnings(options, call);
-    value->needs(setting)->excludes(addJson(options, call));
+    value.need(setting).exclude(addJson(options, call));
     return [&call, asked] { return explain(*asked, call); };
 }
 

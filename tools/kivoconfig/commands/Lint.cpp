@@ -5,17 +5,15 @@
 
 #include <configuration/RegistryInspection.h>
 
-#include <CLI/CLI.hpp>
-
 #include <memory>
 
 using namespace kivo::configuration;
 
 namespace kivoconfig {
 
-Work prepareLint(CLI::App& options, Call& call) {
+Work prepareLint(CommandOptions& options, Call& call) {
     auto const files = std::make_shared<std::vector<std::string>>();
-    options.add_option("FILE", *files, "A registry file, in the place of the installation's of its name, or added");
+    options.addTexts("FILE", *files, "A registry file, in the place of the installation's of its name, or added");
     addFatalWarnings(options, call);
     addJson(options, call);
     return [&call, files] {

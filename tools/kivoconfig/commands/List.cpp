@@ -37,7 +37,7 @@ void writeDocument(std::ostream& out) {
 
 } // namespace
 
-Work prepareList(CLI::App& options, Call& call) {
+Work prepareList(CommandOptions& options, Call& call) {
     addJson(options, call);
     return [&call] {
         call.isJson ? writeDocument(call.out) : writeText(call.out);

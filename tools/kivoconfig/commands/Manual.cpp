@@ -5,6 +5,7 @@
 #include "Inputs.h"
 #include "Installation.h"
 #include "settings/SettingTexts.h"
+#include "settings/TypedWords.h"
 #include "text/Characters.h"
 #include "text/CodePage.h"
 #include "text/Mdoc.h"
@@ -12,8 +13,6 @@
 #include <configuration/Parameter.h>
 #include <configuration/ParameterGroup.h>
 #include <configuration/Specification.h>
-
-#include <CLI/CLI.hpp>
 
 #include <charconv>
 #include <cstdlib>
@@ -63,7 +62,7 @@ std::string capitals(std::string text) {
 /// The name and the placeholder of a setting, as arguments of a macro. An optional bool needs no value.
 std::string nameAndValue(Parameter const& parameter, std::string const& name) {
     auto const value = valueNameOf(parameter);
-    bool const hasValue = parameter.getValueType() != Parameter::BOOLEAN_PARAMETER || !parameter.isOptional();
+    bool const hasValue = !isSwitch(parameter);
     return mdocArgument(name) + (hasValue ? " Ar " + mdocArgument(value.empty() ? "value" : value) : "");
 }
 
@@ -227,13 +226,12 @@ void writePage(std::ostream& out, Specification const& specification, int sectio
 
 } // namespace
 
-Work prepareManual(CLI::App& options, Call& call) {
+Work prepareManual(CommandOptions& options, Call& call) {
     auto const section = std::make_shared<int>(1);
     auto const isGnu = std::make_shared<bool>(false);
     addSpecification(options, call);
-    options.add_option("--section", *section, "Section of the manual that the page is for; 1 if it is not given")
-        ->check(CLI::Range(1, 9))
-        ->type_name("N");
+    options.addNumber("--section", *section, 1, 9, "Section of the manual that the page is for; 1 if it is not given")
+        .showAs("N");
     addGnu(options, *isGnu);
     return [&call, section, isGnu] {
         writePage(call.out, findSpecification(call.specification), *section, *isGnu);

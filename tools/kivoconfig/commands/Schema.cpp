@@ -15,8 +15,6 @@
 #include <configuration/ParameterGroup.h>
 #include <configuration/Specification.h>
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <memory>
 
@@ -178,10 +176,10 @@ ExitStatus writeSchema(Call& call) {
 
 } // namespace
 
-Work prepareSchema(CLI::App& options, Call& call) {
+Work prepareSchema(CommandOptions& options, Call& call) {
     auto const ofRegistry = std::make_shared<bool>(false);
-    addSpecification(options, call)->required(false);
-    options.add_flag("--registry", *ofRegistry, "Write the schema of registry files instead");
+    addSpecification(options, call).require(false);
+    options.addFlag("--registry", *ofRegistry, "Write the schema of registry files instead");
     return [&call, ofRegistry] {
         if (*ofRegistry == !call.specification.empty()) {
             throw CallFault("either SPEC or --registry is required");

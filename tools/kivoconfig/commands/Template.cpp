@@ -138,7 +138,7 @@ private:
 
 } // namespace
 
-Work prepareTemplate(CLI::App& options, Call& call) {
+Work prepareTemplate(CommandOptions& options, Call& call) {
     addSpecification(options, call);
     return [&call] {
         auto const& specification = findSpecification(call.specification);
